@@ -1,0 +1,35 @@
+# What every target of the project shares: warnings, sanitizers, include root; and one function per kind of target.
+
+# Applies the project's compiler settings to a target.
+function(ferrolyn_settings target)
+    target_include_directories(${target} PUBLIC "${CMAKE_SOURCE_DIR}/src")
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+        -Woverloaded-virtual -Wnon-virtual-dtor -Wcast-qual -Wnull-dereference -Wdouble-promotion -Wformat=2)
+    if(FERROLYN_SANITIZE)
+        target_compile_options(${target} PUBLIC -fsanitize=${FERROLYN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PUBLIC -fsanitize=${FERROLYN_SANITIZE})
+    endif()
+endfunction()
+
+# A static library from the .cpp files given.
+function(ferrolyn_library name)
+    add_library(${name} STATIC ${ARGN})
+    ferrolyn_settings(${name})
+endfunction()
+
+# A test program from every .cpp file of one folder below tests/, registered with CTest.
+#   ferrolyn_test(NAME folder LIBS libraries...)
+function(ferrolyn_test name folder)
+    cmake_parse_arguments(arg "" "" "LIBS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp")
+    if(NOT sources)
+        return()
+    endif()
+    add_executable(${name} ${sources})
+    ferrolyn_settings(${name})
+    target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
+    target_compile_definitions(${name} PRIVATE FERROLYN_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+    target_link_libraries(${name} PRIVATE ${arg_LIBS})
+    add_test(NAME ${name} COMMAND ${name})
+endfunction()
