@@ -1,5 +1,6 @@
-// Every question to the user that stops the program: message boxes, confirmations, input boxes, file dialogs.
-// One interface, so that tests can script the answers; only the implementation behind it includes dialog classes.
+// Every question to the user that stops the program: message boxes, confirmations, input boxes,
+// file dialogs. One interface, so that tests can script the answers; only the implementation behind
+// it includes dialog classes.
 #pragma once
 
 #include <QObject>
@@ -10,7 +11,7 @@ enum class TAnswer { Yes, No, Cancel };
 /// What a save dialog needs and remembers. A child object of its page, named like a control.
 class TSaveDialog : public QObject {
     Q_OBJECT
-  public:
+public:
     TSaveDialog(QObject *page, const QString &name);
 
     QString defaultExt; ///< appended to a name without extension, for example ".BIN"
@@ -18,12 +19,13 @@ class TSaveDialog : public QObject {
     QString filter;     ///< "Description (*.EXT)|*.EXT"
     QString fileName;   ///< full path last confirmed; kept when the dialog is cancelled
 
-    /// Runs the dialog; true and a new `fileName` when the user confirmed. Does not ask about overwriting.
+    /// Runs the dialog; true and a new `fileName` when the user confirmed. Does not ask about
+    /// overwriting.
     bool Execute();
 };
 
 class IDialogs {
-  public:
+public:
     virtual ~IDialogs() = default;
     /// A plain-text message with one button.
     virtual void ShowMessage(const QString &text) = 0;
@@ -32,7 +34,8 @@ class IDialogs {
     /// A confirmation with Yes, No and Cancel; closing the box is Cancel.
     virtual TAnswer AskYesNoCancel(const QString &text) = 0;
     /// One line of text; Cancel gives `text` back.
-    virtual QString InputBox(const QString &caption, const QString &prompt, const QString &text) = 0;
+    virtual QString InputBox(const QString &caption, const QString &prompt,
+                             const QString &text) = 0;
     /// Full path of the chosen file, or empty when cancelled. `filter` as in TSaveDialog.
     virtual QString OpenFile(const QString &filter, const QString &initialDir) = 0;
     /// As TSaveDialog::Execute, which is how pages call it.
@@ -42,5 +45,6 @@ class IDialogs {
 /// The dialogs in force: the toolkit's, unless a test has set its own.
 IDialogs &Dialogs();
 
-/// Replaces the dialogs (nullptr: the toolkit's again). The caller keeps ownership and outlives the use.
+/// Replaces the dialogs (nullptr: the toolkit's again). The caller keeps ownership and outlives the
+/// use.
 void SetDialogs(IDialogs *dialogs);

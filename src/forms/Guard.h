@@ -1,5 +1,6 @@
-// The edge between event handlers and the toolkit: an error that reaches it is shown once and goes no further.
-// Every connected handler runs inside Guarded, because nothing may be thrown through the toolkit.
+// The edge between event handlers and the toolkit: an error that reaches it is shown once and goes
+// no further. Every connected handler runs inside Guarded, because nothing may be thrown through
+// the toolkit.
 #pragma once
 
 #include <utility>
@@ -24,8 +25,8 @@ bool Guarded(Handler &&handler) {
 
 /// Connects a signal to a handler that runs inside Guarded. The connection ends with `context`.
 template <class Sender, class Signal, class Handler>
-QMetaObject::Connection ConnectGuarded(Sender *sender, Signal signal, QObject *context, Handler handler) {
-    return QObject::connect(sender, signal, context, [handler](auto &&...) mutable {
-        Guarded([&] { handler(); });
-    });
+QMetaObject::Connection ConnectGuarded(Sender *sender, Signal signal, QObject *context,
+                                       Handler handler) {
+    return QObject::connect(sender, signal, context,
+                            [handler](auto &&...) mutable { Guarded([&] { handler(); }); });
 }

@@ -1,5 +1,6 @@
-// The two small interfaces through which maps show themselves: a grid of texts with font colours, and a chart of
-// series. The widgets are adapted to them by the pages; the model and its tests need no toolkit.
+// The two small interfaces through which maps show themselves: a grid of texts with font colours,
+// and a chart of series. The widgets are adapted to them by the pages; the model and its tests need
+// no toolkit.
 #pragma once
 
 #include <cstdint>
@@ -19,11 +20,12 @@ inline constexpr TColor clBtnFace = 0x8000000F;
 
 /// A grid of texts. Coordinates are (column, row); row 0 and column 0 hold the axes.
 class IMapGrid {
-  public:
+public:
     virtual ~IMapGrid() = default;
     virtual int ColCount() const = 0;
     virtual int RowCount() const = 0;
-    /// Sets the shape; keeps nothing. One fixed row when there is more than one row, one fixed column likewise.
+    /// Sets the shape; keeps nothing. One fixed row when there is more than one row, one fixed
+    /// column likewise.
     virtual void SetShape(int columns, int rows) = 0;
     virtual std::string Cell(int column, int row) const = 0;
     virtual void SetCell(int column, int row, const std::string &text) = 0;
@@ -32,13 +34,14 @@ class IMapGrid {
     /// "Visible" is the wish of the fit rule and the page, not whether the grid is on screen now.
     virtual bool Visible() const = 0;
     virtual void SetVisible(bool visible) = 0;
-    /// Makes the grid as large as its cells, at most `maxRows` x `maxColumns` body cells, with scroll bars beyond.
+    /// Makes the grid as large as its cells, at most `maxRows` x `maxColumns` body cells, with
+    /// scroll bars beyond.
     virtual void ShowAtMost(int maxRows, int maxColumns) = 0;
 };
 
 /// A chart of area series, one per load point.
 class IMapChart {
-  public:
+public:
     virtual ~IMapChart() = default;
     virtual bool Visible() const = 0;
     virtual void SetVisible(bool visible) = 0;
@@ -48,5 +51,6 @@ class IMapChart {
     virtual void ClearSeries(int series) = 0;
     virtual void SetSeriesTitle(int series, const std::string &title) = 0;
     /// Appends a point: `x` along the RPM axis, `value` upwards, `label` on the RPM axis.
-    virtual void AddPoint(int series, double x, double value, const std::string &label, TColor color) = 0;
+    virtual void AddPoint(int series, double x, double value, const std::string &label,
+                          TColor color) = 0;
 };

@@ -1,4 +1,5 @@
-// Numbers as text and back, and the one rounding rule. Sibling: Values.h, which decides what a number means.
+// Numbers as text and back, and the one rounding rule. Sibling: Values.h, which decides what a
+// number means.
 //
 // One process-wide decimal separator rules every real number that is read or shown.
 #pragma once
@@ -25,8 +26,9 @@ std::optional<double> TryParseReal(std::string_view text);
 /// As TryParseReal; throws EConvertError "'abc' is not a valid floating point value".
 double ParseReal(std::string_view text);
 
-/// Strict integer: leading blanks, sign, decimal digits or "$" and 1 to 8 hexadecimal digits (wrapping to
-/// signed 32 bits). Throws EConvertError "'abc' is not a valid integer value" for anything else.
+/// Strict integer: leading blanks, sign, decimal digits or "$" and 1 to 8 hexadecimal digits
+/// (wrapping to signed 32 bits). Throws EConvertError "'abc' is not a valid integer value" for
+/// anything else.
 std::int32_t ParseInteger(std::string_view text);
 
 /// As ParseInteger without the throw: nothing for what is no integer.
@@ -35,9 +37,11 @@ std::optional<std::int32_t> TryParseInteger(std::string_view text);
 /// Lenient integer: as ParseInteger and "0x" hexadecimal; `fallback` for anything else.
 std::int32_t ParseIntegerOr(std::string_view text, std::int32_t fallback);
 
-/// Formats with a picture of '#' and '0' and at most one '.', for example "###0.00". The digits behind the point
-/// are rounded half away from zero on the decimal value (0.125 shows 0.13); never "-0". The sign comes first.
+/// Formats with a picture of '#' and '0' and at most one '.', for example "###0.00". The digits
+/// behind the point are rounded half away from zero on the decimal value (0.125 shows 0.13); never
+/// "-0". The sign comes first.
 std::string FormatReal(std::string_view picture, double value);
 
-/// "$" and the offset in at least four upper-case hexadecimal digits; negative ones as 32-bit two's complement.
+/// "$" and the offset in at least four upper-case hexadecimal digits; negative ones as 32-bit two's
+/// complement.
 std::string FormatOffset(std::int32_t offset);

@@ -1,0 +1,13 @@
+#include "forms/Guard.h"
+
+#include "forms/Dialogs.h"
+
+#include <exception>
+
+void ShowCurrentError() {
+    try {
+        throw;
+    } catch (const std::exception &error) {
+        Dialogs().ShowMessage(QString::fromUtf8(error.what()));
+    }
+}

@@ -1,0 +1,87 @@
+#include "forms/QtDialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace {
+/// A box over the active window, titled like the application, whose text is never taken for markup.
+QMessageBox::StandardButton RunBox(QMessageBox::Icon icon, const QString &text,
+                                   QMessageBox::StandardButtons buttons,
+                                   QMessageBox::StandardButton escape) {
+    QMessageBox box(icon, QGuiApplication::applicationDisplayName(), text, buttons,
+                    QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setEscapeButton(escape);
+    return QMessageBox::StandardButton(box.exec());
+}
+
+TAnswer AnswerOf(QMessageBox::StandardButton button) {
+    if (button == QMessageBox::Yes)
+        return TAnswer::Yes;
+    return button == QMessageBox::No ? TAnswer::No : TAnswer::Cancel;
+}
+
+/// "Description (*.EXT)|*.EXT" in the toolkit's notation, which carries the patterns in the
+/// brackets alone.
+QString ToolkitFilter(const QString &filter) {
+    return filter.section('|', 0, 0);
+}
+
+/// The toolkit's own dialog on every desktop, so that the filter ignores letter case everywhere.
+void Prepare(QFileDialog &dialog, const QString &filter) {
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setNameFilter(ToolkitFilter(filter));
+}
+
+QString Chosen(QFileDialog &dialog) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+}
+} // namespace
+
+void TQtDialogs::ShowMessage(const QString &text) {
+    RunBox(QMessageBox::NoIcon, text, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+TAnswer TQtDialogs::AskYesNo(const QString &text) {
+    return AnswerOf(
+        RunBox(QMessageBox::Question, text, QMessageBox::Yes | QMessageBox::No, QMessageBox::No));
+}
+
+TAnswer TQtDialogs::AskYesNoCancel(const QString &text) {
+    return AnswerOf(RunBox(QMessageBox::Question, text,
+                           QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                           QMessageBox::Cancel));
+}
+
+QString TQtDialogs::InputBox(const QString &caption, const QString &prompt, const QString &text) {
+    bool confirmed = false;
+    const QString answer = QInputDialog::getText(QApplication::activeWindow(), caption, prompt,
+                                                 QLineEdit::Normal, text, &confirmed);
+    return confirmed ? answer : text;
+}
+
+QString TQtDialogs::OpenFile(const QString &filter, const QString &initialDir) {
+    QFileDialog dialog(QApplication::activeWindow());
+    Prepare(dialog, filter);
+    dialog.setDirectory(initialDir);
+    return Chosen(dialog);
+}
+
+bool TQtDialogs::RunSaveDialog(TSaveDialog &save) {
+    QFileDialog dialog(QApplication::activeWindow(), save.title);
+    Prepare(dialog, save.filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(save.defaultExt);
+    if (!save.fileName.isEmpty())
+        dialog.selectFile(save.fileName);
+    const QString name = Chosen(dialog);
+    if (name.isEmpty())
+        return false;
+    save.fileName = name;
+    return true;
+}

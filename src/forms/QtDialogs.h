@@ -1,0 +1,14 @@
+// The toolkit's dialogs behind IDialogs; the one place that includes dialog classes.
+#pragma once
+
+#include "forms/Dialogs.h"
+
+class TQtDialogs : public IDialogs {
+public:
+    void ShowMessage(const QString &text) override;
+    TAnswer AskYesNo(const QString &text) override;
+    TAnswer AskYesNoCancel(const QString &text) override;
+    QString InputBox(const QString &caption, const QString &prompt, const QString &text) override;
+    QString OpenFile(const QString &filter, const QString &initialDir) override;
+    bool RunSaveDialog(TSaveDialog &dialog) override;
+};

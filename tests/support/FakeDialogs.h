@@ -1,0 +1,41 @@
+// Scripted dialogs: what would have been shown is recorded, what would have been asked is answered
+// from a script.
+#pragma once
+
+#include "forms/Dialogs.h"
+
+#include <deque>
+#include <functional>
+
+#include <QStringList>
+
+/// In force from construction to destruction. A question without an answer in its queue fails the
+/// test.
+class TFakeDialogs : public IDialogs {
+public:
+    TFakeDialogs();
+    ~TFakeDialogs() override;
+    TFakeDialogs(const TFakeDialogs &) = delete;
+    TFakeDialogs &operator=(const TFakeDialogs &) = delete;
+
+    QStringList messages;        ///< texts of ShowMessage, in order
+    QStringList questions;       ///< texts of both confirmations, in order
+    QStringList inputBoxes;      ///< "caption|prompt|text" of each input box
+    QStringList openDialogs;     ///< "filter|initial directory" of each open dialog
+    QStringList saveDialogs;     ///< "title|filter|default extension|name" of each save dialog
+    std::deque<TAnswer> answers; ///< for both confirmations
+    std::deque<QString> inputs;  ///< for input boxes; a null QString stands for Cancel
+    std::deque<QString> opens;   ///< for open dialogs; an empty text stands for Cancel
+    std::deque<QString> saves;   ///< for save dialogs; an empty text stands for Cancel
+    std::function<void()> duringMessage; ///< runs while a message is up, when set
+
+    void ShowMessage(const QString &text) override;
+    TAnswer AskYesNo(const QString &text) override;
+    TAnswer AskYesNoCancel(const QString &text) override;
+    QString InputBox(const QString &caption, const QString &prompt, const QString &text) override;
+    QString OpenFile(const QString &filter, const QString &initialDir) override;
+    bool RunSaveDialog(TSaveDialog &dialog) override;
+
+private:
+    TAnswer NextAnswer(const QString &text, TAnswer otherwise);
+};

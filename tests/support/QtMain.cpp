@@ -1,0 +1,24 @@
+// Entry of the tests that need the toolkit: an application without a screen, in which any toolkit
+// warning is a failure.
+
+#include <QApplication>
+#include <gmock/gmock.h>
+
+namespace {
+void FailOnWarning(QtMsgType type, const QMessageLogContext &, const QString &text) {
+    if (type != QtDebugMsg && type != QtInfoMsg)
+        ADD_FAILURE() << "toolkit message: " << text.toStdString();
+}
+} // namespace
+
+int main(int argc, char **argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleMock(&argc, argv);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    qInstallMessageHandler(FailOnWarning);
+    const int result = RUN_ALL_TESTS();
+    qInstallMessageHandler(nullptr);
+    return result;
+}
