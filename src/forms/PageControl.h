@@ -1,0 +1,44 @@
+// A tab widget that asks before the user leaves a tab. Mouse, wheel, keys and accessibility tools
+// all end in SelectByUser; the program selects by SelectByProgram, which asks nobody. It knows
+// nothing of pages: what to ask and what to run afterwards is set by the notebook.
+#pragma once
+
+#include <functional>
+
+#include <QPointer>
+#include <QTabWidget>
+
+class TPageControl : public QTabWidget {
+    Q_OBJECT
+public:
+    explicit TPageControl(QWidget *parent = nullptr);
+
+    /// May the current tab be left? Runs guarded; an error counts as "no". Empty: always.
+    std::function<bool()> OnChanging;
+
+    /// Runs, guarded, after the user has changed the tab.
+    std::function<void()> OnChange;
+
+    /// What a user's choice of a tab does: takes the keyboard focus out of the current page, asks
+    /// OnChanging, selects the tab and runs OnChange. Nothing for the current tab, an index out of
+    /// range, a disabled tab, and while a question is still open.
+    void SelectByUser(int index);
+
+    /// Selects a tab without asking and without running OnChange. Out of range: nothing.
+    void SelectByProgram(int index);
+
+    /// SelectByUser on the next (+1) or previous (-1) enabled tab; wraps round when told to.
+    void StepByUser(int step, bool wrap);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void AddTabShortcut(const QKeySequence &keys, int step);
+    void CurrentTabChanged();
+    void TakeFocusOutOfPage();
+    bool MayChange();
+
+    QPointer<QWidget> accepted_; ///< the current tab's widget as the two operations left it
+    bool asking_ = false;
+};

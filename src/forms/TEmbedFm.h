@@ -1,0 +1,61 @@
+// The base of every page that lives on a notebook tab: the operations the host calls and the page
+// overrides. A page is entered by ShowPage and left by QueryClose, never by the toolkit's own show
+// and hide events. The host of the pages is in KelvaneNotebook.h.
+#pragma once
+
+#include <QWidget>
+
+class QPushButton;
+class TfrmKelvaneNotebook;
+
+class TEmbeddedForm : public QWidget {
+    Q_OBJECT
+public:
+    /// A page starts invisible (PageVisible() is false), whether its parent is shown or not.
+    explicit TEmbeddedForm(QWidget *parent = nullptr);
+
+    QPushButton *const btnHelp; ///< "Help", hidden; runs Help()
+
+    /// True when the page has changed the ROM image or holds unsaved edits. Set by the page.
+    bool DataChanged = false;
+
+    /// Enters the page: called each time its tab becomes the current one. The base makes the page
+    /// visible.
+    virtual void ShowPage();
+
+    /// Asks to leave the page; true when the host may switch away or close, the page then being
+    /// invisible. The base agrees.
+    virtual bool QueryClose();
+
+    /// Saves, discards or prints the page's own data. The base does nothing.
+    virtual void SavePage() {}
+    virtual void CancelPage() {}
+    virtual void PrintPage() {}
+
+    /// The page's help button: opens the help window modally on HelpFileName() and frees it.
+    /// Throws EFileError when the file cannot be read.
+    virtual void Help();
+
+    /// The page's help file in the program's directory; the base answers "readme.txt".
+    virtual QString HelpFileName() const;
+
+    /// Entered and not left. Says nothing about the screen: minimising is not leaving.
+    bool PageVisible() const { return pageVisible_; }
+
+    /// Shows or hides the page and runs FormShow or FormHide, on a change only.
+    void SetPageVisible(bool visible);
+
+    /// The notebook that holds the page; nullptr before it is added and after it is removed.
+    TfrmKelvaneNotebook *Notebook() const { return notebook_; }
+
+protected:
+    /// Runs after the page has become visible or invisible.
+    virtual void FormShow() {}
+    virtual void FormHide() {}
+
+private:
+    friend class TfrmKelvaneNotebook;
+
+    TfrmKelvaneNotebook *notebook_ = nullptr;
+    bool pageVisible_ = false;
+};
