@@ -1,6 +1,7 @@
 // The hourglass cursor for the length of a scope, also when the scope is left by an exception.
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
 
 class THourglass {

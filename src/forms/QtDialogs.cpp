@@ -3,9 +3,28 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 
 namespace {
+/// An open hourglass gives way to the arrow while the user has a box to answer.
+class TArrowCursor {
+public:
+    TArrowCursor() : set_(QGuiApplication::overrideCursor() != nullptr) {
+        if (set_)
+            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~TArrowCursor() {
+        if (set_)
+            QGuiApplication::restoreOverrideCursor();
+    }
+    TArrowCursor(const TArrowCursor &) = delete;
+    TArrowCursor &operator=(const TArrowCursor &) = delete;
+
+private:
+    const bool set_;
+};
+
 /// A box over the active window, titled like the application, whose text is never taken for markup.
 QMessageBox::StandardButton RunBox(QMessageBox::Icon icon, const QString &text,
                                    QMessageBox::StandardButtons buttons,
@@ -13,6 +32,7 @@ QMessageBox::StandardButton RunBox(QMessageBox::Icon icon, const QString &text,
     QMessageBox box(icon, QGuiApplication::applicationDisplayName(), text, buttons,
                     QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
+    const TArrowCursor arrow;
     box.setEscapeButton(escape);
     return QMessageBox::StandardButton(box.exec());
 }
@@ -37,6 +57,7 @@ void Prepare(QFileDialog &dialog, const QString &filter) {
 }
 
 QString Chosen(QFileDialog &dialog) {
+    const TArrowCursor arrow;
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
     return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
@@ -59,10 +80,14 @@ TAnswer TQtDialogs::AskYesNoCancel(const QString &text) {
 }
 
 QString TQtDialogs::InputBox(const QString &caption, const QString &prompt, const QString &text) {
-    bool confirmed = false;
-    const QString answer = QInputDialog::getText(QApplication::activeWindow(), caption, prompt,
-                                                 QLineEdit::Normal, text, &confirmed);
-    return confirmed ? answer : text;
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(caption);
+    // The prompt labels the edit, where a single ampersand would mark a shortcut letter.
+    dialog.setLabelText(QString(prompt).replace('&', "&&"));
+    dialog.findChild<QLabel *>()->setTextFormat(Qt::PlainText);
+    dialog.setTextValue(text);
+    const TArrowCursor arrow;
+    return dialog.exec() == QDialog::Accepted ? dialog.textValue() : text;
 }
 
 QString TQtDialogs::OpenFile(const QString &filter, const QString &initialDir) {

@@ -79,4 +79,5 @@ private:
     QVBoxLayout *contents_;
     QString filterText_;
     bool asking_ = false;
+    bool takingBack_ = false;
 };

@@ -1,0 +1,240 @@
+#include "forms/KelvaneNotebook.h"
+
+#include "forms/Guard.h"
+#include "forms/Hourglass.h"
+#include "forms/PageControl.h"
+#include "forms/TEmbedFm.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace {
+QPushButton *NewButton(const QString &name, const QString &caption, QWidget *parent) {
+    auto *button = new QPushButton(caption, parent);
+    button->setObjectName(name);
+    return button;
+}
+} // namespace
+
+TfrmKelvaneNotebook::TfrmKelvaneNotebook(QWidget *parent)
+    : QMainWindow(parent),
+      PageControl1(new TPageControl(this)),
+      btnPrint(NewButton("btnPrint", tr("Print"), this)),
+      btnClose(NewButton("btnClose", tr("Close"), this)),
+      btnSave(NewButton("btnSave", tr("Save"), this)),
+      btnCancel(NewButton("btnCancel", tr("Cancel"), this)),
+      StatusBar1(new QStatusBar(this)),
+      pnlButtons_(new QWidget(this)) {
+    LayOut();
+    ConnectHandlers();
+    FormCreate();
+}
+
+TfrmKelvaneNotebook::~TfrmKelvaneNotebook() {
+    FormDestroy();
+}
+
+void TfrmKelvaneNotebook::LayOut() {
+    StatusBar1->setObjectName("StatusBar1");
+    setStatusBar(StatusBar1);
+    SetHint(btnPrint, "Print Displayed Data");
+    SetHint(btnClose, "Close");
+    btnSave->setEnabled(false);
+    btnCancel->setEnabled(false);
+
+    pnlButtons_->setObjectName("pnlButtons");
+    auto *row = new QHBoxLayout(pnlButtons_);
+    row->setContentsMargins(6, 6, 6, 2);
+    row->addWidget(btnPrint);
+    row->addStretch();
+    for (QPushButton *button : {btnSave, btnCancel, btnClose})
+        row->addWidget(button);
+    for (QPushButton *button : {btnPrint, btnClose, btnSave, btnCancel})
+        button->installEventFilter(this);
+
+    auto *client = new QWidget(this);
+    auto *column = new QVBoxLayout(client);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(PageControl1, 1);
+    column->addWidget(pnlButtons_);
+    setCentralWidget(client);
+}
+
+void TfrmKelvaneNotebook::ConnectHandlers() {
+    PageControl1->OnChanging = [this] { return PageControl1Changing(); };
+    PageControl1->OnChange = [this] { PageControl1Change(); };
+    ConnectGuarded(btnPrint, &QPushButton::clicked, this, [this] { btnPrintClick(); });
+    ConnectGuarded(btnSave, &QPushButton::clicked, this, [this] { btnSaveClick(); });
+    ConnectGuarded(btnCancel, &QPushButton::clicked, this, [this] { btnCancelClick(); });
+    ConnectGuarded(btnClose, &QPushButton::clicked, this, [this] { btnCloseClick(); });
+    auto *help = new QShortcut(Qt::Key_F1, this);
+    ConnectGuarded(help, &QShortcut::activated, this, [this] { CurrentPage()->Help(); });
+}
+
+void TfrmKelvaneNotebook::FormCreate() {
+    oldHint_ = SetApplicationHint([this](const QString &hint) { StatusBar1->showMessage(hint); });
+    pages_.clear();
+}
+
+void TfrmKelvaneNotebook::FormDestroy() {
+    SetApplicationHint(std::move(oldHint_));
+}
+
+void TfrmKelvaneNotebook::FormShow() {
+    PageControl1->SelectByProgram(0);
+    if (PageControl1->count() > 0)
+        PageControl1Change();
+}
+
+int TfrmKelvaneNotebook::AddPage(std::unique_ptr<TEmbeddedForm> page, const QString &tabName,
+                                 const QString &caption) {
+    auto *tab = new QWidget;
+    tab->setObjectName(tabName);
+    auto *layout = new QVBoxLayout(tab);
+    layout->setContentsMargins(0, 0, 0, 0);
+    page->notebook_ = this;
+    layout->addWidget(page.get());
+    pages_.push_back(page.release());
+    return PageControl1->addTab(tab, QString(caption).replace('&', "&&"));
+}
+
+TEmbeddedForm *TfrmKelvaneNotebook::GetPage(int index) const {
+    if (index < 0 || index >= PageCount())
+        throw EFormNotfound();
+    return pages_[std::size_t(index)];
+}
+
+TEmbeddedForm *TfrmKelvaneNotebook::CurrentPage() const {
+    return GetPage(PageControl1->currentIndex());
+}
+
+int TfrmKelvaneNotebook::PageIndex(const TEmbeddedForm *page) const {
+    const auto found = std::find(pages_.begin(), pages_.end(), page);
+    return found == pages_.end() ? -1 : int(std::distance(pages_.begin(), found));
+}
+
+void TfrmKelvaneNotebook::RemovePage(int index) {
+    TEmbeddedForm *page = GetPage(index);
+    const bool current = index == PageControl1->currentIndex();
+    QWidget *tab = PageControl1->widget(index);
+    Guarded([page] { page->SetPageVisible(false); });
+    page->notebook_ = nullptr;
+    pages_.erase(pages_.begin() + index);
+    PageControl1->removeTab(index);
+    // The page's own "Close Page" button may be the caller.
+    tab->deleteLater();
+    if (current && PageCount() > 0)
+        PageControl1Change();
+}
+
+bool TfrmKelvaneNotebook::CloseTab(int index) {
+    TEmbeddedForm *page = GetPage(index);
+    if (!AskPage(*page))
+        return false;
+    RemovePage(PageIndex(page));
+    return true;
+}
+
+bool TfrmKelvaneNotebook::AnyDataChanged() const {
+    return std::any_of(pages_.begin(), pages_.end(),
+                       [](const TEmbeddedForm *page) { return page->DataChanged; });
+}
+
+void TfrmKelvaneNotebook::SetDataChanged(bool changed) {
+    for (TEmbeddedForm *page : pages_)
+        page->DataChanged = changed;
+}
+
+bool TfrmKelvaneNotebook::PageControl1Changing() {
+    return AskPage(*CurrentPage());
+}
+
+void TfrmKelvaneNotebook::PageControl1Change() {
+    const THourglass hourglass;
+    CurrentPage()->ShowPage();
+}
+
+/// While a page's question is open no page is asked again, whoever wants to leave.
+bool TfrmKelvaneNotebook::AskPage(TEmbeddedForm &page) {
+    if (asking_)
+        return false;
+    const QScopedValueRollback<bool> asking(asking_, true);
+    return page.QueryClose();
+}
+
+bool TfrmKelvaneNotebook::FormCloseQuery() {
+    if (asking_)
+        return false;
+    const THourglass hourglass;
+    for (int index = 0; index < PageCount(); ++index) {
+        TEmbeddedForm &page = *GetPage(index);
+        bool leave = false;
+        Guarded([&] { leave = AskPage(page); });
+        if (!leave) {
+            RefuseClose(page);
+            return false;
+        }
+    }
+    pages_.clear();
+    return true;
+}
+
+/// The pages asked before it have been left, so the refusing page may have to be entered anew.
+void TfrmKelvaneNotebook::RefuseClose(TEmbeddedForm &page) {
+    PageControl1->SelectByProgram(PageIndex(&page));
+    if (!page.PageVisible())
+        PageControl1Change();
+}
+
+void TfrmKelvaneNotebook::btnPrintClick() {
+    CurrentPage()->PrintPage();
+}
+
+void TfrmKelvaneNotebook::btnSaveClick() {
+    CurrentPage()->SavePage();
+}
+
+void TfrmKelvaneNotebook::btnCancelClick() {
+    CurrentPage()->CancelPage();
+}
+
+void TfrmKelvaneNotebook::btnCloseClick() {
+    close();
+}
+
+void TfrmKelvaneNotebook::showEvent(QShowEvent *event) {
+    QMainWindow::showEvent(event);
+    if (std::exchange(shown_, true))
+        return;
+    Guarded([this] { FormShow(); });
+}
+
+void TfrmKelvaneNotebook::closeEvent(QCloseEvent *event) {
+    bool allowed = false;
+    Guarded([&] { allowed = FormCloseQuery(); });
+    event->setAccepted(allowed);
+}
+
+bool TfrmKelvaneNotebook::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::HideToParent || event->type() == QEvent::ShowToParent)
+        FitButtonPanel();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+/// A row whose buttons are all hidden leaves its room to the pages.
+void TfrmKelvaneNotebook::FitButtonPanel() {
+    const auto buttons = {btnPrint, btnClose, btnSave, btnCancel};
+    pnlButtons_->setVisible(
+        std::any_of(buttons.begin(), buttons.end(),
+                    [](const QPushButton *button) { return !button->isHidden(); }));
+}

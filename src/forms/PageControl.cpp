@@ -1,0 +1,163 @@
+#include "forms/PageControl.h"
+
+#include "forms/Guard.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QTabBar>
+#include <QWheelEvent>
+
+namespace {
+constexpr int wheelNotch = 120; // eighths of a degree, the toolkit's unit for one notch
+
+/// The toolkit's tab bar selects by itself on these events; this one hands the wish on.
+class TAskingTabBar : public QTabBar {
+public:
+    explicit TAskingTabBar(TPageControl &pages) : QTabBar(&pages), pages_(pages) {
+        // A click takes the focus as well, so that an open edit in the page is left first.
+        setFocusPolicy(Qt::StrongFocus);
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override {
+        event->accept();
+        if (event->button() == Qt::LeftButton)
+            pages_.SelectByUser(tabAt(event->position().toPoint()));
+    }
+
+    void wheelEvent(QWheelEvent *event) override {
+        event->accept();
+        const QPoint turned = event->angleDelta();
+        turned_ += qAbs(turned.x()) > qAbs(turned.y()) ? turned.x() : turned.y();
+        const int notches = turned_ / wheelNotch;
+        turned_ %= wheelNotch;
+        if (notches != 0)
+            pages_.StepByUser(notches > 0 ? -1 : 1, false);
+    }
+
+    void keyPressEvent(QKeyEvent *event) override {
+        const int forward = isRightToLeft() ? -1 : 1;
+        switch (event->key()) {
+        case Qt::Key_Left:
+            return pages_.StepByUser(-forward, false);
+        case Qt::Key_Right:
+            return pages_.StepByUser(forward, false);
+        case Qt::Key_Home:
+            return pages_.SelectByUser(0);
+        case Qt::Key_End:
+            return pages_.SelectByUser(count() - 1);
+        default:
+            event->ignore();
+        }
+    }
+
+private:
+    TPageControl &pages_;
+    int turned_ = 0;
+};
+
+/// +1 and -1 for the keys that go to the next and the previous tab from anywhere in a page.
+int StepOfKey(const QKeyEvent &event) {
+    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+    const bool shift = held == (Qt::ControlModifier | Qt::ShiftModifier);
+    if (held != Qt::ControlModifier && !shift)
+        return 0;
+    switch (event.key()) {
+    case Qt::Key_Tab:
+        return shift ? -1 : 1;
+    case Qt::Key_Backtab:
+        return -1;
+    case Qt::Key_PageDown:
+        return shift ? 0 : 1;
+    case Qt::Key_PageUp:
+        return shift ? 0 : -1;
+    default:
+        return 0;
+    }
+}
+} // namespace
+
+TPageControl::TPageControl(QWidget *parent) : QTabWidget(parent) {
+    setObjectName("PageControl1");
+    setTabBar(new TAskingTabBar(*this));
+    connect(this, &QTabWidget::currentChanged, this, [this] { CurrentTabChanged(); });
+    // Grids and memos keep some of these keys for themselves, hence shortcuts and not key events
+    // alone.
+    AddTabShortcut(Qt::CTRL | Qt::Key_Tab, 1);
+    AddTabShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, -1);
+    AddTabShortcut(Qt::CTRL | Qt::Key_PageDown, 1);
+    AddTabShortcut(Qt::CTRL | Qt::Key_PageUp, -1);
+}
+
+void TPageControl::AddTabShortcut(const QKeySequence &keys, int step) {
+    auto *shortcut = new QShortcut(keys, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, [this, step] { StepByUser(step, true); });
+}
+
+void TPageControl::SelectByUser(int index) {
+    if (asking_ || index == currentIndex() || !isTabEnabled(index) || !isTabVisible(index))
+        return;
+    const QPointer<QWidget> wanted = widget(index);
+    if (!MayChange())
+        return;
+    // The tab may have gone while the page was asked; the page then is entered anew.
+    if (wanted)
+        SelectByProgram(indexOf(wanted));
+    if (OnChange)
+        Guarded(OnChange);
+}
+
+bool TPageControl::MayChange() {
+    const QScopedValueRollback<bool> asking(asking_, true);
+    TakeFocusOutOfPage();
+    bool may = true;
+    const bool answered = Guarded([&] { may = !OnChanging || OnChanging(); });
+    return answered && may;
+}
+
+void TPageControl::SelectByProgram(int index) {
+    if (!widget(index))
+        return;
+    accepted_ = widget(index);
+    setCurrentIndex(index);
+}
+
+void TPageControl::StepByUser(int step, bool wrap) {
+    for (int tried = 1, index = currentIndex(); tried < count(); ++tried) {
+        index += step;
+        if (wrap)
+            index = (index + count()) % count();
+        if (isTabEnabled(index) && isTabVisible(index))
+            return SelectByUser(index);
+    }
+}
+
+void TPageControl::keyPressEvent(QKeyEvent *event) {
+    const int step = StepOfKey(*event);
+    event->setAccepted(step != 0);
+    if (step != 0)
+        StepByUser(step, true);
+}
+
+/// Accessibility tools set the index directly. Such a change is taken back and asked for in the
+/// regular way; one that follows from removing or adding a tab stands.
+void TPageControl::CurrentTabChanged() {
+    const int before = accepted_ ? indexOf(accepted_) : -1;
+    const int wanted = currentIndex();
+    if (before < 0)
+        accepted_ = currentWidget();
+    if (before < 0 || before == wanted)
+        return;
+    setCurrentIndex(before);
+    SelectByUser(wanted);
+}
+
+/// So that an open edit in the page is finished before the page is asked.
+void TPageControl::TakeFocusOutOfPage() {
+    const QWidget *focus = QApplication::focusWidget();
+    if (currentWidget() && focus && currentWidget()->isAncestorOf(focus))
+        tabBar()->setFocus(Qt::ShortcutFocusReason);
+}
