@@ -1,0 +1,65 @@
+#include "spec/MainThreadCall.h"
+
+#include "forms/Guard.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <utility>
+
+#include <QCoreApplication>
+#include <QEvent>
+
+struct TMainThreadCall::TCall {
+    std::function<void()> work;
+    bool done = false;
+};
+
+/// Shared with the main thread's running call, which may outlast both the worker and the object.
+struct TMainThreadCall::TMailbox {
+    std::mutex mutex;
+    std::condition_variable_any changed;
+    std::shared_ptr<TCall> waiting; ///< handed over, not begun
+
+    void RunWaiting();
+};
+
+TMainThreadCall::TMainThreadCall() : mailbox_(std::make_shared<TMailbox>()) {}
+
+TMainThreadCall::~TMainThreadCall() = default;
+
+bool TMainThreadCall::Run(const std::stop_token &stop, std::function<void()> work) {
+    if (stop.stop_requested())
+        return false;
+    auto wakeUp = std::make_unique<QEvent>(QEvent::User);
+    const auto call = std::make_shared<TCall>(TCall{std::move(work)});
+    std::unique_lock lock(mailbox_->mutex);
+    mailbox_->waiting = call;
+    lock.unlock();
+    // The event carries nothing: a given-up call leaves one behind that finds an empty mailbox.
+    QCoreApplication::postEvent(this, wakeUp.release());
+    lock.lock();
+    if (mailbox_->changed.wait(lock, stop, [&] { return call->done; }))
+        return true;
+    mailbox_->waiting.reset();
+    return false;
+}
+
+bool TMainThreadCall::event(QEvent *event) {
+    if (event->type() != QEvent::User)
+        return QObject::event(event);
+    const auto mailbox = mailbox_; // the work may destroy this object
+    mailbox->RunWaiting();
+    return true;
+}
+
+void TMainThreadCall::TMailbox::RunWaiting() {
+    std::unique_lock lock(mutex);
+    const auto call = std::exchange(waiting, nullptr);
+    lock.unlock();
+    if (!call)
+        return;
+    Guarded(call->work);
+    lock.lock();
+    call->done = true;
+    changed.notify_all();
+}

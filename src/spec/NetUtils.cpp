@@ -1,0 +1,39 @@
+#include "spec/NetUtils.h"
+
+#include "model/Messages.h"
+
+#include <span>
+
+namespace {
+constexpr const char *ntFunctions[] = {
+    "NetShareAdd",   "NetShareDel",         "NetShareGetInfo",  "NetApiBufferFree",
+    "NetFileEnum",   "NetFileGetInfo",      "NetFileClose",     "NetSessionEnum",
+    "NetSessionDel", "NetWkstaUserGetInfo", "NetUserGetGroups", "NetUserGetLocalGroups"};
+constexpr const char *otherFunctions[] = {"NetShareAdd", "NetShareDel", "NetShareGetInfo"};
+
+std::span<const char *const> FunctionNames(bool ntFamily) {
+    if (ntFamily)
+        return ntFunctions;
+    return otherFunctions;
+}
+} // namespace
+
+bool TLibraryLoader::Load(const std::string &library) {
+    library_.setFileName(QString::fromStdString(library));
+    return library_.load();
+}
+
+QFunctionPointer TLibraryLoader::Resolve(const std::string &function) {
+    return library_.resolve(function.c_str());
+}
+
+TNetFunctions LoadNetworkFunctions(ILibraryLoader &loader, bool ntFamily) {
+    TNetFunctions functions;
+    if (!loader.Load(ntFamily ? "NETAPI32.DLL" : "SVRAPI.DLL"))
+        return functions;
+    for (const char *name : FunctionNames(ntFamily))
+        functions[name] = loader.Resolve(name);
+    if (ntFamily && !functions["NetFileClose"])
+        ShowModelMessage("Could not locate NTNetFileClose");
+    return functions;
+}

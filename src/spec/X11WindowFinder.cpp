@@ -1,0 +1,150 @@
+#include "spec/X11WindowFinder.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+#include <xcb/xcb.h>
+
+namespace {
+struct TFree {
+    void operator()(void *reply) const { std::free(reply); }
+};
+template <class Reply>
+using TReply = std::unique_ptr<Reply, TFree>;
+
+constexpr std::uint32_t longestProperty =
+    16384;                                    // in units of four bytes; more is never wanted here
+constexpr std::size_t groupLeaderOfHints = 8; // ninth field of WM_HINTS
+constexpr std::uint32_t groupLeaderGiven = 1U << 6U; // "window group hint" in the hints' flags
+constexpr std::uint32_t iconicState = 3;
+constexpr std::uint32_t requestByUser = 2; // source indication of a request that is not refused
+
+TWindowId RootOf(xcb_connection_t *connection, int screen) {
+    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    while (screen-- > 0 && screens.rem > 1)
+        xcb_screen_next(&screens);
+    return screens.data->root;
+}
+} // namespace
+
+void TX11WindowFinder::TDisconnect::operator()(xcb_connection_t *connection) const {
+    xcb_disconnect(connection);
+}
+
+std::unique_ptr<TX11WindowFinder> TX11WindowFinder::Connect() {
+    const char *display = std::getenv("DISPLAY");
+    if (!display || !*display)
+        return nullptr;
+    int screen = 0;
+    TConnection connection(xcb_connect(display, &screen));
+    if (xcb_connection_has_error(connection.get()))
+        return nullptr;
+    const TWindowId root = RootOf(connection.get(), screen);
+    return std::unique_ptr<TX11WindowFinder>(new TX11WindowFinder(std::move(connection), root));
+}
+
+TX11WindowFinder::TX11WindowFinder(TConnection connection, TWindowId root)
+    : connection_(std::move(connection)), root_(root) {}
+
+TWindowId TX11WindowFinder::Find(std::string_view windowClass, std::string_view title) {
+    for (const TWindowId window : TopLevelWindows()) {
+        if (ClassOf(window) == windowClass && TitleOf(window) == title)
+            return window;
+    }
+    return 0;
+}
+
+TWindowId TX11WindowFinder::OwnerOf(TWindowId window) {
+    if (const TWindowId parent = Number(window, XCB_ATOM_WM_TRANSIENT_FOR, 0))
+        return parent;
+    if (Number(window, XCB_ATOM_WM_HINTS, 0) & groupLeaderGiven)
+        return Number(window, XCB_ATOM_WM_HINTS, groupLeaderOfHints);
+    return 0;
+}
+
+bool TX11WindowFinder::IsMinimised(TWindowId window) {
+    return Number(window, Atom("WM_STATE"), 0) == iconicState;
+}
+
+void TX11WindowFinder::ShowNormal(TWindowId window) {
+    xcb_map_window(connection_.get(), window); // what ICCCM says leaves the iconic state
+    xcb_flush(connection_.get());
+}
+
+void TX11WindowFinder::BringToForeground(TWindowId window) {
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = Atom("_NET_ACTIVE_WINDOW");
+    message.data.data32[0] = requestByUser;
+    xcb_send_event(connection_.get(), 0, root_,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char *>(&message));
+    xcb_flush(connection_.get());
+}
+
+std::uint32_t TX11WindowFinder::Atom(std::string_view name) {
+    const auto cookie =
+        xcb_intern_atom(connection_.get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const TReply<xcb_intern_atom_reply_t> reply(
+        xcb_intern_atom_reply(connection_.get(), cookie, nullptr));
+    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+}
+
+/// The bytes of a property; empty when there is none or the window has gone.
+std::string TX11WindowFinder::Property(TWindowId window, std::uint32_t property) {
+    const auto cookie =
+        xcb_get_property(connection_.get(), 0, window, property, XCB_ATOM_ANY, 0, longestProperty);
+    const TReply<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(connection_.get(), cookie, nullptr));
+    if (!reply)
+        return {};
+    const auto length = static_cast<std::size_t>(xcb_get_property_value_length(reply.get()));
+    return {static_cast<const char *>(xcb_get_property_value(reply.get())), length};
+}
+
+std::vector<std::uint32_t> TX11WindowFinder::Numbers(TWindowId window, std::uint32_t property) {
+    const std::string bytes = Property(window, property);
+    std::vector<std::uint32_t> numbers(bytes.size() / sizeof(std::uint32_t));
+    std::memcpy(numbers.data(), bytes.data(), numbers.size() * sizeof(std::uint32_t));
+    return numbers;
+}
+
+/// One number of a property; 0 when the property is shorter or missing.
+std::uint32_t TX11WindowFinder::Number(TWindowId window, std::uint32_t property,
+                                       std::size_t index) {
+    const auto numbers = Numbers(window, property);
+    return index < numbers.size() ? numbers[index] : 0;
+}
+
+std::vector<TWindowId> TX11WindowFinder::TopLevelWindows() {
+    std::vector<TWindowId> windows = Numbers(root_, Atom("_NET_CLIENT_LIST"));
+    if (windows.empty())
+        AddChildren(root_, windows);
+    return windows;
+}
+
+void TX11WindowFinder::AddChildren(TWindowId window, std::vector<TWindowId> &windows) {
+    const TReply<xcb_query_tree_reply_t> reply(xcb_query_tree_reply(
+        connection_.get(), xcb_query_tree(connection_.get(), window), nullptr));
+    if (!reply)
+        return;
+    const TWindowId *children = xcb_query_tree_children(reply.get());
+    for (int i = 0; i < xcb_query_tree_children_length(reply.get()); ++i) {
+        windows.push_back(children[i]);
+        AddChildren(children[i], windows);
+    }
+}
+
+/// The second of the two zero-terminated texts of WM_CLASS; the first is the instance's name.
+std::string TX11WindowFinder::ClassOf(TWindowId window) {
+    const std::string both = Property(window, XCB_ATOM_WM_CLASS);
+    const std::size_t end = both.find('\0');
+    return end == std::string::npos ? std::string() : std::string(both.c_str() + end + 1);
+}
+
+std::string TX11WindowFinder::TitleOf(TWindowId window) {
+    const std::string title = Property(window, Atom("_NET_WM_NAME"));
+    return title.empty() ? Property(window, XCB_ATOM_WM_NAME) : title;
+}

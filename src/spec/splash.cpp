@@ -1,0 +1,89 @@
+#include "spec/splash.h"
+
+#include "spec/SplashLogo.h"
+
+#include <QFrame>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace {
+constexpr QSize clientSize(492, 151);
+constexpr int mostDots = 25;
+constexpr QRect statusPlace(25, 121, 300, 20);
+
+/// A raised panel whose bevel is kept as dark as the picture.
+QFrame *NewPanel(QWidget *window) {
+    auto *panel = new QFrame(window);
+    panel->setObjectName("Panel1");
+    panel->setFrameStyle(QFrame::Panel | QFrame::Raised);
+    panel->setGeometry(QRect(QPoint(0, 0), clientSize));
+    QPalette colours = panel->palette();
+    colours.setColor(QPalette::Light, QColor(0x6e, 0x55, 0x48));
+    colours.setColor(QPalette::Dark, QColor(0x0a, 0x07, 0x07));
+    panel->setPalette(colours);
+    return panel;
+}
+
+QLabel *NewLogo(QWidget *panel) {
+    auto *logo = new QLabel(panel);
+    logo->setObjectName("imgLogo");
+    logo->setScaledContents(true);
+    logo->setAlignment(Qt::AlignCenter);
+    return logo;
+}
+
+QLabel *NewStatus(QWidget *panel) {
+    auto *status = new QLabel(panel);
+    status->setObjectName("lblStatus");
+    status->setTextFormat(Qt::PlainText);
+    status->setGeometry(statusPlace);
+    QFont font = status->font();
+    font.setBold(true);
+    font.setItalic(true);
+    font.setPixelSize(12);
+    status->setFont(font);
+    QPalette colours = status->palette();
+    colours.setColor(QPalette::WindowText, Qt::white);
+    status->setPalette(colours);
+    return status;
+}
+} // namespace
+
+TfrmSplash::TfrmSplash()
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint) {
+    setObjectName("frmSplash");
+    setAttribute(Qt::WA_QuitOnClose, false); // neither keeps the program alive nor ends it
+    setFixedSize(clientSize);
+    QFrame *panel = NewPanel(this);
+    QLabel *logo = NewLogo(panel);
+    logo->setGeometry(panel->contentsRect());
+    logo->setPixmap(SplashLogo(logo->size(), screen()->devicePixelRatio()));
+    lblStatus_ = NewStatus(panel);
+}
+
+void TfrmSplash::showEvent(QShowEvent *event) {
+    QWidget::showEvent(event);
+    CentreOnScreen();
+    if (statusText.isEmpty())
+        statusText = "Initializing.";
+    lblStatus_->setText(statusText);
+    direction = "forward";
+}
+
+void TfrmSplash::CentreOnScreen() {
+    const QRect whole = screen()->geometry();
+    move(whole.center() - rect().center());
+}
+
+void TfrmSplash::AnimateStatus() {
+    QString text = lblStatus_->text();
+    if (direction == "forward" && text.size() == statusText.size() + mostDots)
+        direction = "back";
+    else if (direction == "back" && text.size() == statusText.size())
+        direction = "forward";
+    if (direction == "back")
+        text.chop(1);
+    else
+        text += '.';
+    lblStatus_->setText(text);
+}
