@@ -1,0 +1,27 @@
+// Whole files: read in one go, and written so that a reader sees the old contents or the new ones,
+// never a half. Knows nothing of what is in them; ROMImage.h and the spec files sit on top.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <limits>
+#include <span>
+#include <vector>
+
+/// Reads all bytes of a regular file.
+///
+/// @param limit  largest length accepted, in bytes; a longer file is refused before it is read
+/// Throws EFileError (file and system's reason, or file, length and limit) for a missing or
+/// unreadable file, one over the limit, and anything but a regular file. Never waits for a pipe.
+std::vector<std::uint8_t>
+ReadWholeFile(const std::filesystem::path &file,
+              std::uint64_t limit = std::numeric_limits<std::uint64_t>::max());
+
+/// Replaces the contents of `file`, or creates it, through a temporary file in the same folder that
+/// is flushed to the disk and renamed over the target. A symbolic link is followed; an existing
+/// file keeps its permissions, a new one gets those of the process's mask. Where the folder cannot
+/// take a new file but the target can be written, it is written in place; so is a device.
+///
+/// Throws EFileError naming the file and the system's reason. The old file then stands as it was
+/// and no temporary file is left. A folder as target is an error.
+void WriteFileSafely(const std::filesystem::path &file, std::span<const std::uint8_t> bytes);

@@ -1,0 +1,102 @@
+// Two-dimensional grids of values of one class, with a cell of its own for every (row, column).
+// What the grids stand for is the business of Blocks.h.
+#pragma once
+
+#include "model/Values.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+/// One place of a collection; owns exactly one value.
+class TValCollectionItem {
+public:
+    explicit TValCollectionItem(std::unique_ptr<TVal> initial);
+    virtual ~TValCollectionItem() = default;
+    std::unique_ptr<TVal> value;
+};
+
+class TRPMValCollectionItem : public TValCollectionItem {
+public:
+    TRPMValCollectionItem();
+};
+class TThrValCollectionItem : public TValCollectionItem {
+public:
+    TThrValCollectionItem();
+};
+class TFuelValCollectionItem : public TValCollectionItem {
+public:
+    TFuelValCollectionItem();
+};
+class TTimingValCollectionItem : public TValCollectionItem {
+public:
+    TTimingValCollectionItem();
+};
+
+/// Makes a fresh item, and so a fresh value, of one class.
+using TValItemClass = std::unique_ptr<TValCollectionItem> (*)();
+
+/// The item class of `TItem`.
+template <class TItem>
+std::unique_ptr<TValCollectionItem> CreateItem() {
+    return std::make_unique<TItem>();
+}
+
+/// A grid of rows x columns values; empty at first. References and pointers to values are good
+/// until the next SetSize, Assign or SetItem.
+class TValCollection {
+public:
+    explicit TValCollection(TValItemClass itemClass);
+    virtual ~TValCollection() = default;
+
+    /// Takes the source's dimensions and a copy of each of its values; all copies are modified.
+    virtual void Assign(const TValCollection &source);
+    /// Gives every value to the destination's value at the same place through TVal::AssignTo;
+    /// places that only one of the two has are passed over.
+    virtual void AssignTo(TValCollection &destination) const;
+    /// Discards all values and creates rows x columns fresh ones. When that runs out of memory
+    /// (std::bad_alloc) the ones made so far stay and the others are none.
+    virtual void SetSize(std::int32_t rows, std::int32_t columns);
+    /// The value at row `i` and column `j`, or none outside the grid.
+    virtual TVal *GetItem(std::int32_t i, std::int32_t j) const;
+    /// Replaces the value at row `i` and column `j`; outside the grid `value` is dropped.
+    virtual void SetItem(std::int32_t i, std::int32_t j, std::unique_ptr<TVal> value);
+
+    std::int32_t Rows() const { return rows_; }
+    std::int32_t Columns() const { return columns_; }
+
+private:
+    TValCollectionItem *FindItem(std::int32_t i, std::int32_t j) const;
+
+    TValItemClass itemClass_;
+    std::vector<std::unique_ptr<TValCollectionItem>> items_;
+    std::int32_t rows_ = 0;
+    std::int32_t columns_ = 0;
+};
+
+class TRPMValCollection : public TValCollection {
+public:
+    TRPMValCollection() : TValCollection(CreateItem<TRPMValCollectionItem>) {}
+};
+class TThrValCollection : public TValCollection {
+public:
+    TThrValCollection() : TValCollection(CreateItem<TThrValCollectionItem>) {}
+};
+class TFuelValCollection : public TValCollection {
+public:
+    TFuelValCollection() : TValCollection(CreateItem<TFuelValCollectionItem>) {}
+};
+class TTimingValCollection : public TValCollection {
+public:
+    TTimingValCollection() : TValCollection(CreateItem<TTimingValCollectionItem>) {}
+};
+
+/// Makes an empty collection of one class.
+using TValCollectionClass = std::unique_ptr<TValCollection> (*)();
+
+/// The collection class of `TCollection`.
+template <class TCollection>
+std::unique_ptr<TValCollection> CreateCollection() {
+    return std::make_unique<TCollection>();
+}
