@@ -1,0 +1,186 @@
+#include "spec/SpecFile.h"
+
+#include "spec/PlainText.h"
+
+#include <algorithm>
+#include <exception>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view mainSection = "Main";
+constexpr std::string_view fuelSection = "Fuel Maps";
+constexpr std::string_view timingSection = "Timing Maps";
+constexpr std::string_view otherSection = "Other Maps";
+constexpr std::string_view revLimitKey = "revlimit_offset";
+
+bool IsSpecFile(const fs::path &path) {
+    constexpr std::string_view ending = ".spc";
+    std::string name = path.filename().string();
+    std::transform(name.begin(), name.end(), name.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    std::error_code error;
+    return name.ends_with(ending) && fs::is_regular_file(path, error);
+}
+
+// Nothing for a file that is not to be listed.
+std::optional<std::string> ReadFirstLine(const fs::path &path) {
+    try {
+        const std::vector<std::uint8_t> bytes = ReadWholeFile(path, maxIniFileSize);
+        const std::string text = ToUtf8(std::string(bytes.begin(), bytes.end()));
+        const std::string_view line = Trim(std::string_view(text).substr(0, text.find('\n')));
+        return line.empty() ? std::nullopt : std::optional<std::string>(line);
+    } catch (const EFileError &) {
+        return std::nullopt;
+    }
+}
+
+std::string Label(std::string firstLine, const fs::path &path) {
+    if (firstLine.starts_with('['))
+        firstLine = ToUtf8(path.filename().string());
+    std::string_view label = firstLine;
+    if (label.starts_with(';'))
+        label.remove_prefix(1);
+    return std::string(FirstCharacters(Trim(label), maxSpecLabelLength));
+}
+
+std::int32_t ReadStrict(const TIniFile &ini, std::string_view section, std::string_view key,
+                        std::string_view fallback) {
+    return ParseInteger(ini.ReadString(section, key, fallback));
+}
+
+// Users may enter any two numbers, so the sum wraps instead of overflowing.
+std::int32_t WrappingSum(std::int32_t a, std::int32_t b) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
+}
+
+// The rev limiter's offset is absolute in both forms: no primary offset is added.
+void PlaceRevLimiter(const TIniFile &ini, TFuelMapSet &fuelMaps) {
+    fuelMaps.revLimiter.SetOffset(ReadStrict(ini, otherSection, revLimitKey, "0"));
+}
+
+bool PlaceDirectly(const TIniFile &ini, TFuelMapSet &fuelMaps, TTimingMapSet &timingMaps) {
+    const auto fuel = ReadMapOffsets(ini, fuelSection, "pt_offset", "idle_offset", "wot_offset");
+    if (!fuel)
+        return false;
+    const auto timing =
+        ReadMapOffsets(ini, timingSection, "pt_offset", "idle_offset", "wot_offset");
+    if (!timing)
+        return false;
+    PlaceRevLimiter(ini, fuelMaps);
+    // Intended: the sets are not zeroed first, so that a missing key keeps a map where the previous
+    // spec file put it.
+    try {
+        fuelMaps.SetOffsets(fuel->pt, fuel->idle, fuel->wot);
+        timingMaps.SetOffsets(timing->pt, timing->idle, timing->wot);
+    } catch (const std::exception &) {
+        // A map that cannot be placed is left empty; it is no error of the spec file.
+    }
+    return true;
+}
+
+bool PlaceThroughPointers(const TIniFile &ini, std::int32_t primary, TFuelMapSet &fuelMaps,
+                          TTimingMapSet &timingMaps) {
+    const auto fuel =
+        ReadMapPointers(ini, mainSection, "fuelmap_pt_pointer_offset", "fuelmap_id_pointer_offset",
+                        "fuelmap_wot_pointer_offset", primary);
+    if (!fuel)
+        return false;
+    const auto timing =
+        ReadMapPointers(ini, mainSection, "timingmap_pt_pointer_offset",
+                        "timingmap_id_pointer_offset", "timingmap_wot_pointer_offset", primary);
+    if (!timing)
+        return false;
+    PlaceRevLimiter(ini, fuelMaps);
+    fuelMaps.ZeroMaps();
+    timingMaps.ZeroMaps();
+    const auto place = [](TMapSet &mapSet, const TMapPointers &at) {
+        mapSet.SetPointers(at.pt, at.bitmask, at.idle, at.bitmask, at.wot, at.bitmask);
+    };
+    try {
+        place(fuelMaps, *fuel);
+        place(timingMaps, *timing);
+    } catch (const std::exception &) {
+        // As in the direct form.
+    }
+    return true;
+}
+
+} // namespace
+
+TSpecScan ScanSpecFiles(const fs::path &folder) {
+    TSpecScan scan;
+    std::error_code error;
+    for (fs::directory_iterator file(folder, error), end; !error && file != end;
+         file.increment(error)) {
+        if (!IsSpecFile(file->path()))
+            continue;
+        if (scan.entries.size() == maxSpecFiles) {
+            scan.moreRemain = true;
+            break;
+        }
+        if (const auto firstLine = ReadFirstLine(file->path()))
+            scan.entries.push_back({Label(*firstLine, file->path()), file->path()});
+    }
+    return scan;
+}
+
+std::optional<TMapOffsets> ReadMapOffsets(const TIniFile &ini, std::string_view section,
+                                          std::string_view ptKey, std::string_view idleKey,
+                                          std::string_view wotKey) {
+    try {
+        return TMapOffsets{ReadStrict(ini, section, ptKey, "0"),
+                           ReadStrict(ini, section, idleKey, "0"),
+                           ReadStrict(ini, section, wotKey, "0")};
+    } catch (const EConvertError &) {
+        return std::nullopt;
+    }
+}
+
+std::optional<TMapPointers> ReadMapPointers(const TIniFile &ini, std::string_view section,
+                                            std::string_view ptKey, std::string_view idleKey,
+                                            std::string_view wotKey, std::int32_t primary) {
+    const auto relative = ReadMapOffsets(ini, section, ptKey, idleKey, wotKey);
+    const auto bitmask = TryParseInteger(ini.ReadString(section, "bitmask", "15"));
+    if (!relative || !bitmask)
+        return std::nullopt;
+    return TMapPointers{WrappingSum(relative->pt, primary), WrappingSum(relative->idle, primary),
+                        WrappingSum(relative->wot, primary), *bitmask};
+}
+
+bool PlaceFromSpec(const TIniFile &ini, TFuelMapSet &fuelMaps, TTimingMapSet &timingMaps) {
+    constexpr std::int32_t none = -1;
+    const std::int32_t primary = ini.ReadInteger(mainSection, "primary_offset", none);
+    return primary == none ? PlaceDirectly(ini, fuelMaps, timingMaps)
+                           : PlaceThroughPointers(ini, primary, fuelMaps, timingMaps);
+}
+
+void ReadTimingConstants(const TIniFile &ini) {
+    const auto read = [&](std::string_view key, const std::string &fallback) {
+        return ParseReal(ini.ReadString(mainSection, key, fallback));
+    };
+    TimingConstants().divider = read("timing_divider", FormatReal("0.00", 0.65));
+    TimingConstants().subtractor = read("timing_subtractor", FormatReal("0.0", 12.7));
+}
+
+void WriteMapOffsets(TIniFile &ini, const TMapSet &mapSet, std::string_view section,
+                     std::string_view ptKey, std::string_view idleKey, std::string_view wotKey) {
+    ini.WriteString(section, ptKey, FormatOffset(mapSet.PTMap->GetLocation()));
+    ini.WriteString(section, idleKey, FormatOffset(mapSet.IdleMap->GetLocation()));
+    ini.WriteString(section, wotKey, FormatOffset(mapSet.WOTMap->GetLocation()));
+}
+
+TIniFile NewSpecFile(std::string label, const TFuelMapSet &fuelMaps,
+                     const TTimingMapSet &timingMaps) {
+    std::replace(label.begin(), label.end(), '\n', ' ');
+    std::replace(label.begin(), label.end(), '\r', ' ');
+    TIniFile ini("; " + label);
+    WriteMapOffsets(ini, fuelMaps, fuelSection, "pt_offset", "idle_offset", "wot_offset");
+    WriteMapOffsets(ini, timingMaps, timingSection, "pt_offset", "idle_offset", "wot_offset");
+    // An unplaced rev limiter is written as $FFFFFFFF, which reads back as not placed.
+    ini.WriteString(otherSection, revLimitKey, FormatOffset(fuelMaps.revLimiter.offset));
+    return ini;
+}
