@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing of the Debian packages that the project needs; does nothing when all of them are there.
-#   tools/packages.sh SECTION...    sections: build, run, test, check
+#   tools/packages.sh SECTION...    sections: build, run, wayland, screen, test, clang, style, tidy
 #   tools/packages.sh --list SECTION...    only names them
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -8,14 +8,18 @@ packages_of() {
     case $1 in
         # Compiler, build tool, toolkit.
         build) echo g++ cmake ninja-build pkg-config qt6-base-dev libxcb1-dev ;;
-        # Fonts for the window; a screen with a window manager for a machine without one.
-        run) echo fonts-dejavu-core xvfb openbox x11-utils ;;
-        # Test libraries, and tools that drive the program's window from outside.
-        test) echo libgtest-dev libgmock-dev fonts-dejavu-core xvfb openbox x11-utils wmctrl xdotool ;;
-        # The second compiler with its sanitizers, formatter and analyser.
-        check) echo clang libclang-rt-14-dev clang-format clang-tidy ;;
+        # What the program's window needs.
+        run) echo fonts-dejavu-core ;;
         # The toolkit's window system for a desktop without X.
         wayland) echo qt6-wayland ;;
+        # A virtual screen with a window manager, and what drives a window from outside.
+        screen) echo fonts-dejavu-core xvfb openbox x11-utils wmctrl xdotool ;;
+        # Test libraries.
+        test) echo libgtest-dev libgmock-dev $(packages_of screen) ;;
+        # The second compiler and its sanitizers.
+        clang) echo clang libclang-rt-14-dev ;;
+        style) echo clang-format ;;
+        tidy) echo clang-tidy ;;
         *) say "there is no section '$1'" >&2; return 2 ;;
     esac
 }
@@ -35,7 +39,7 @@ apt() {
         as_root=(sudo)
     fi
     log=$(mktemp)
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q "$@" >"$log" 2>&1 </dev/null || {
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=120 "$@" >"$log" 2>&1 </dev/null || {
         cat "$log" >&2
         rm -f "$log"
         return 1
