@@ -8,6 +8,9 @@ function(ferrolyn_settings target)
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
         -Woverloaded-virtual -Wnon-virtual-dtor -Wcast-qual -Wnull-dereference -Wdouble-promotion -Wformat=2)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+        target_compile_options(${target} PRIVATE -Wno-restrict) # g++ 12 invents it for "text" + std::string when optimising
+    endif()
     if(FERROLYN_WERROR)
         target_compile_options(${target} PRIVATE -Werror)
     endif()

@@ -38,6 +38,7 @@ exec {display_stream}< <(exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten
 started+=($!)
 read -r -t "$patience" display <&"$display_stream" || fail "the virtual screen did not start"
 export DISPLAY=":$display"
+export XDG_RUNTIME_DIR=$scratch # lock files of a program here are not those of the user's session
 unset WAYLAND_DISPLAY
 
 # The window manager writes into the pipe when it manages the screen.
