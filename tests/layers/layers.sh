@@ -1,11 +1,10 @@
 #!/usr/bin/env bash
 # Checks who may include whom below a folder src/. Prints one line for each breach, "file:line: what is wrong: the include", and
 # fails when there is any.
-#   layers.sh FOLDER CORE_UNIT...    the folder that holds src/; units of the core outside model/, such as spec/IniFile
+#   layers.sh FOLDER [CORE_UNIT...]    the folder that holds src/; units of the core outside model/, such as spec/IniFile
 set -uo pipefail
 cd "$1" || exit 2
 [ -d src ] || { echo "there is no src/ in $1" >&2; exit 2; }
-[ $# -gt 1 ] || { echo "usage: layers.sh FOLDER CORE_UNIT..." >&2; exit 2; }
 shift
 core_units=$(IFS='|' && echo "$*")
 breaches=0
