@@ -15,7 +15,8 @@ build_and_test() {
     local preset=$1
     build "$preset"
     step "running the tests of the preset '$preset'"
-    (cd "$top" && ctest --preset "$preset" --parallel "$jobs")
+    # Without the lines that announce a test: each one is named again with its result.
+    (cd "$top" && ctest --preset "$preset" --parallel "$jobs" | { grep --line-buffered -v '^ *Start ' || true; })
 }
 
 tidy() {
