@@ -1,11 +1,19 @@
 # What every target of the project shares: warnings, sanitizers, include root; and one function per kind of target.
 
+include(GoogleTest)
+
 # Applies the project's compiler settings to a target.
 function(ferrolyn_settings target)
     target_include_directories(${target} PUBLIC "${CMAKE_SOURCE_DIR}/src")
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
         -Woverloaded-virtual -Wnon-virtual-dtor -Wcast-qual -Wnull-dereference -Wdouble-promotion -Wformat=2)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+        target_compile_options(${target} PRIVATE -Wno-restrict) # g++ 12 invents it for "text" + std::string when optimising
+    endif()
+    if(FERROLYN_WERROR)
+        target_compile_options(${target} PRIVATE -Werror)
+    endif()
     if(FERROLYN_SANITIZE)
         target_compile_options(${target} PUBLIC -fsanitize=${FERROLYN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
         target_link_options(${target} PUBLIC -fsanitize=${FERROLYN_SANITIZE})
@@ -18,7 +26,7 @@ function(ferrolyn_library name)
     ferrolyn_settings(${name})
 endfunction()
 
-# A test program from every .cpp file of one folder below tests/, registered with CTest.
+# A test program from every .cpp file of one folder below tests/; each of its cases is a test "folder.Suite.Case" of CTest.
 #   ferrolyn_test(NAME folder LIBS libraries...)
 function(ferrolyn_test name folder)
     cmake_parse_arguments(arg "" "" "LIBS" ${ARGN})
@@ -31,5 +39,6 @@ function(ferrolyn_test name folder)
     target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
     target_compile_definitions(${name} PRIVATE FERROLYN_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE ${arg_LIBS})
-    add_test(NAME ${name} COMMAND ${name})
+    gtest_discover_tests(${name} TEST_PREFIX "${folder}." NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT 120)
 endfunction()

@@ -1,0 +1,66 @@
+#!/usr/bin/env bash
+# Checks who may include whom below a folder src/. Prints one line for each breach, "file:line: what is wrong: the include", and
+# fails when there is any.
+#   layers.sh FOLDER [CORE_UNIT...]    the folder that holds src/; units of the core outside model/, such as spec/IniFile
+set -uo pipefail
+cd "$1" || exit 2
+[ -d src ] || { echo "there is no src/ in $1" >&2; exit 2; }
+shift
+core_units=$(IFS='|' && echo "$*")
+breaches=0
+
+breach() {
+    echo "$1: $2: $3"
+    breaches=$((breaches + 1))
+}
+
+# The standard library and the system: <vector>, <unistd.h>, <sys/stat.h>.
+is_system() {
+    [[ $1 =~ ^\<(sys/)?[a-z0-9_]+(\.h)?\>$ ]]
+}
+
+# check FILE PLACE INCLUDE: FILE without "src/", PLACE as "file:line", INCLUDE with its quotes or angle brackets.
+check() {
+    local file=$1 place=$2 include=$3
+    local name=${include:1:-1}
+
+    if [[ $include == \"* && ! $name =~ ^(model|forms|spec|maps|filedisplay)/ && $name != *.moc ]]; then
+        breach "$place" "not written from the folder src/" "$include"
+    fi
+    if [[ $name == spec/main.h && $file != ferrolyn.cpp && $file != spec/main.cpp ]]; then
+        breach "$place" "the main window is known to the entry alone" "$include"
+    fi
+
+    if [[ $file == model/* ]]; then
+        if [[ $name != model/* ]] && ! is_system "$include"; then
+            breach "$place" "the model knows the standard library alone" "$include"
+        fi
+    elif [[ $file =~ ^($core_units)\.(h|cpp)$ ]]; then
+        if [[ ! $name =~ ^(model/.*|($core_units)\.h)$ ]] && ! is_system "$include"; then
+            breach "$place" "a core unit knows the model and the standard library alone" "$include"
+        fi
+    elif [[ $file == forms/* ]]; then
+        if [[ $name =~ ^(spec|maps|filedisplay)/ ]]; then
+            breach "$place" "the forms know no page" "$include"
+        elif [[ $name == model/* && ! $name =~ ^model/(Errors|Messages|MapViews)\.h$ ]]; then
+            breach "$place" "the forms know no ROM image" "$include"
+        fi
+    elif [[ $file =~ ^(maps|filedisplay)/ && $name == spec/* ]]; then
+        breach "$place" "the pages know nothing of spec/" "$include"
+    fi
+}
+
+# grep prints "src/file:line:text".
+while IFS=: read -r path line text; do
+    [[ $text =~ (\"[^\"]+\"|\<[^\>]+\>) ]] && check "${path#src/}" "$path:$line" "${BASH_REMATCH[1]}"
+done < <(grep -rnE --include='*.h' --include='*.cpp' '^[[:space:]]*#[[:space:]]*include' src | sort)
+
+# Every question to the user goes through one interface; comments may name what is behind it.
+while IFS=: read -r path line text; do
+    code=${text%%//*}
+    if [[ $path != src/forms/QtDialogs.cpp && $code =~ (^|[^A-Za-z_])(Q(MessageBox|ErrorMessage|[A-Za-z]+Dialog))($|[^A-Za-z_]) ]]; then
+        breach "$path:$line" "dialog classes stand in forms/QtDialogs.cpp alone" "${BASH_REMATCH[2]}"
+    fi
+done < <(grep -rnE --include='*.h' --include='*.cpp' 'Q(MessageBox|ErrorMessage|[A-Za-z]+Dialog)' src | sort)
+
+[ "$breaches" -eq 0 ]

@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# The project's checks; the same script for people and for CI.
+#   tools/check.sh [CHECK...]
+#     style   formatting, words and file sizes (tools/style.sh)
+#     tests   g++ build, warnings are errors, every test
+#     asan    clang++ build, warnings are errors, every test under the address and undefined behaviour sanitizers
+#     tsan    the start-up tests under the thread sanitizer
+#     tidy    clang-tidy over all sources (slow, not part of all)
+#     default style tests
+#     all     style asan tsan tests; the tests last, so that their summary ends the output
+. "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+# Builds and runs the tests of one preset.
+build_and_test() {
+    local preset=$1
+    build "$preset"
+    step "running the tests of the preset '$preset'"
+    # Without the lines that announce a test: each one is named again with its result.
+    (cd "$top" && ctest --preset "$preset" --parallel "$jobs" | { grep --line-buffered -v '^ *Start ' || true; })
+}
+
+tidy() {
+    build asan
+    step "running clang-tidy"
+    (cd "$top" && find src tests tools -name '*.cpp' -not -path '*/fixture/*' -print0 |
+        xargs -0 -P "$jobs" -n 1 clang-tidy -p build/asan --quiet --warnings-as-errors='*')
+}
+
+run_check() {
+    case $1 in
+        style) step "checking the style"; "$top/tools/style.sh" ;;
+        tests) build_and_test dev ;;
+        asan | tsan) build_and_test "$1" ;;
+        tidy) tidy ;;
+    esac
+}
+
+checks=()
+sections=()
+for name in "${@:-default}"; do
+    case $name in
+        default) checks+=(style tests) ;;
+        all) checks+=(style asan tsan tests) ;;
+        style | tests | asan | tsan | tidy) checks+=("$name") ;;
+        *) current_step="reading its arguments"; say "there is no check '$name'" >&2; exit 2 ;;
+    esac
+done
+for name in "${checks[@]}"; do
+    case $name in
+        style) sections+=(style) ;;
+        tests) sections+=(build test) ;;
+        asan | tsan) sections+=(build test clang) ;;
+        tidy) sections+=(build test clang tidy) ;;
+    esac
+done
+
+"$top/tools/packages.sh" "${sections[@]}"
+for name in "${checks[@]}"; do
+    run_check "$name"
+done
+say "done: ${checks[*]} in $((SECONDS / 60)) min $((SECONDS % 60)) s"

@@ -1,0 +1,86 @@
+#!/usr/bin/env bash
+# Installs what is missing of the Debian packages that the project needs; does nothing when all of them are there.
+#   tools/packages.sh SECTION...    sections: build, run, wayland, screen, test, clang, style, tidy
+#   tools/packages.sh --list SECTION...    only names them
+. "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+packages_of() {
+    case $1 in
+        # Compiler, build tool, toolkit.
+        build) echo g++ cmake ninja-build pkg-config qt6-base-dev libxcb1-dev ;;
+        # What the program's window needs.
+        run) echo fonts-dejavu-core ;;
+        # The toolkit's window system for a desktop without X.
+        wayland) echo qt6-wayland ;;
+        # A virtual screen with a window manager, and what drives a window from outside.
+        screen) echo fonts-dejavu-core xvfb openbox x11-utils wmctrl xdotool ;;
+        # Test libraries.
+        test) echo libgtest-dev libgmock-dev $(packages_of screen) ;;
+        # The second compiler and its sanitizers.
+        clang) echo clang libclang-rt-14-dev ;;
+        style) echo clang-format ;;
+        tidy) echo clang-tidy ;;
+        *) say "there is no section '$1'" >&2; return 2 ;;
+    esac
+}
+
+is_installed() {
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# Runs apt-get as root, quietly: its output is shown only when it fails.
+apt() {
+    local log as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || {
+            say "not root and no sudo here; run as root: apt-get install ${missing[*]}" >&2
+            return 1
+        }
+        as_root=(sudo)
+    fi
+    log=$(mktemp)
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=120 "$@" >"$log" 2>&1 </dev/null || {
+        cat "$log" >&2
+        rm -f "$log"
+        return 1
+    }
+    rm -f "$log"
+}
+
+install_missing() {
+    apt update && apt install -y --no-install-recommends "${missing[@]}"
+}
+
+list_only=
+if [ "${1:-}" = --list ]; then
+    list_only=1
+    shift
+fi
+
+wanted=()
+for section in "$@"; do
+    current_step="reading the package list"
+    names=$(packages_of "$section")
+    read -ra names <<<"$names"
+    wanted+=("${names[@]}")
+done
+if [ -n "$list_only" ]; then
+    printf '%s\n' "${wanted[@]}" | sort -u
+    exit
+fi
+
+missing=()
+for package in $(printf '%s\n' "${wanted[@]}" | sort -u); do
+    is_installed "$package" || missing+=("$package")
+done
+if [ ${#missing[@]} -eq 0 ]; then
+    exit
+fi
+
+step "installing ${missing[*]}"
+started=$SECONDS
+install_missing || {
+    say "that did not work; trying once more" >&2
+    install_missing
+}
+say "installed in $((SECONDS - started)) s"
