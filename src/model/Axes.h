@@ -42,8 +42,11 @@ protected:
     TAxisData(TValCollectionClass valuesClass, std::int32_t baseValue);
 
 private:
-    void ReadPoints();
-    bool WritePoints() const;
+    void ReadPoints(const TROMImage &image);
+    /// False when the last point is missing.
+    bool WritePoints(TROMImage &image) const;
+    /// The offset of the axis's last byte.
+    std::int64_t LastByte() const;
 };
 
 /// Engine speeds; the base 256 stands for 10,240 rpm.

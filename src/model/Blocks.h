@@ -7,6 +7,14 @@
 #include <cstdint>
 #include <memory>
 
+/// Grids take stored counts modulo this, so a count of 32 is none.
+inline constexpr std::int32_t gridModulus = 32;
+
+/// The text that failed loads, and failed axis saves, are shown with.
+inline constexpr const char *outOfMemoryText = "Out of memory allocating data map data";
+
+class TROMImage;
+
 /// What map bodies and axes share. Rows run along the RPM axis, columns along the load axis.
 class TBlockData {
 public:
@@ -56,10 +64,10 @@ public:
 
 protected:
     explicit TBlockData(TValCollectionClass valuesClass);
-};
 
-/// The text that failed loads, and failed axis saves, are shown with.
-inline constexpr const char *outOfMemoryText = "Out of memory allocating data map data";
+private:
+    void FillValues(const TROMImage &image);
+};
 
 /// A map's body: rows are RPM points, columns load points.
 class TMapData : public TBlockData {
@@ -72,6 +80,9 @@ public:
 
 protected:
     using TBlockData::TBlockData;
+
+private:
+    void WriteCells(TROMImage &image) const;
 };
 
 class TFuelMapData : public TMapData {

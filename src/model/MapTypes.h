@@ -90,7 +90,7 @@ public:
     void FillChart(IMapChart &chart) const;
 
 protected:
-    TMap(TMapDataClass dataClass, std::int32_t axes, std::string convertedPicture,
+    TMap(TMapDataClass dataClass, std::int32_t count, std::string convertedPicture,
          std::string rawPicture);
     /// Makes this fresh map a copy of `source`.
     void BecomeCopyOf(const TMap &source);
@@ -101,18 +101,20 @@ private:
     void FillBody(IMapGrid &grid, const std::string &cellFormat) const;
     void ReadBody(IMapGrid &grid);
     void ReadHeaders(IMapGrid &grid);
+    void FillSeries(IMapChart &chart, int t) const;
 };
 
 /// A lambda trim map: cells in 1/128, "###0.00".
 class TFuelMap : public TMap {
 public:
-    explicit TFuelMap(std::int32_t axes, TMapDataClass dataClass = CreateMapData<TFuelMapData>);
+    explicit TFuelMap(std::int32_t count, TMapDataClass dataClass = CreateMapData<TFuelMapData>);
     std::unique_ptr<TMap> CreateCopy() const override;
 };
 
 /// An ignition timing map: cells in degrees by the timing constants, "###0.0".
 class TTimingMap : public TMap {
 public:
-    explicit TTimingMap(std::int32_t axes, TMapDataClass dataClass = CreateMapData<TTimingMapData>);
+    explicit TTimingMap(std::int32_t count,
+                        TMapDataClass dataClass = CreateMapData<TTimingMapData>);
     std::unique_ptr<TMap> CreateCopy() const override;
 };

@@ -45,7 +45,7 @@ protected:
         mapSet.SetShowConverted(true);
         for (const TMapKind kind : {TMapKind::PT, TMapKind::Idle, TMapKind::WOT}) {
             const TMap &map = mapSet.Map(kind);
-            const auto rpms = Values(*map.axes->RPMAxis->values, map.RPMCount(), 1);
+            const auto rpms = Values(*map.axes->rpmAxis->values, map.RPMCount(), 1);
             ASSERT_EQ(rpms.size(), 16U);
             EXPECT_EQ(rpms.front(), 600);
             EXPECT_EQ(rpms.back(), 7600);

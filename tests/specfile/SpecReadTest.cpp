@@ -328,10 +328,12 @@ INSTANTIATE_TEST_SUITE_P(Lines, TSpecConstants, testing::ValuesIn(constants),
                          [](const auto &test) { return std::string(test.param.name); });
 
 TEST_F(TSpecRead, ConstantsAreReadFromBothForms) {
-    for (const std::string &form : {direct, pointers}) {
+    const std::string constantsLines = "[Main]\ntiming_divider=0.5\n";
+    for (const std::string &text :
+         {direct + constantsLines, Replaced(pointers, "[Main]\n", constantsLines)}) {
         TimingConstants() = {};
-        ReadTimingConstants(
-            TIniFile("[Main]\ntiming_divider=0.5\n" + Replaced(form, "[Main]\n", "")));
+        EXPECT_TRUE(Place(text));
+        ReadTimingConstants(TIniFile(text));
         EXPECT_DOUBLE_EQ(TimingConstants().divider, 0.5);
     }
 }

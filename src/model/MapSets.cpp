@@ -1,0 +1,132 @@
+#include "model/MapSets.h"
+
+#include "model/Messages.h"
+#include "model/ROMImage.h"
+
+#include <set>
+#include <string>
+#include <utility>
+
+namespace {
+
+constexpr double idleLoad = 0.0;
+constexpr double fullLoad = 100.0;
+
+/// While it lives, shows each message of the model once, however many cells give it.
+class TShowOnce {
+public:
+    TShowOnce() {
+        outer_ = SetMessageHook({});
+        SetMessageHook([this](const std::string &text) {
+            if (shown_.insert(text).second && outer_)
+                outer_(text);
+        });
+    }
+    TShowOnce(const TShowOnce &) = delete;
+    TShowOnce &operator=(const TShowOnce &) = delete;
+    ~TShowOnce() { SetMessageHook(std::move(outer_)); }
+
+private:
+    TMessageHook outer_;
+    std::set<std::string> shown_;
+};
+
+void ZeroBody(const TMapData &body) {
+    for (std::int32_t r = 0; r < body.rows; ++r)
+        for (std::int32_t t = 0; t < body.columns; ++t)
+            if (TVal *cell = body.values->GetItem(r, t))
+                cell->SetValue(0.0);
+}
+
+} // namespace
+
+TMapSet::TMapSet(std::unique_ptr<TMap> partThrottle, std::unique_ptr<TMap> idle,
+                 std::unique_ptr<TMap> fullThrottle)
+    : PTMap(std::move(partThrottle)), IdleMap(std::move(idle)), WOTMap(std::move(fullThrottle)) {}
+
+TMap &TMapSet::Map(TMapKind kind) const {
+    switch (kind) {
+    case TMapKind::Idle:
+        return *IdleMap;
+    case TMapKind::WOT:
+        return *WOTMap;
+    case TMapKind::PT:
+        break;
+    }
+    return *PTMap;
+}
+
+bool TMapSet::IsModified() const {
+    return PTMap->IsModified() || IdleMap->IsModified() || WOTMap->IsModified();
+}
+
+void TMapSet::SetOffsets(std::int32_t partThrottle, std::int32_t idle, std::int32_t fullThrottle) {
+    PTMap->SetOffset(partThrottle);
+    IdleMap->SetOffset(idle);
+    WOTMap->SetOffset(fullThrottle);
+    SetSingleLoadPoints();
+}
+
+void TMapSet::SetPointers(std::int32_t ptPointer, std::int32_t ptBitmask, std::int32_t idlePointer,
+                          std::int32_t idleBitmask, std::int32_t wotPointer,
+                          std::int32_t wotBitmask) {
+    PTMap->SetPointer(ptPointer, ptBitmask);
+    IdleMap->SetPointer(idlePointer, idleBitmask);
+    WOTMap->SetPointer(wotPointer, wotBitmask);
+    SetSingleLoadPoints();
+}
+
+void TMapSet::SetSingleLoadPoints() {
+    IdleMap->axes->throttleAxis->SetSinglePoint(idleLoad);
+    WOTMap->axes->throttleAxis->SetSinglePoint(fullLoad);
+}
+
+void TMapSet::SaveAll() {
+    if (!ROMImage())
+        return;
+    PTMap->Save();
+    IdleMap->Save();
+    WOTMap->Save();
+}
+
+void TMapSet::SetShowConverted(bool flag) {
+    showConverted = flag;
+    PTMap->data->SetShowConverted(flag);
+    IdleMap->data->SetShowConverted(flag);
+    WOTMap->data->SetShowConverted(flag);
+}
+
+void TMapSet::ZeroMaps() {
+    constexpr std::int32_t mostRPM = 32;
+    constexpr std::int32_t mostLoad = 20;
+    const TShowOnce showOnce;
+    if (PTMap->RPMCount() <= mostRPM && PTMap->LoadCount() <= mostLoad)
+        ZeroBody(*PTMap->data);
+    if (IdleMap->RPMCount() <= mostRPM)
+        ZeroBody(*IdleMap->data);
+    if (WOTMap->RPMCount() <= mostRPM)
+        ZeroBody(*WOTMap->data);
+}
+
+TFuelMapSet::TFuelMapSet()
+    : TMapSet(std::make_unique<TFuelMap>(2), std::make_unique<TFuelMap>(1),
+              std::make_unique<TFuelMap>(1)) {}
+
+bool TFuelMapSet::HasRevLimiter() const {
+    return revLimiter.offset > 0;
+}
+
+bool TFuelMapSet::IsModified() const {
+    return TMapSet::IsModified() || revLimiter.modified;
+}
+
+void TFuelMapSet::SaveAll() {
+    TMapSet::SaveAll();
+    // Intended: an unplaced rev limiter is saved too and so reports its failure at each save.
+    if (ROMImage())
+        revLimiter.Save();
+}
+
+TTimingMapSet::TTimingMapSet()
+    : TMapSet(std::make_unique<TTimingMap>(2), std::make_unique<TTimingMap>(1),
+              std::make_unique<TTimingMap>(1)) {}

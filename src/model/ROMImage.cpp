@@ -1,0 +1,56 @@
+#include "model/ROMImage.h"
+
+#include "model/SafeFile.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <span>
+#include <utility>
+#include <vector>
+
+namespace {
+std::unique_ptr<TROMImage> processImage = std::make_unique<TROMImage>();
+}
+
+void TROMImage::LoadFromFile(const std::filesystem::path &file) {
+    const std::vector<std::uint8_t> bytes = ReadWholeFile(file, capacity);
+    std::copy(bytes.begin(), bytes.end(), data.begin());
+    size = static_cast<std::int32_t>(bytes.size());
+    modified = false;
+}
+
+void TROMImage::SaveToFile(const std::filesystem::path &file) {
+    const std::int32_t length = std::clamp(size, 0, capacity);
+    WriteFileSafely(file, std::span(data).first(static_cast<std::size_t>(length)));
+    modified = false;
+}
+
+std::uint8_t TROMImage::Peek(std::int64_t offset) const noexcept {
+    return Contains(offset) ? data[static_cast<std::size_t>(offset)] : std::uint8_t{0};
+}
+
+bool TROMImage::Poke(std::int64_t offset, std::uint8_t value) noexcept {
+    if (!Contains(offset))
+        return false;
+    data[static_cast<std::size_t>(offset)] = value;
+    return true;
+}
+
+TROMImage *ROMImage() noexcept {
+    return processImage.get();
+}
+
+std::unique_ptr<TROMImage> ExchangeROMImage(std::unique_ptr<TROMImage> image) noexcept {
+    return std::exchange(processImage, std::move(image));
+}
+
+std::uint8_t PeekROM(std::int64_t offset) noexcept {
+    return processImage ? processImage->Peek(offset) : std::uint8_t{0};
+}
+
+std::int32_t OffsetBehind(std::int32_t offset, std::int32_t length) noexcept {
+    const std::int64_t sum = std::int64_t{offset} + length;
+    return static_cast<std::int32_t>(
+        std::min<std::int64_t>(sum, std::numeric_limits<std::int32_t>::max()));
+}

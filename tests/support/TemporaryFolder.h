@@ -1,0 +1,60 @@
+// A folder of its own for one test, gone with everything in it afterwards.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <stdlib.h>
+#include <string>
+#include <system_error>
+#include <vector>
+
+class TTemporaryFolder {
+public:
+    TTemporaryFolder() {
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "ferrolyn-test-XXXXXX").string();
+        if (!mkdtemp(pattern.data()))
+            throw std::runtime_error("no temporary folder");
+        path_ = pattern;
+    }
+    TTemporaryFolder(const TTemporaryFolder &) = delete;
+    TTemporaryFolder &operator=(const TTemporaryFolder &) = delete;
+    ~TTemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+
+    const std::filesystem::path &Path() const { return path_; }
+    std::filesystem::path operator/(const std::string &name) const { return path_ / name; }
+
+    /// Names of all that is in the folder, in no order.
+    std::vector<std::string> Names() const {
+        std::vector<std::string> names;
+        for (const auto &entry : std::filesystem::directory_iterator(path_))
+            names.push_back(entry.path().filename().string());
+        return names;
+    }
+
+private:
+    std::filesystem::path path_;
+};
+
+/// Writes a file by plain means.
+inline void PutFile(const std::filesystem::path &file, const std::vector<std::uint8_t> &bytes) {
+    std::ofstream stream(file, std::ios::binary);
+    std::copy(bytes.begin(), bytes.end(), std::ostreambuf_iterator<char>(stream));
+    if (!stream.flush())
+        throw std::runtime_error("cannot write " + file.string());
+}
+
+/// Reads a file by plain means.
+inline std::vector<std::uint8_t> GetFile(const std::filesystem::path &file) {
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream)
+        throw std::runtime_error("cannot read " + file.string());
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
