@@ -57,6 +57,10 @@ protected:
     TBytes Get(std::int32_t offset, std::int32_t count) {
         return TBytes(Image().data.begin() + offset, Image().data.begin() + offset + count);
     }
+    /// Whether every byte of the image is `value`.
+    bool ImageIsAll(std::uint8_t value) {
+        return std::ranges::all_of(Image().data, [=](std::uint8_t byte) { return byte == value; });
+    }
     /// Writes a map: an RPM axis, a load axis when `loadSteps` has any, and a body that counts up.
     /// Returns the body's offset.
     std::int32_t PutMap(std::int32_t offset, const TBytes &rpmSteps, const TBytes &loadSteps) {

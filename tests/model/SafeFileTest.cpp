@@ -1,0 +1,318 @@
+#include "model/SafeFile.h"
+
+#include "model/Errors.h"
+#include "support/TemporaryFolder.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdint>
+#include <fcntl.h>
+#include <filesystem>
+#include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <system_error>
+#include <unistd.h>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+using TBytes = std::vector<std::uint8_t>;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+const TBytes oldBytes{1, 2, 3};
+const TBytes newBytes{9, 8, 7, 6, 5};
+
+std::string Reason(int code) {
+    return std::generic_category().message(code);
+}
+
+/// The text of the file error that `step` throws; empty when it throws none.
+template <class TStep>
+std::string ErrorOf(TStep step) {
+    try {
+        step();
+    } catch (const EFileError &error) {
+        return error.what();
+    }
+    return "";
+}
+
+std::string WriteError(const fs::path &file, const TBytes &bytes = newBytes) {
+    return ErrorOf([&] { WriteFileSafely(file, bytes); });
+}
+
+std::string ReadError(const fs::path &file, std::uint64_t limit = 1000) {
+    return ErrorOf([&] { ReadWholeFile(file, limit); });
+}
+
+unsigned ModeOf(const fs::path &file) {
+    struct stat status {};
+    EXPECT_EQ(stat(file.c_str(), &status), 0);
+    return status.st_mode & 07777;
+}
+
+/// Runs `step` in a child without an administrator's rights, whom permission bits bind, and with
+/// files limited to `fileLimit` bytes. Returns the error's text, as ErrorOf.
+template <class TStep>
+std::string ErrorInChild(TStep step, rlim_t fileLimit = RLIM_INFINITY) {
+    int ends[2];
+    if (pipe(ends) != 0)
+        return "no pipe";
+    const pid_t child = fork();
+    if (child == 0) {
+        const rlimit limit{fileLimit, RLIM_INFINITY};
+        signal(SIGXFSZ, SIG_IGN);
+        const bool ready =
+            setrlimit(RLIMIT_FSIZE, &limit) == 0 && (geteuid() != 0 || setuid(65534) == 0);
+        const std::string text = ready ? ErrorOf(step) : "the child could not be set up";
+        const bool sent = write(ends[1], text.data(), text.size()) >= 0;
+        _exit(sent ? 0 : 1);
+    }
+    close(ends[1]);
+    std::string text;
+    char buffer[512];
+    for (ssize_t count; (count = read(ends[0], buffer, sizeof buffer)) > 0;)
+        text.append(buffer, static_cast<std::size_t>(count));
+    close(ends[0]);
+    int status = -1;
+    waitpid(child, &status, 0);
+    return status == 0 ? text : "the child failed: " + text;
+}
+
+/// Opens a folder and its files to the child above.
+void GiveAway(const fs::path &path, mode_t mode) {
+    ASSERT_EQ(chmod(path.c_str(), mode), 0);
+}
+
+TEST(SafeFileTest, ReadsWholeFiles) {
+    const TTemporaryFolder folder;
+    for (const std::size_t length : {0U, 1U, 15U, 100000U}) {
+        const TBytes bytes(length, 0x5A);
+        PutFile(folder / "a.bin", bytes);
+        EXPECT_EQ(ReadWholeFile(folder / "a.bin"), bytes);
+        EXPECT_EQ(ReadWholeFile(folder / "a.bin", length), bytes);
+    }
+}
+
+TEST(SafeFileTest, RefusesFilesOverTheLimitNamingBoth) {
+    const TTemporaryFolder folder;
+    PutFile(folder / "a.bin", TBytes(1001));
+    const std::string error = ReadError(folder / "a.bin");
+    EXPECT_THAT(error, HasSubstr((folder / "a.bin").string()));
+    EXPECT_THAT(error, HasSubstr("1001 bytes"));
+    EXPECT_THAT(error, HasSubstr("limit of 1000"));
+}
+
+TEST(SafeFileTest, RefusesToReadWhatIsNoRegularFile) {
+    const TTemporaryFolder folder;
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    EXPECT_THAT(ReadError(folder / "pipe"), HasSubstr("pipe': not a regular file"));
+    EXPECT_THAT(ReadError("/dev/zero"), HasSubstr("not a regular file"));
+    EXPECT_THAT(ReadError(folder.Path()), HasSubstr(Reason(EISDIR)));
+    EXPECT_THAT(ReadError(folder / "none.bin"), HasSubstr("none.bin': " + Reason(ENOENT)));
+}
+
+TEST(SafeFileTest, RefusesToReadWithoutPermission) {
+    const TTemporaryFolder folder;
+    GiveAway(folder.Path(), 0755);
+    PutFile(folder / "a.bin", oldBytes);
+    GiveAway(folder / "a.bin", geteuid() == 0 ? 0600 : 0000);
+    EXPECT_THAT(ErrorInChild([&] { ReadWholeFile(folder / "a.bin"); }), HasSubstr(Reason(EACCES)));
+}
+
+TEST(SafeFileTest, CreatesAFileWithTheProcessesMask) {
+    const TTemporaryFolder folder;
+    const mode_t oldMask = umask(027);
+    WriteFileSafely(folder / "a.bin", newBytes);
+    umask(oldMask);
+    EXPECT_EQ(GetFile(folder / "a.bin"), newBytes);
+    EXPECT_EQ(ModeOf(folder / "a.bin"), 0640U);
+    EXPECT_THAT(folder.Names(), ElementsAre("a.bin"));
+}
+
+TEST(SafeFileTest, ReplacesAFileAndKeepsItsMode) {
+    const TTemporaryFolder folder;
+    for (const mode_t mode : {0600U, 0666U, 0755U}) {
+        PutFile(folder / "a.bin", oldBytes);
+        ASSERT_EQ(chmod((folder / "a.bin").c_str(), mode), 0);
+        WriteFileSafely(folder / "a.bin", newBytes);
+        EXPECT_EQ(GetFile(folder / "a.bin"), newBytes);
+        EXPECT_EQ(ModeOf(folder / "a.bin"), mode);
+        EXPECT_THAT(folder.Names(), ElementsAre("a.bin"));
+    }
+}
+
+TEST(SafeFileTest, NeverShowsAHalfWrittenFile) {
+    const TTemporaryFolder folder;
+    PutFile(folder / "a.bin", oldBytes);
+    const int reader = open((folder / "a.bin").c_str(), O_RDONLY | O_CLOEXEC);
+    WriteFileSafely(folder / "a.bin", newBytes);
+    TBytes seen(10);
+    seen.resize(static_cast<std::size_t>(read(reader, seen.data(), seen.size())));
+    close(reader);
+    EXPECT_EQ(seen, oldBytes) << "the old file was changed instead of replaced";
+}
+
+TEST(SafeFileTest, ShortensToAnEmptyFile) {
+    const TTemporaryFolder folder;
+    PutFile(folder / "a.bin", oldBytes);
+    WriteFileSafely(folder / "a.bin", {});
+    EXPECT_EQ(GetFile(folder / "a.bin"), TBytes());
+}
+
+TEST(SafeFileTest, WritesToTheCurrentFolder) {
+    const TTemporaryFolder folder;
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.Path());
+    WriteFileSafely("plain.bin", newBytes);
+    fs::current_path(before);
+    EXPECT_EQ(GetFile(folder / "plain.bin"), newBytes);
+}
+
+TEST(SafeFileTest, FollowsSymbolicLinks) {
+    const TTemporaryFolder folder;
+    fs::create_directory(folder / "real");
+    PutFile(folder / "real/a.bin", oldBytes);
+    fs::create_symlink("real/a.bin", folder / "first");
+    fs::create_symlink(folder / "first", folder / "second");
+    WriteFileSafely(folder / "second", newBytes);
+    EXPECT_TRUE(fs::is_symlink(folder / "second"));
+    EXPECT_TRUE(fs::is_symlink(folder / "first"));
+    EXPECT_EQ(GetFile(folder / "real/a.bin"), newBytes);
+}
+
+TEST(SafeFileTest, ADanglingLinkCreatesItsTarget) {
+    const TTemporaryFolder folder;
+    fs::create_symlink("later.bin", folder / "link");
+    WriteFileSafely(folder / "link", newBytes);
+    EXPECT_TRUE(fs::is_symlink(folder / "link"));
+    EXPECT_EQ(GetFile(folder / "later.bin"), newBytes);
+}
+
+TEST(SafeFileTest, AnEndlessLinkIsAnError) {
+    const TTemporaryFolder folder;
+    fs::create_symlink("b", folder / "a");
+    fs::create_symlink("a", folder / "b");
+    EXPECT_THAT(WriteError(folder / "a"), HasSubstr(Reason(ELOOP)));
+}
+
+TEST(SafeFileTest, NamesTheFileAndTheReason) {
+    const TTemporaryFolder folder;
+    const fs::path missing = folder / "none/a.bin";
+    EXPECT_EQ(WriteError(missing), "Cannot write '" + missing.string() + "': " + Reason(ENOENT));
+    EXPECT_EQ(WriteError(folder.Path()),
+              "Cannot write '" + folder.Path().string() + "': " + Reason(EISDIR));
+    EXPECT_EQ(WriteError(""), "Cannot write '': " + Reason(ENOENT));
+    PutFile(folder / "file", oldBytes);
+    EXPECT_THAT(WriteError(folder / "file/a.bin"), HasSubstr(Reason(ENOTDIR)));
+    EXPECT_THAT(WriteError(folder / std::string(300, 'x')), HasSubstr(Reason(ENAMETOOLONG)));
+    EXPECT_THAT(folder.Names(), ElementsAre("file"));
+}
+
+TEST(SafeFileTest, AFullDiskKeepsTheOldFile) {
+    const TTemporaryFolder folder;
+    GiveAway(folder.Path(), 0777);
+    PutFile(folder / "a.bin", oldBytes);
+    GiveAway(folder / "a.bin", 0666);
+    EXPECT_THAT(ErrorInChild([&] { WriteFileSafely(folder / "a.bin", newBytes); }, 4),
+                HasSubstr(Reason(EFBIG)));
+    EXPECT_EQ(GetFile(folder / "a.bin"), oldBytes);
+    EXPECT_THAT(folder.Names(), ElementsAre("a.bin"));
+}
+
+TEST(SafeFileTest, AFullDiskLeavesNoNewFile) {
+    const TTemporaryFolder folder;
+    GiveAway(folder.Path(), 0777);
+    EXPECT_THAT(ErrorInChild([&] { WriteFileSafely(folder / "a.bin", newBytes); }, 4),
+                HasSubstr("a.bin': " + Reason(EFBIG)));
+    EXPECT_THAT(folder.Names(), ElementsAre());
+}
+
+TEST(SafeFileTest, AFullDeviceIsAnError) {
+    EXPECT_EQ(WriteError("/dev/full"), "Cannot write '/dev/full': " + Reason(ENOSPC));
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
+    EXPECT_EQ(WriteError("/dev/null"), "");
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(SafeFileTest, APipeThatNobodyReadsIsAnErrorAndNoHang) {
+    const TTemporaryFolder folder;
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    EXPECT_THAT(WriteError(folder / "pipe"), HasSubstr(Reason(ENXIO)));
+    EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+}
+
+TEST(SafeFileTest, AFolderWithoutPermissionTakesNoNewFile) {
+    const TTemporaryFolder folder;
+    GiveAway(folder.Path(), 0555);
+    EXPECT_THAT(ErrorInChild([&] { WriteFileSafely(folder / "a.bin", newBytes); }),
+                HasSubstr("a.bin': " + Reason(EACCES)));
+    GiveAway(folder.Path(), 0755);
+    EXPECT_THAT(folder.Names(), ElementsAre());
+}
+
+struct TInPlaceTest : testing::Test {
+    TInPlaceTest() {
+        PutFile(file, oldBytes);
+        chmod(file.c_str(), 0666);
+        chmod(folder.Path().c_str(), 0555);
+    }
+    ~TInPlaceTest() override { chmod(folder.Path().c_str(), 0755); }
+
+    const TTemporaryFolder folder;
+    const fs::path file = folder / "a.bin";
+};
+
+TEST_F(TInPlaceTest, WritesInPlaceWhereTheFolderRefuses) {
+    EXPECT_EQ(ErrorInChild([&] { WriteFileSafely(file, newBytes); }), "");
+    EXPECT_EQ(GetFile(file), newBytes);
+}
+
+TEST_F(TInPlaceTest, ShortensInPlace) {
+    EXPECT_EQ(ErrorInChild([&] { WriteFileSafely(file, TBytes{4}); }), "");
+    EXPECT_EQ(GetFile(file), TBytes{4});
+}
+
+TEST_F(TInPlaceTest, PutsTheOldContentsBackWhenTheDiskIsFull) {
+    EXPECT_THAT(ErrorInChild([&] { WriteFileSafely(file, newBytes); }, 4),
+                HasSubstr(Reason(EFBIG)));
+    EXPECT_EQ(GetFile(file), oldBytes);
+}
+
+TEST(SafeFileTest, AWriteProtectedFileStays) {
+    const TTemporaryFolder folder;
+    GiveAway(folder.Path(), 0777);
+    PutFile(folder / "a.bin", oldBytes);
+    GiveAway(folder / "a.bin", 0444);
+    EXPECT_THAT(ErrorInChild([&] { WriteFileSafely(folder / "a.bin", newBytes); }),
+                HasSubstr(Reason(EACCES)));
+    EXPECT_EQ(GetFile(folder / "a.bin"), oldBytes);
+}
+
+TEST(SafeFileTest, AFileOfSomebodyElseIsReplacedByTheSavers) {
+    const TTemporaryFolder folder;
+    GiveAway(folder.Path(), 0777);
+    PutFile(folder / "a.bin", oldBytes);
+    GiveAway(folder / "a.bin", 0666);
+    EXPECT_EQ(ErrorInChild([&] { WriteFileSafely(folder / "a.bin", newBytes); }), "");
+    EXPECT_EQ(GetFile(folder / "a.bin"), newBytes);
+    EXPECT_EQ(ModeOf(folder / "a.bin"), 0666U);
+}
+
+TEST(SafeFileTest, InAStickyFolderAForeignFileIsWrittenInPlace) {
+    const TTemporaryFolder folder;
+    PutFile(folder / "a.bin", oldBytes);
+    GiveAway(folder / "a.bin", 0666);
+    GiveAway(folder.Path(), 01777);
+    EXPECT_EQ(ErrorInChild([&] { WriteFileSafely(folder / "a.bin", newBytes); }), "");
+    EXPECT_EQ(GetFile(folder / "a.bin"), newBytes);
+    EXPECT_THAT(folder.Names(), ElementsAre("a.bin"));
+}
+
+} // namespace
