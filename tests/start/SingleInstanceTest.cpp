@@ -1,0 +1,158 @@
+#include "spec/SingleInstance.h"
+
+#include <future>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::Return;
+using testing::StrictMock;
+
+namespace {
+constexpr std::chrono::milliseconds shortWait(1);
+constexpr TWindowId window = 11;
+constexpr TWindowId owner = 22;
+
+class TMockFinder : public IWindowFinder {
+public:
+    MOCK_METHOD(TWindowId, Find, (std::string_view, std::string_view), (override));
+    MOCK_METHOD(TWindowId, OwnerOf, (TWindowId), (override));
+    MOCK_METHOD(bool, IsMinimised, (TWindowId), (override));
+    MOCK_METHOD(void, ShowNormal, (TWindowId), (override));
+    MOCK_METHOD(void, BringToForeground, (TWindowId), (override));
+};
+
+class TNothingFound : public IWindowFinder {
+public:
+    TWindowId Find(std::string_view, std::string_view) override { return 0; }
+    TWindowId OwnerOf(TWindowId) override { return 0; }
+    bool IsMinimised(TWindowId) override { return false; }
+    void ShowNormal(TWindowId) override {}
+    void BringToForeground(TWindowId) override {}
+};
+
+struct TWithoutApplication {
+    bool application;
+    TStart first;
+    TStart second;
+};
+
+/// Runs before main, when there is no application object yet, as in the program's entry.
+const TWithoutApplication withoutApplication = [] {
+    const QTemporaryDir folder;
+    TNothingFound finder;
+    TSingleInstanceGuard first(finder, folder.path(), shortWait);
+    const TStart firstStart = first.Check();
+    TSingleInstanceGuard second(finder, folder.path(), shortWait);
+    return TWithoutApplication{QCoreApplication::instance() != nullptr, firstStart, second.Check()};
+}();
+
+class SingleInstance : public testing::Test {
+protected:
+    QTemporaryDir folder_;
+    StrictMock<TMockFinder> finder_;
+
+    void ExpectSearch(TWindowId found) {
+        EXPECT_CALL(finder_, Find(std::string_view("TfrmNotebook"), std::string_view("Ferrolyn ")))
+            .WillOnce(Return(found));
+    }
+    QString LockFile() const { return folder_.filePath("SingleInstanceProgramHMutex"); }
+};
+} // namespace
+
+TEST_F(SingleInstance, AFreeLockLetsThisCopyGoAndIsHeldUntilReleased) {
+    ExpectSearch(0);
+    TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
+    EXPECT_EQ(guard.Check(), TStart::Go);
+    EXPECT_TRUE(QFile::exists(LockFile()));
+    guard.Release();
+    EXPECT_FALSE(QFile::exists(LockFile()));
+    guard.Release();
+}
+
+TEST_F(SingleInstance, AHeldLockEndsThisCopyWithoutASearch) {
+    ExpectSearch(0);
+    TSingleInstanceGuard first(finder_, folder_.path(), shortWait);
+    ASSERT_EQ(first.Check(), TStart::Go);
+    TSingleInstanceGuard second(finder_, folder_.path(), shortWait);
+    EXPECT_EQ(second.Check(), TStart::End);
+    EXPECT_TRUE(QFile::exists(LockFile())) << "the first copy's lock";
+}
+
+TEST_F(SingleInstance, TheSecondCopyGoesOnceTheFirstHasReleased) {
+    TNothingFound nothing;
+    TSingleInstanceGuard first(nothing, folder_.path(), shortWait);
+    ASSERT_EQ(first.Check(), TStart::Go);
+    auto second = std::async(std::launch::async,
+                             [&] { return TSingleInstanceGuard(nothing, folder_.path()).Check(); });
+    first.Release();
+    EXPECT_EQ(second.get(), TStart::Go);
+}
+
+TEST_F(SingleInstance, TheDestructorReleases) {
+    TNothingFound nothing;
+    for (int copy = 0; copy < 2; ++copy) {
+        TSingleInstanceGuard guard(nothing, folder_.path(), shortWait);
+        EXPECT_EQ(guard.Check(), TStart::Go);
+    }
+}
+
+TEST_F(SingleInstance, TheLockOfADeadProcessIsTaken) {
+    QFile file(LockFile());
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write("2147483647\nferrolyn\n" + QSysInfo::machineHostName().toUtf8() + "\n");
+    file.close();
+    ExpectSearch(0);
+    TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
+    EXPECT_EQ(guard.Check(), TStart::Go);
+}
+
+TEST_F(SingleInstance, AFolderThatCannotBeUsedIsNoReasonNotToStart) {
+    ExpectSearch(0);
+    TSingleInstanceGuard guard(finder_, folder_.filePath("missing/folder"), shortWait);
+    EXPECT_EQ(guard.Check(), TStart::Go);
+    guard.Release();
+}
+
+TEST_F(SingleInstance, AMinimisedRunningCopyIsShown) {
+    ExpectSearch(window);
+    EXPECT_CALL(finder_, OwnerOf(window)).WillOnce(Return(owner));
+    EXPECT_CALL(finder_, IsMinimised(owner)).WillOnce(Return(true));
+    EXPECT_CALL(finder_, ShowNormal(owner));
+    TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
+    EXPECT_EQ(guard.Check(), TStart::End);
+    EXPECT_FALSE(QFile::exists(LockFile()));
+}
+
+TEST_F(SingleInstance, ANormalRunningCopyIsBroughtToTheForeground) {
+    ExpectSearch(window);
+    EXPECT_CALL(finder_, OwnerOf(window)).WillOnce(Return(owner));
+    EXPECT_CALL(finder_, IsMinimised(owner)).WillOnce(Return(false));
+    EXPECT_CALL(finder_, BringToForeground(owner));
+    TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
+    EXPECT_EQ(guard.Check(), TStart::End);
+}
+
+TEST_F(SingleInstance, ARunningCopyWithoutAnOwnerWindowIsLeftAlone) {
+    ExpectSearch(window);
+    EXPECT_CALL(finder_, OwnerOf(window)).WillOnce(Return(0U));
+    TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
+    EXPECT_EQ(guard.Check(), TStart::End);
+}
+
+TEST_F(SingleInstance, TheLockLiesInTheRuntimeFolder) {
+    const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
+    QFile::setPermissions(folder_.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qputenv("XDG_RUNTIME_DIR", folder_.path().toLocal8Bit());
+    EXPECT_EQ(SingleInstanceFolder(), folder_.path());
+    before.isNull() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", before);
+}
+
+TEST(SingleInstanceEntry, WorksWithoutAnApplicationObject) {
+    EXPECT_FALSE(withoutApplication.application);
+    EXPECT_EQ(withoutApplication.first, TStart::Go);
+    EXPECT_EQ(withoutApplication.second, TStart::End);
+}
