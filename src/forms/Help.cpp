@@ -8,7 +8,6 @@
 #include <QFontDatabase>
 #include <QPlainTextEdit>
 #include <QStringDecoder>
-#include <QTextCursor>
 #include <QVBoxLayout>
 
 namespace {
@@ -32,16 +31,17 @@ QByteArray ReadFile(const QString &name) {
 }
 
 QString Decode(const QByteArray &bytes) {
-    QStringDecoder utf8(QStringDecoder::Utf8);
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = utf8(bytes);
     return utf8.hasError() ? QString::fromLatin1(bytes) : text;
 }
 
-QStringList Lines(QString text) {
+/// The lines of a text, whatever ends them, as a memo keeps them.
+QString Lines(QString text) {
     text.replace("\r\n", "\n").replace('\r', '\n');
     if (text.endsWith('\n'))
         text.chop(1);
-    return text.isEmpty() ? QStringList() : text.split('\n');
+    return text;
 }
 } // namespace
 
@@ -62,8 +62,5 @@ TfrmHelp::TfrmHelp(const QString &fileName, QWidget *parent)
     const QFontMetrics font = Memo1->fontMetrics();
     resize(font.averageCharWidth() * columns, font.lineSpacing() * rows);
 
-    const QStringList lines = Lines(Decode(ReadFile(ProgramDirectory() + fileName)));
-    for (const QString &line : lines)
-        Memo1->appendPlainText(line);
-    Memo1->moveCursor(QTextCursor::Start);
+    Memo1->setPlainText(Lines(Decode(ReadFile(ProgramDirectory() + fileName))));
 }

@@ -5,8 +5,11 @@
 #include <gmock/gmock.h>
 
 namespace {
+/// How the screenless platform reports what it lacks: raising windows, least sizes.
+const QString platformGap = "This plugin does not support ";
+
 void FailOnWarning(QtMsgType type, const QMessageLogContext &, const QString &text) {
-    if (type != QtDebugMsg && type != QtInfoMsg)
+    if (type != QtDebugMsg && type != QtInfoMsg && !text.startsWith(platformGap))
         ADD_FAILURE() << "toolkit message: " << text.toStdString();
 }
 } // namespace

@@ -1,0 +1,228 @@
+#include "forms/QtDialogs.h"
+
+#include "forms/Hourglass.h"
+
+#include <functional>
+
+#include <QAbstractButton>
+#include <QAbstractItemModel>
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <gmock/gmock.h>
+
+namespace {
+/// Runs `act` on the dialog of the wanted kind as soon as the toolkit has it open.
+template <class Dialog>
+void WhenOpen(std::function<void(Dialog &)> act) {
+    QTimer::singleShot(0, qApp, [act] {
+        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        act(*dialog);
+        // A test that found no way to close it must fail, not hang.
+        if (dialog->isVisible())
+            dialog->reject();
+    });
+}
+
+void Touch(const QString &name) {
+    QFile file(name);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+}
+
+void Type(QFileDialog &dialog, const QString &name) {
+    auto *edit = dialog.findChild<QLineEdit *>("fileNameEdit");
+    edit->setText(name);
+    QTest::keyClick(edit, Qt::Key_Return);
+}
+
+class QtDialogs : public testing::Test {
+protected:
+    QtDialogs() { QApplication::setApplicationName("Dialog Test"); }
+
+    TQtDialogs dialogs;
+    QTemporaryDir folder;
+};
+
+struct TAnswerCase {
+    const char *name;
+    QMessageBox::StandardButton button; ///< NoButton: Escape
+    bool withCancel;
+    TAnswer answer;
+};
+
+class QtDialogsAnswer : public QtDialogs, public testing::WithParamInterface<TAnswerCase> {};
+
+const TAnswerCase answers[] = {
+    {"yes", QMessageBox::Yes, false, TAnswer::Yes},
+    {"no", QMessageBox::No, false, TAnswer::No},
+    {"escape_is_no", QMessageBox::NoButton, false, TAnswer::No},
+    {"three_yes", QMessageBox::Yes, true, TAnswer::Yes},
+    {"three_no", QMessageBox::No, true, TAnswer::No},
+    {"three_cancel", QMessageBox::Cancel, true, TAnswer::Cancel},
+    {"three_escape_is_cancel", QMessageBox::NoButton, true, TAnswer::Cancel},
+};
+} // namespace
+
+TEST_P(QtDialogsAnswer, IsTheButtonPressed) {
+    int buttons = 0;
+    WhenOpen<QMessageBox>([&](QMessageBox &box) {
+        buttons = int(box.buttons().size());
+        EXPECT_EQ(box.text(), "Commit Changes?");
+        if (GetParam().button == QMessageBox::NoButton)
+            QTest::keyClick(&box, Qt::Key_Escape);
+        else
+            QTest::mouseClick(box.button(GetParam().button), Qt::LeftButton);
+    });
+    const TAnswer answer = GetParam().withCancel ? dialogs.AskYesNoCancel("Commit Changes?")
+                                                 : dialogs.AskYesNo("Commit Changes?");
+    EXPECT_EQ(answer, GetParam().answer);
+    EXPECT_EQ(buttons, GetParam().withCancel ? 3 : 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, QtDialogsAnswer, testing::ValuesIn(answers),
+                         [](const auto &test) { return std::string(test.param.name); });
+
+TEST_F(QtDialogs, AMessageIsPlainTextUnderTheApplicationsTitle) {
+    bool seen = false;
+    WhenOpen<QMessageBox>([&](QMessageBox &box) {
+        seen = true;
+        EXPECT_EQ(box.text(), "<b>not bold</b> & so on");
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.windowTitle(), "Dialog Test");
+        ASSERT_EQ(box.buttons().size(), 1);
+        box.buttons().constFirst()->click();
+    });
+    dialogs.ShowMessage("<b>not bold</b> & so on");
+    EXPECT_TRUE(seen);
+}
+
+TEST_F(QtDialogs, ABoxIsModalToTheActiveWindow) {
+    QWidget window;
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    WhenOpen<QMessageBox>([&](QMessageBox &box) {
+        EXPECT_TRUE(box.isModal());
+        EXPECT_EQ(box.parentWidget(), &window);
+        box.reject();
+    });
+    dialogs.ShowMessage("text");
+}
+
+TEST_F(QtDialogs, TheHourglassWaitsWhileABoxIsUp) {
+    const THourglass hourglass;
+    WhenOpen<QMessageBox>([](QMessageBox &box) {
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+        box.reject();
+    });
+    dialogs.ShowMessage("text");
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+}
+
+TEST_F(QtDialogs, WithoutAnHourglassTheCursorIsLeftAlone) {
+    WhenOpen<QMessageBox>([](QMessageBox &box) {
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        box.reject();
+    });
+    dialogs.ShowMessage("text");
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(QtDialogs, AnInputBoxGivesTheTextOrOnCancelItsDefault) {
+    WhenOpen<QInputDialog>([](QInputDialog &dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Find <b>");
+        EXPECT_EQ(dialog.findChild<QLabel *>()->text(), "Value && <b>more</b>");
+        EXPECT_EQ(dialog.findChild<QLabel *>()->textFormat(), Qt::PlainText);
+        EXPECT_EQ(dialog.textValue(), "7");
+        dialog.findChild<QLineEdit *>()->setText("$1F");
+        dialog.accept();
+    });
+    EXPECT_EQ(dialogs.InputBox("Find <b>", "Value & <b>more</b>", "7"), "$1F");
+    WhenOpen<QInputDialog>([](QInputDialog &dialog) {
+        dialog.findChild<QLineEdit *>()->setText("$1F");
+        dialog.reject();
+    });
+    EXPECT_EQ(dialogs.InputBox("Find", "Value", "7"), "7");
+}
+
+TEST_F(QtDialogs, TheOpenDialogFiltersWithoutRegardToLetterCase) {
+    for (const char *name : {"upper.BIN", "lower.bin", "other.txt"})
+        Touch(folder.filePath(name));
+    QStringList listed;
+    WhenOpen<QFileDialog>([&](QFileDialog &dialog) {
+        const auto *list = dialog.findChild<QListView *>("listView");
+        const auto names = [list] {
+            QStringList found;
+            for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
+                found << list->model()->index(row, 0, list->rootIndex()).data().toString();
+            return found;
+        };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return names().size() >= 2; }));
+        listed = names();
+        listed.sort();
+        dialog.reject();
+    });
+    EXPECT_EQ(dialogs.OpenFile("ROM Image (*.BIN)|*.BIN", folder.path()), "");
+    EXPECT_EQ(listed, QStringList({"lower.bin", "upper.BIN"}));
+}
+
+TEST_F(QtDialogs, TheOpenDialogGivesTheFullPathOfTheFile) {
+    Touch(folder.filePath("rom.BIN"));
+    WhenOpen<QFileDialog>([](QFileDialog &dialog) { Type(dialog, "rom.BIN"); });
+    EXPECT_EQ(dialogs.OpenFile("ROM Image (*.BIN)|*.BIN", folder.path()),
+              QDir::toNativeSeparators(folder.filePath("rom.BIN")));
+}
+
+TEST_F(QtDialogs, TheOpenDialogTakesANameThatDoesNotExist) {
+    WhenOpen<QFileDialog>([](QFileDialog &dialog) { Type(dialog, "gone.BIN"); });
+    EXPECT_EQ(dialogs.OpenFile("ROM Image (*.BIN)|*.BIN", folder.path()),
+              QDir::toNativeSeparators(folder.filePath("gone.BIN")));
+}
+
+TEST_F(QtDialogs, TheSaveDialogAddsItsExtensionAndRemembersTheName) {
+    QObject page;
+    TSaveDialog save(&page, "SaveDialog1");
+    save.title = "Save ROM Image";
+    save.filter = "ROM Image (*.BIN)|*.BIN";
+    save.defaultExt = ".BIN";
+    save.fileName = folder.filePath("old.BIN");
+    WhenOpen<QFileDialog>([](QFileDialog &dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Save ROM Image");
+        EXPECT_EQ(dialog.findChild<QLineEdit *>("fileNameEdit")->text(), "old.BIN");
+        EXPECT_EQ(dialog.nameFilters(), QStringList({"ROM Image (*.BIN)"}));
+        Type(dialog, "new");
+    });
+    EXPECT_TRUE(dialogs.RunSaveDialog(save));
+    EXPECT_EQ(save.fileName, QDir::toNativeSeparators(folder.filePath("new.BIN")));
+}
+
+TEST_F(QtDialogs, ACancelledSaveDialogKeepsTheName) {
+    QObject page;
+    TSaveDialog save(&page, "SaveDialog1");
+    save.fileName = folder.filePath("old.BIN");
+    WhenOpen<QFileDialog>([](QFileDialog &dialog) { dialog.reject(); });
+    EXPECT_FALSE(dialogs.RunSaveDialog(save));
+    EXPECT_EQ(save.fileName, folder.filePath("old.BIN"));
+}
+
+TEST_F(QtDialogs, TheSaveDialogDoesNotAskAboutOverwriting) {
+    Touch(folder.filePath("old.BIN"));
+    QObject page;
+    TSaveDialog save(&page, "SaveDialog1");
+    save.fileName = folder.filePath("old.BIN");
+    WhenOpen<QFileDialog>([](QFileDialog &dialog) {
+        Type(dialog, "old.BIN");
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    EXPECT_TRUE(dialogs.RunSaveDialog(save));
+    EXPECT_EQ(save.fileName, QDir::toNativeSeparators(folder.filePath("old.BIN")));
+}
