@@ -26,8 +26,7 @@ std::string_view HeaderName(std::string_view line) {
 
 bool HasKey(std::string_view line, std::string_view key) {
     const std::size_t equals = line.find('=');
-    return equals != std::string_view::npos && !Trim(line).starts_with(';') &&
-           SameName(Trim(line.substr(0, equals)), key);
+    return equals != std::string_view::npos && SameName(Trim(line.substr(0, equals)), key);
 }
 
 bool IsQuoted(std::string_view value) {

@@ -1,7 +1,8 @@
 #include "samples/SampleFiles.h"
 
+#include "support/TemporaryFolder.h"
+
 #include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include <gmock/gmock.h>
@@ -13,18 +14,14 @@ namespace fs = std::filesystem;
 namespace {
 
 std::string Bytes(const fs::path &path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    const std::vector<std::uint8_t> bytes = GetFile(path);
+    return {bytes.begin(), bytes.end()};
 }
 
 class TSampleFolder : public testing::Test {
 protected:
-    void SetUp() override { fs::create_directory(folder_); }
-    void TearDown() override { fs::remove_all(folder_); }
-
-    const fs::path folder_ =
-        fs::path(testing::TempDir()) /
-        (std::string("samples_") + testing::UnitTest::GetInstance()->current_test_info()->name());
+    const TTemporaryFolder temporary_;
+    const fs::path folder_ = temporary_.Path();
     std::ostringstream out_;
     std::ostringstream err_;
 };

@@ -1,6 +1,7 @@
 // The sample spec files, read as the program reads them.
 #include "samples/SampleFiles.h"
 #include "spec/SpecFile.h"
+#include "support/ModelFixture.h"
 
 #include <algorithm>
 
@@ -17,15 +18,11 @@ const fs::path samples = fs::path(FERROLYN_SOURCE_DIR) / "samples";
 
 class TSampleSpec : public testing::TestWithParam<const char *> {
 protected:
-    TSampleSpec() : oldImage_(ExchangeROMImage(std::make_unique<TROMImage>())) {
+    TSampleSpec() {
         ROMImage()->LoadFromFile(samples / "FERRO32K.BIN");
         const TIniFile ini = TIniFile::Load(samples / GetParam());
         placed_ = PlaceFromSpec(ini, fuel_, timing_);
         ReadTimingConstants(ini);
-    }
-    ~TSampleSpec() override {
-        TimingConstants() = {};
-        ExchangeROMImage(std::move(oldImage_));
     }
 
     static std::vector<std::int32_t> Places(const TMapSet &mapSet) {
@@ -56,12 +53,10 @@ protected:
         }
     }
 
+    const TFreshModel fresh_;
     TFuelMapSet fuel_;
     TTimingMapSet timing_;
     bool placed_ = false;
-
-private:
-    std::unique_ptr<TROMImage> oldImage_;
 };
 
 TEST_P(TSampleSpec, LeadsToTheSixMapsAndTheRevLimiter) {

@@ -1,7 +1,7 @@
 #include "spec/IniFile.h"
 
-#include "TempFolder.h"
 #include "model/ROMTypes.h"
+#include "specfile/TextFolder.h"
 
 #include <sys/stat.h>
 
@@ -182,7 +182,7 @@ TEST(IniFile, WritesLineBreaksInAValueAsBlanks) {
     EXPECT_EQ(ini.Text(), "[Main]\nkey=a  [Evil] b\n");
 }
 
-using TIniFiles = TTempFolder;
+using TIniFiles = TTextFolder;
 
 TEST_F(TIniFiles, LoadAndSaveKeepEveryByteOfUtf8) {
     const std::string text = "; label\r\n\r\n[Main]\r\n  key = 1 \r\njunk\r\n";

@@ -1,4 +1,4 @@
-#include "SpecFixture.h"
+#include "specfile/SpecFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -56,7 +56,7 @@ TEST_F(TSpecRead, DirectFormPlacesBothSetsAndTheRevLimiter) {
     EXPECT_EQ(timing_.PTMap->LoadCount(), 2);
     EXPECT_EQ(fuel_.revLimiter.offset, 0x1F0);
     EXPECT_EQ(fuel_.revLimiter.GetValue(), 6800);
-    EXPECT_THAT(messages_, IsEmpty());
+    EXPECT_THAT(Messages(), IsEmpty());
 }
 
 TEST_F(TSpecRead, PointerFormPlacesBothSetsThroughTheMask) {
@@ -132,7 +132,7 @@ TEST_F(TSpecRead, PointerFormZeroesTheSetsFirst) {
     timing_.SetShowConverted(true);
     TimingConstants() = {};
     ASSERT_TRUE(Place(pointers));
-    EXPECT_THAT(messages_, ElementsAre(StrEq("Timing Divider Not yet Set")));
+    EXPECT_THAT(Messages(), ElementsAre(StrEq("Timing Divider Not yet Set")));
     EXPECT_THAT(TimingPlaces(), ElementsAre(0x400, 0x500, 0x600));
 }
 
@@ -152,18 +152,17 @@ TEST_F(TSpecRead, PlacesThatNoImageHasAreNoError) {
                       "[Other Maps]\nrevlimit_offset=-1\n"));
     EXPECT_EQ(fuel_.IdleMap->GetLocation(), 0x7FFFFFFF);
     EXPECT_EQ(fuel_.revLimiter.offset, -1);
-    EXPECT_THAT(messages_, IsEmpty());
+    EXPECT_THAT(Messages(), IsEmpty());
     EXPECT_TRUE(Place("[Main]\nprimary_offset=$7FFFFFFF\nbitmask=-1\n"
                       "fuelmap_pt_pointer_offset=$7FFFFFFF\n"));
     EXPECT_EQ(fuel_.PTMap->location->offset, -2);
 }
 
 TEST_F(TSpecRead, WorksWithoutAnImage) {
-    auto image = ExchangeROMImage(nullptr);
+    RemoveImage();
     EXPECT_TRUE(Place(direct));
     EXPECT_TRUE(Place(pointers));
     EXPECT_EQ(fuel_.revLimiter.offset, 0x1F0);
-    ExchangeROMImage(std::move(image));
 }
 
 // What is no integer: placing is skipped silently, whatever the rev limiter's key holds.
@@ -183,7 +182,7 @@ TEST_P(TSpecBadInteger, SkipsThePlacingOfBothSets) {
     ExpectNothingPlaced();
     EXPECT_FALSE(Place(Replaced(text, "revlimit_offset=$1F0", "revlimit_offset=abc")));
     ExpectNothingPlaced();
-    EXPECT_THAT(messages_, IsEmpty());
+    EXPECT_THAT(Messages(), IsEmpty());
 }
 
 const TBadLine badLines[] = {

@@ -1,5 +1,5 @@
-#include "TempFolder.h"
 #include "spec/SpecFile.h"
+#include "specfile/TextFolder.h"
 
 #include <algorithm>
 #include <sys/stat.h>
@@ -30,7 +30,7 @@ struct TFirstLine {
     std::vector<std::string> labels;
 };
 
-class TSpecLabel : public TTempFolder, public testing::WithParamInterface<TFirstLine> {};
+class TSpecLabel : public TTextFolder, public testing::WithParamInterface<TFirstLine> {};
 
 TEST_P(TSpecLabel, ComesFromTheFirstLine) {
     Write("E2A.SPC", GetParam().text);
@@ -76,7 +76,7 @@ const TFirstLine firstLines[] = {
 INSTANTIATE_TEST_SUITE_P(Lines, TSpecLabel, testing::ValuesIn(firstLines),
                          [](const auto &test) { return std::string(test.param.name); });
 
-using TSpecScanTest = TTempFolder;
+using TSpecScanTest = TTextFolder;
 
 TEST_F(TSpecScanTest, CutsALongFileName) {
     const std::string name = forty + "x.spc";
@@ -149,7 +149,7 @@ struct TCount {
     bool moreRemain;
 };
 
-class TSpecCount : public TTempFolder, public testing::WithParamInterface<TCount> {};
+class TSpecCount : public TTextFolder, public testing::WithParamInterface<TCount> {};
 
 TEST_P(TSpecCount, IsLimited) {
     for (int i = 0; i < GetParam().files; ++i)
@@ -165,11 +165,14 @@ INSTANTIATE_TEST_SUITE_P(Files, TSpecCount,
                                          TCount{22, 21, true}, TCount{40, 21, true}),
                          [](const auto &test) { return std::to_string(test.param.files); });
 
-TEST_F(TSpecScanTest, DoesNotCountSkippedFiles) {
+TEST_F(TSpecScanTest, DoesNotCountFolders) {
+    // Folders before and behind the files, whichever way the file system goes.
+    for (int i = 0; i < 100; ++i)
+        fs::create_directory(folder_ / (std::to_string(i) + ".spc"));
     for (int i = 0; i < 21; ++i)
-        Write(std::to_string(i) + ".spc", "; label");
-    fs::create_directory(folder_ / "folder.spc");
-    Write("other.bin", "; label");
+        Write("file" + std::to_string(i) + ".spc", "; label");
+    for (int i = 100; i < 200; ++i)
+        fs::create_directory(folder_ / (std::to_string(i) + ".spc"));
     const TSpecScan scan = ScanSpecFiles(folder_);
     EXPECT_EQ(scan.entries.size(), 21U);
     EXPECT_FALSE(scan.moreRemain) << "nothing remains that could be listed by its name";

@@ -1,4 +1,4 @@
-#include "SpecFixture.h"
+#include "specfile/SpecFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
