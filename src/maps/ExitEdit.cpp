@@ -1,0 +1,15 @@
+#include "maps/ExitEdit.h"
+
+#include <QFocusEvent>
+
+TExitEdit::TExitEdit(QWidget *parent) : QLineEdit(parent) {
+    connect(this, &QLineEdit::returnPressed, this, &TExitEdit::Left);
+}
+
+void TExitEdit::focusOutEvent(QFocusEvent *event) {
+    QLineEdit::focusOutEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+        reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason)
+        emit Left();
+}

@@ -1,0 +1,109 @@
+#include "maps/FuelMaps.h"
+
+#include "forms/Dialogs.h"
+#include "forms/Guard.h"
+#include "model/Numbers.h"
+
+#include <limits>
+
+#include <QPushButton>
+
+namespace {
+void SetTextColor(QWidget &control, const QColor &color) {
+    QPalette colors = control.palette();
+    colors.setColor(QPalette::Text, color);
+    control.setPalette(colors);
+}
+} // namespace
+
+TfrmFuelMaps::TfrmFuelMaps(QWidget *parent, TWorkspace &sharedWorkspace, TFuelMapSet &mapSet)
+    : TfrmMaps(parent, sharedWorkspace, mapSet),
+      FuelMapSet(&sharedWorkspace.fuelMapSet),
+      revLabel_(new QLabel(tr("Max RPM"), this)),
+      spnRevLimiter_(new QSpinBox(this)) {
+    setObjectName("frmFuelMaps");
+    setWindowTitle("/\\ Trim");
+    MakeRevLimiter();
+}
+
+void TfrmFuelMaps::MakeRevLimiter() {
+    revLabel_->setObjectName("Label1");
+    revLabel_->setBuddy(spnRevLimiter_);
+    spnRevLimiter_->setObjectName("spnRevLimiter");
+    spnRevLimiter_->setAccessibleName(revLabel_->text());
+    spnRevLimiter_->setSingleStep(40);
+    // Both bounds 0 mean unbounded: an entry beyond 10,200 rpm wraps like any other.
+    spnRevLimiter_->setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
+    spnRevLimiter_->setFixedWidth(spnRevLimiter_->fontMetrics().horizontalAdvance("-000000") + 48);
+    auto *btnSaverev = new QPushButton(tr("Commit"), this);
+    btnSaverev->setObjectName("btnSaverev");
+    auto *btnResetRev = new QPushButton(tr("Reset"), this);
+    btnResetRev->setObjectName("btnResetRev");
+    int place = 0;
+    for (QWidget *control :
+         std::initializer_list<QWidget *>{revLabel_, spnRevLimiter_, btnSaverev, btnResetRev})
+        BottomLine().insertWidget(place++, control);
+    ConnectGuarded(spnRevLimiter_, &QSpinBox::textChanged, this, [this] { spnRevLimiterChange(); });
+    ConnectGuarded(btnSaverev, &QPushButton::clicked, this, [this] { btnSavePTClick(); });
+    ConnectGuarded(btnResetRev, &QPushButton::clicked, this, [this] { btnResetPTClick(); });
+}
+
+void TfrmFuelMaps::ShowPage() {
+    FuelMapSet = &workspace.fuelMapSet;
+    spnRevLimiter_->setVisible(FuelMapSet->HasRevLimiter());
+    revLabel_->setVisible(FuelMapSet->HasRevLimiter());
+    ShowRevLimiter();
+    TfrmMaps::ShowPage();
+}
+
+void TfrmFuelMaps::ShowRevLimiter() {
+    spnRevLimiter_->setValue(Round(FuelMapSet->revLimiter.GetValue()));
+    SetTextColor(*spnRevLimiter_, QPalette().color(QPalette::Text));
+    RevChanged = false;
+}
+
+void TfrmFuelMaps::TakeRevLimiter() {
+    FuelMapSet->revLimiter.SetValue(spnRevLimiter_->value());
+}
+
+bool TfrmFuelMaps::QueryClose() {
+    CloseEditors();
+    if ((AnyChanged() || RevChanged) && Dialogs().AskYesNo(tr("Commit Changes?")) == TAnswer::Yes) {
+        CommitAll();
+        if (RevChanged) {
+            TakeRevLimiter();
+            RevChanged = false;
+            DataChanged = true;
+        }
+    }
+    SetPageVisible(false);
+    return true;
+}
+
+void TfrmFuelMaps::spnRevLimiterChange() {
+    SetTextColor(*spnRevLimiter_, Qt::blue);
+    RevChanged = true;
+}
+
+void TfrmFuelMaps::btnSavePTClick() {
+    TfrmMaps::btnSavePTClick();
+    // The text stays blue and DataChanged stays as it is; both are intended.
+    if (FuelMapSet->HasRevLimiter())
+        TakeRevLimiter();
+    RevChanged = false;
+}
+
+void TfrmFuelMaps::btnResetPTClick() {
+    TfrmMaps::btnResetPTClick();
+    if (FuelMapSet->HasRevLimiter())
+        ShowRevLimiter();
+    RevChanged = false;
+}
+
+void TfrmFuelMaps::CopyFuel(TMapKind kind) {
+    CopyMap(FuelMapSet->Map(kind), kind, workspace.fuelPasteSlots);
+}
+
+void TfrmFuelMaps::PasteFuel(TMapKind kind) {
+    PasteMap(kind, workspace.fuelPasteSlots, "Fuel");
+}

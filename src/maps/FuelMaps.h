@@ -1,0 +1,43 @@
+// The fuel (lambda trim) map page: the three fuel maps and the rev limiter. Sibling: TimingMaps.h.
+#pragma once
+
+#include "maps/Maps.h"
+
+#include <QLabel>
+#include <QSpinBox>
+
+class TfrmFuelMaps : public TfrmMaps {
+    Q_OBJECT
+public:
+    /// `mapSet` and `workspace` outlive the page.
+    TfrmFuelMaps(QWidget *parent, TWorkspace &workspace, TFuelMapSet &mapSet);
+
+    TFuelMapSet
+        *FuelMapSet; ///< the workspace's set, taken at each show; rev limiter and "Copy Map" use it
+    bool RevChanged = false; ///< the spin edit was changed and not yet committed
+
+    void ShowPage() override;
+    bool QueryClose() override;
+
+    void spnRevLimiterChange();
+    // Bound to the part throttle map's buttons and to the rev limiter's: each commits or resets
+    // both.
+    void btnSavePTClick() override;
+    void btnResetPTClick() override;
+    void Copy1Click() override { CopyFuel(TMapKind::PT); }
+    void Copy2Click() override { CopyFuel(TMapKind::Idle); }
+    void Copy3Click() override { CopyFuel(TMapKind::WOT); }
+    void Paste1Click() override { PasteFuel(TMapKind::PT); }
+    void Paste2Click() override { PasteFuel(TMapKind::Idle); }
+    void Paste3Click() override { PasteFuel(TMapKind::WOT); }
+
+private:
+    void MakeRevLimiter();
+    void ShowRevLimiter();
+    void TakeRevLimiter();
+    void CopyFuel(TMapKind kind);
+    void PasteFuel(TMapKind kind);
+
+    QLabel *revLabel_;
+    QSpinBox *spnRevLimiter_;
+};

@@ -1,0 +1,89 @@
+#include "maps/MapPanel.h"
+
+#include <array>
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace {
+constexpr std::array<TMapPanelTraits, 3> panelTraits{{
+    {TMapKind::PT, "Partial Throttle ", 12, 12, "Panel1", "lblPTGrid", "edtPTOffset", "grdPTMap",
+     "chtPTMap", "btnSavePT", "btnResetPT", "PopupMenu1", "Copy1", "Paste1", "UnlockAxis1"},
+    {TMapKind::Idle, "Idle ", 1, 10, "Panel2", "lblIdGrid", "edtIdOffset", "grdIdMap", "chtIdMap",
+     "btnSaveIdle", "btnResetIdle", "PopupMenu2", "Copy2", "Paste2", "UnlockAxis2"},
+    {TMapKind::WOT, "Full Throttle ", 1, 20, "Panel3", "lblFTGrid", "edtFTOffset", "grdFTMap",
+     "chtFTMap", "btnSaveFT", "btnResetFT", "PopupMenu3", "Copy3", "Paste3", "UnlockAxis3"},
+}};
+} // namespace
+
+const TMapPanelTraits &PanelTraits(TMapKind kind) {
+    return panelTraits[static_cast<std::size_t>(kind)];
+}
+
+TMapPanel::TMapPanel(QWidget *parent, const TMapPanelTraits &rowTraits)
+    : QWidget(parent),
+      traits(rowTraits),
+      panel(new QFrame(this)),
+      title(new QLabel(panel)),
+      offset(new TOffsetEdit(panel, rowTraits.offset)),
+      grid(new TStringAlignGrid(panel)),
+      chart(new TAreaChart(this, rowTraits.chart)),
+      commit(new QPushButton(tr("Commit"), chart)),
+      reset(new QPushButton(tr("Reset"), chart)),
+      menu(new QMenu(this)),
+      copyAction(menu->addAction(tr("Copy Map"))),
+      pasteAction(menu->addAction(tr("Paste Map"))),
+      unlockAction(menu->addAction(tr("Unlock Axis"))),
+      gridView(*grid) {
+    MakePanel();
+    MakeChart();
+    MakeMenu();
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(panel, 0, Qt::AlignTop);
+    row->addWidget(chart, 1);
+}
+
+void TMapPanel::MakePanel() {
+    panel->setObjectName(traits.panel);
+    title->setObjectName(traits.title);
+    grid->setObjectName(traits.grid);
+    grid->Alignment = TAlign::Right;
+    grid->Editable = true;
+    auto *offsetLabel = new QLabel(tr("offset"), panel);
+    offsetLabel->setBuddy(offset);
+    offset->setToolTip(tr("Double-click to enter new offset to map"));
+    offset->setMaximumWidth(offset->fontMetrics().horizontalAdvance("$FFFFFFFF") + 24);
+
+    auto *head = new QHBoxLayout;
+    head->addWidget(title);
+    head->addStretch(1);
+    head->addWidget(offsetLabel);
+    head->addWidget(offset);
+    auto *column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addLayout(head);
+    column->addWidget(grid);
+}
+
+void TMapPanel::MakeChart() {
+    commit->setObjectName(traits.commit);
+    reset->setObjectName(traits.reset);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(commit);
+    buttons->addWidget(reset);
+    auto *column = new QVBoxLayout(chart);
+    column->addStretch(1);
+    column->addLayout(buttons);
+}
+
+void TMapPanel::MakeMenu() {
+    menu->setObjectName(traits.menu);
+    copyAction->setObjectName(traits.copy);
+    pasteAction->setObjectName(traits.paste);
+    unlockAction->setObjectName(traits.unlock);
+    grid->setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(grid, &QWidget::customContextMenuRequested, menu,
+                     [this](const QPoint &at) { menu->popup(grid->viewport()->mapToGlobal(at)); });
+}

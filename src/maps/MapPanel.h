@@ -1,0 +1,62 @@
+// One map's row on a map page: on the left its panel (title, offset box, grid), on the right its
+// chart with the buttons "Commit" and "Reset". Only the controls and their places; what they do is
+// the page's, in Maps.h.
+#pragma once
+
+#include "maps/AreaChart.h"
+#include "maps/MapGrid.h"
+#include "maps/OffsetEdit.h"
+#include "model/MapSets.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+
+/// What tells the three rows of a page apart: the names of their controls, the words of the title,
+/// and how much of the grid is shown without scroll bars.
+struct TMapPanelTraits {
+    TMapKind kind;
+    const char *heading; ///< before the page caption and " Map"
+    int maxRows;
+    int maxColumns;
+    const char *panel;
+    const char *title;
+    const char *offset;
+    const char *grid;
+    const char *chart;
+    const char *commit;
+    const char *reset;
+    const char *menu;
+    const char *copy;
+    const char *paste;
+    const char *unlock;
+};
+
+/// The traits of the row that shows `kind`.
+const TMapPanelTraits &PanelTraits(TMapKind kind);
+
+class TMapPanel : public QWidget {
+public:
+    TMapPanel(QWidget *parent, const TMapPanelTraits &traits);
+
+    const TMapPanelTraits &traits;
+    QFrame *panel;
+    QLabel *title;
+    TOffsetEdit *offset;
+    TStringAlignGrid *grid;
+    TAreaChart *chart;
+    QPushButton *commit;
+    QPushButton *reset;
+    QMenu *menu;
+    QAction *copyAction;
+    QAction *pasteAction;
+    QAction *unlockAction;
+    TMapGrid gridView; ///< the grid as the model sees it
+
+private:
+    void MakePanel();
+    void MakeChart();
+    void MakeMenu();
+};

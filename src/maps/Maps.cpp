@@ -1,0 +1,298 @@
+#include "maps/Maps.h"
+
+#include "forms/Dialogs.h"
+#include "forms/Guard.h"
+#include "forms/KelvaneNotebook.h"
+#include "maps/ChartData.h"
+#include "maps/PasteBuffer.h"
+#include "maps/ToolWindow.h"
+#include "model/Numbers.h"
+
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace {
+constexpr std::array allKinds{TMapKind::PT, TMapKind::Idle, TMapKind::WOT};
+
+/// The load point of a one-axis map: idle at closed, full throttle at open throttle.
+double SingleLoadPoint(TMapKind kind) {
+    return kind == TMapKind::WOT ? 100 : 0;
+}
+
+/// The number of a header cell such as "40%".
+std::string BeforePercent(const std::string &text) {
+    return text.substr(0, text.find('%'));
+}
+
+/// What a cell of the grid says as a number; only the part throttle grid has load headers to edit.
+double CellNumber(const TMapPanel &row, int column, int gridRow) {
+    const std::string text = row.gridView.Cell(column, gridRow);
+    const bool loadHeader = row.traits.kind == TMapKind::PT && column == 0;
+    return ParseReal(loadHeader ? BeforePercent(text) : text);
+}
+} // namespace
+
+TfrmMaps::TfrmMaps(QWidget *parent, TWorkspace &sharedWorkspace, TMapSet &mapSet)
+    : TEmbeddedForm(parent),
+      MapSet(&mapSet),
+      workspace(sharedWorkspace),
+      panels_{},
+      chkInterpret_(new QCheckBox(tr("Interpret Byte Values"), this)),
+      bottomLine_(new QHBoxLayout) {
+    MakeControls();
+}
+
+TfrmMaps::~TfrmMaps() {
+    delete ToolWindow;
+}
+
+void TfrmMaps::MakeControls() {
+    auto *content = new QWidget;
+    auto *rows = new QVBoxLayout(content);
+    for (const TMapKind kind : allKinds) {
+        auto *row = new TMapPanel(content, PanelTraits(kind));
+        panels_[static_cast<std::size_t>(kind)] = row;
+        ConnectPanel(*row);
+        rows->addWidget(row, kind == TMapKind::PT ? 1 : 0);
+    }
+    auto *scroll = new QScrollArea(this);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(content);
+
+    auto *btnRecalculate = new QPushButton(tr("Recalculate"), this);
+    btnRecalculate->setObjectName("btnRecalculate");
+    auto *btnClose = new QPushButton(tr("Close Page"), this);
+    btnClose->setObjectName("btnClose");
+    chkInterpret_->setObjectName("chkInterpret");
+    bottomLine_->addStretch(1);
+    for (QWidget *control :
+         std::initializer_list<QWidget *>{chkInterpret_, btnRecalculate, btnClose})
+        bottomLine_->addWidget(control);
+    ConnectGuarded(chkInterpret_, &QCheckBox::clicked, this, [this] { chkInterpretClick(); });
+    ConnectGuarded(btnRecalculate, &QPushButton::clicked, this, [this] { btnRecalculateClick(); });
+    ConnectGuarded(btnClose, &QPushButton::clicked, this, [this] { btnCloseClick(); });
+
+    auto *page = new QVBoxLayout(this);
+    page->addWidget(scroll, 1);
+    page->addLayout(bottomLine_);
+}
+
+void TfrmMaps::ConnectPanel(TMapPanel &row) {
+    using THandlers = struct {
+        void (TfrmMaps::*beforeEdit)(int, int), (TfrmMaps::*afterEdit)(int, int);
+        void (TfrmMaps::*commit)(), (TfrmMaps::*reset)(), (TfrmMaps::*offsetExit)();
+        void (TfrmMaps::*copy)(), (TfrmMaps::*paste)(), (TfrmMaps::*unlock)();
+    };
+    static constexpr std::array<THandlers, 3> handlers{{
+        {&TfrmMaps::grdPTMapBeforeEdit, &TfrmMaps::grdPTMapAfterEdit, &TfrmMaps::btnSavePTClick,
+         &TfrmMaps::btnResetPTClick, &TfrmMaps::edtPTOffsetExit, &TfrmMaps::Copy1Click,
+         &TfrmMaps::Paste1Click, &TfrmMaps::UnlockAxis1Click},
+        {&TfrmMaps::grdIdMapBeforeEdit, &TfrmMaps::grdIdMapAfterEdit, &TfrmMaps::btnSaveIdleClick,
+         &TfrmMaps::btnResetIdleClick, &TfrmMaps::edtIdOffsetExit, &TfrmMaps::Copy2Click,
+         &TfrmMaps::Paste2Click, &TfrmMaps::UnlockAxis2Click},
+        {&TfrmMaps::grdFTMapBeforeEdit, &TfrmMaps::grdFTMapAfterEdit, &TfrmMaps::btnSaveFTClick,
+         &TfrmMaps::btnResetFTClick, &TfrmMaps::edtFTOffsetExit, &TfrmMaps::Copy3Click,
+         &TfrmMaps::Paste3Click, &TfrmMaps::UnlockAxis3Click},
+    }};
+    const THandlers &own = handlers[static_cast<std::size_t>(row.traits.kind)];
+    row.grid->OnBeforeEdit = [this, &own](int c, int r) { (this->*own.beforeEdit)(c, r); };
+    row.grid->OnAfterEdit = [this, &own](int c, int r) { (this->*own.afterEdit)(c, r); };
+    const auto call = [this](auto handler) { return [this, handler] { (this->*handler)(); }; };
+    ConnectGuarded(row.commit, &QPushButton::clicked, this, call(own.commit));
+    ConnectGuarded(row.reset, &QPushButton::clicked, this, call(own.reset));
+    ConnectGuarded(row.copyAction, &QAction::triggered, this, call(own.copy));
+    ConnectGuarded(row.pasteAction, &QAction::triggered, this, call(own.paste));
+    ConnectGuarded(row.unlockAction, &QAction::triggered, this, call(own.unlock));
+    ConnectGuarded(row.offset, &TOffsetEdit::Left, this, call(own.offsetExit));
+    ConnectGuarded(row.offset, &TOffsetEdit::DoubleClicked, this,
+                   [this, box = row.offset] { edtOffsetDblClick(*box); });
+}
+
+bool &TfrmMaps::Changed(TMapKind kind) {
+    if (kind == TMapKind::PT)
+        return PTChanged;
+    return kind == TMapKind::Idle ? IdleChanged : FTChanged;
+}
+
+void TfrmMaps::ShowPage() {
+    chkInterpret_->setChecked(MapSet->showConverted);
+    LoadPTMap();
+    LoadIdleMap();
+    LoadFTMap();
+    SetPageVisible(true);
+}
+
+bool TfrmMaps::QueryClose() {
+    CloseEditors();
+    if (AnyChanged() && Dialogs().AskYesNo(tr("Commit Changes?")) == TAnswer::Yes)
+        CommitAll();
+    SetPageVisible(false);
+    return true;
+}
+
+void TfrmMaps::CommitAll() {
+    CommitPT();
+    CommitIdle();
+    CommitFT();
+}
+
+void TfrmMaps::FormShow() {
+    ToolWindow = new TfrmToolWindow(*this);
+}
+
+void TfrmMaps::FormHide() {
+    delete ToolWindow;
+}
+
+void TfrmMaps::LoadMap(TMapKind kind) {
+    TMapPanel &row = Panel(kind);
+    TMap &map = Map(kind);
+    // Read again first: the point counts may be others than those the grid was last sized by.
+    map.SetOffset(map.GetLocation());
+    if (kind != TMapKind::PT)
+        map.axes->throttleAxis->SetSinglePoint(SingleLoadPoint(kind));
+    map.data->SetShowConverted(MapSet->showConverted);
+    map.SizeGrid(row.gridView);
+    map.SizeChart(*row.chart);
+    FillMap(kind);
+    RedrawMapChart(kind);
+    ShowTitles(kind);
+    Changed(kind) = false;
+}
+
+void TfrmMaps::FillMap(TMapKind kind) {
+    TMapPanel &row = Panel(kind);
+    TMap &map = Map(kind);
+    std::string location;
+    map.FillGrid(row.gridView, location, map.GetCellFormat(), row.traits.maxRows,
+                 row.traits.maxColumns);
+    row.offset->setText(QString::fromStdString(location));
+}
+
+void TfrmMaps::ShowTitles(TMapKind kind) {
+    TMapPanel &row = Panel(kind);
+    const QString caption = windowTitle();
+    const QString title = row.traits.heading + caption + " Map";
+    row.title->setText(title);
+    row.grid->setAccessibleName(title);
+    row.chart->SetTitles(title, caption);
+}
+
+void TfrmMaps::RedrawMapChart(TMapKind kind) {
+    RedrawChart(Panel(kind).gridView, *Panel(kind).chart);
+}
+
+void TfrmMaps::Commit(TMapKind kind) {
+    TMapPanel &row = Panel(kind);
+    row.grid->CloseEditor();
+    if (Changed(kind)) {
+        try {
+            Map(kind).ReadGrid(row.gridView);
+            Map(kind).Save();
+            Changed(kind) = false;
+            DataChanged = true;
+        } catch (const std::exception &) {
+            Dialogs().ShowMessage(tr("Error saving new data"));
+        }
+    }
+    FillMap(kind);
+    setFocus();
+}
+
+void TfrmMaps::Reset(TMapKind kind) {
+    Panel(kind).grid->CloseEditor();
+    FillMap(kind);
+    RedrawMapChart(kind);
+    Changed(kind) = false;
+    setFocus();
+}
+
+void TfrmMaps::BeforeEdit(TMapKind kind, int column, int row) {
+    EditOldValue = CellNumber(Panel(kind), column, row);
+}
+
+void TfrmMaps::AfterEdit(TMapKind kind, int column, int row) {
+    TMapPanel &panel = Panel(kind);
+    CellNumber(panel, column, row); // a text that is no number stays as typed, unmarked
+    panel.gridView.SetFontColor(column, row, clBlue);
+    Changed(kind) = true;
+    RedrawMapChart(kind);
+}
+
+void TfrmMaps::chkInterpretClick() {
+    CloseEditors();
+    MapSet->SetShowConverted(chkInterpret_->isChecked());
+    // The flags stay although the edits are discarded, and no chart is drawn again: both are
+    // intended.
+    FillMap(TMapKind::PT);
+    FillMap(TMapKind::WOT);
+    FillMap(TMapKind::Idle);
+}
+
+void TfrmMaps::OffsetExit(TMapKind kind) {
+    TMapPanel &row = Panel(kind);
+    TMap &map = Map(kind);
+    if (kind == TMapKind::WOT)
+        map.SizeChart(*row.chart);
+    const int offset = ParseInteger(row.offset->text().toStdString());
+    // An unchanged number leaves the box writable; this is intended.
+    if (offset == map.GetLocation())
+        return;
+    if (Changed(kind)) {
+        Dialogs().ShowMessage(tr("You have uncommitted changes, save first"));
+        row.offset->setText(QString::fromStdString(FormatOffset(map.GetLocation())));
+    } else {
+        map.SetOffset(offset);
+        LoadMap(kind);
+    }
+    row.offset->SetWritable(false);
+}
+
+void TfrmMaps::UnlockAxis(TMapKind kind) {
+    TStringAlignGrid &grid = *Panel(kind).grid;
+    grid.SetFixedRows(0);
+    if (kind == TMapKind::PT)
+        grid.SetFixedCols(0);
+}
+
+void TfrmMaps::btnRecalculateClick() {
+    if (ToolWindow)
+        ToolWindow->setVisible(!ToolWindow->isVisible());
+}
+
+void TfrmMaps::btnCloseClick() {
+    if (TfrmKelvaneNotebook *host = Notebook())
+        host->CloseTab(host->PageIndex(this));
+}
+
+void TfrmMaps::CloseEditors() {
+    for (TMapPanel *row : panels_)
+        row->grid->CloseEditor();
+}
+
+void TfrmMaps::CopyMap(TMap &map, TMapKind kind, TPasteSlots &buffer) {
+    std::unique_ptr<TMap> copy = map.CreateCopy();
+    if (kind != TMapKind::PT)
+        copy->axes->throttleAxis->SetSinglePoint(SingleLoadPoint(kind));
+    buffer[kind] = std::move(copy);
+}
+
+void TfrmMaps::PasteMap(TMapKind kind, TPasteSlots &buffer, const QString &setName) {
+    const TMap *buffered = buffer[kind].get();
+    TMap &map = Map(kind);
+    const std::string problem = WhyNoPaste(buffered, map, setName.toStdString(), kind);
+    if (!problem.empty()) {
+        Dialogs().ShowMessage(QString::fromStdString(problem));
+        return;
+    }
+    TMapPanel &row = Panel(kind);
+    row.grid->CloseEditor();
+    buffered->AssignTo(map);
+    map.SizeGrid(row.gridView);
+    map.SizeChart(*row.chart);
+    FillMap(kind);
+    RedrawMapChart(kind);
+    Changed(kind) = true;
+}

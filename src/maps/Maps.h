@@ -1,0 +1,120 @@
+// The page that shows and edits one map set: part throttle, idle and full throttle map, each as a
+// grid beside its chart. Never used by itself: FuelMaps.h and TimingMaps.h derive from it. All
+// editing happens on the grids' texts; the maps are touched when a grid is loaded, committed or
+// reset.
+#pragma once
+
+#include "forms/TEmbedFm.h"
+#include "maps/MapPanel.h"
+#include "model/Workspace.h"
+
+#include <array>
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QPointer>
+
+class TfrmToolWindow;
+
+class TfrmMaps : public TEmbeddedForm {
+    Q_OBJECT
+public:
+    /// `mapSet` and `workspace` outlive the page.
+    TfrmMaps(QWidget *parent, TWorkspace &workspace, TMapSet &mapSet);
+    ~TfrmMaps() override;
+
+    TMapSet *MapSet;          ///< the set shown
+    bool PTChanged = false;   ///< the part throttle grid holds uncommitted edits
+    bool IdleChanged = false; ///< the idle grid does
+    bool FTChanged = false;   ///< the full throttle grid does
+    long double EditOldValue =
+        0; ///< the number in the cell whose edit began last; nothing reads it
+    QPointer<TfrmToolWindow> ToolWindow; ///< while the page is shown; otherwise none
+
+    /// Loads the three maps and shows the page.
+    void ShowPage() override;
+    /// Asks "Commit Changes?" when edits are uncommitted, hides the page; always true.
+    bool QueryClose() override;
+    // Read one map again from the ROM image and show it.
+    void LoadPTMap() { LoadMap(TMapKind::PT); }
+    void LoadIdleMap() { LoadMap(TMapKind::Idle); }
+    void LoadFTMap() { LoadMap(TMapKind::WOT); }
+
+    // Write one grid's edits into its map and the map into the ROM image, then fill the grid again.
+    // A failure shows "Error saving new data" and leaves the changed flag set.
+    void CommitPT() { Commit(TMapKind::PT); }
+    void CommitIdle() { Commit(TMapKind::Idle); }
+    void CommitFT() { Commit(TMapKind::WOT); }
+
+    void grdPTMapBeforeEdit(int column, int row) { BeforeEdit(TMapKind::PT, column, row); }
+    void grdIdMapBeforeEdit(int column, int row) { BeforeEdit(TMapKind::Idle, column, row); }
+    void grdFTMapBeforeEdit(int column, int row) { BeforeEdit(TMapKind::WOT, column, row); }
+    void grdPTMapAfterEdit(int column, int row) { AfterEdit(TMapKind::PT, column, row); }
+    void grdIdMapAfterEdit(int column, int row) { AfterEdit(TMapKind::Idle, column, row); }
+    void grdFTMapAfterEdit(int column, int row) { AfterEdit(TMapKind::WOT, column, row); }
+    virtual void btnSavePTClick() { CommitPT(); }
+    void btnSaveIdleClick() { CommitIdle(); }
+    void btnSaveFTClick() { CommitFT(); }
+    virtual void btnResetPTClick() { Reset(TMapKind::PT); }
+    void btnResetIdleClick() { Reset(TMapKind::Idle); }
+    void btnResetFTClick() { Reset(TMapKind::WOT); }
+    void btnRecalculateClick();
+    void chkInterpretClick();
+    void edtPTOffsetExit() { OffsetExit(TMapKind::PT); }
+    void edtIdOffsetExit() { OffsetExit(TMapKind::Idle); }
+    void edtFTOffsetExit() { OffsetExit(TMapKind::WOT); }
+    void edtOffsetDblClick(TOffsetEdit &box) { box.SetWritable(true); }
+    void UnlockAxis1Click() { UnlockAxis(TMapKind::PT); }
+    void UnlockAxis2Click() { UnlockAxis(TMapKind::Idle); }
+    void UnlockAxis3Click() { UnlockAxis(TMapKind::WOT); }
+    void btnCloseClick();
+
+    // Copy and paste get their meaning from the derived pages; here they do nothing.
+    virtual void Copy1Click() {}
+    virtual void Copy2Click() {}
+    virtual void Copy3Click() {}
+    virtual void Paste1Click() {}
+    virtual void Paste2Click() {}
+    virtual void Paste3Click() {}
+
+    TMapPanel &Panel(TMapKind kind) { return *panels_[static_cast<std::size_t>(kind)]; }
+    TMap &Map(TMapKind kind) { return MapSet->Map(kind); }
+    bool &Changed(TMapKind kind);
+    /// Draws the chart of `kind` again from its grid, when the grid is marked visible.
+    void RedrawMapChart(TMapKind kind);
+
+protected:
+    /// Creates and destroys the bulk adjust window.
+    void FormShow() override;
+    void FormHide() override;
+
+    /// Puts a copy of `map` into its slot; the copy of a one-axis map gets its one load point anew.
+    static void CopyMap(TMap &map, TMapKind kind, TPasteSlots &buffer);
+    /// Lets the page's map of `kind` take over its slot's map, or says why not. `setName` is "Fuel"
+    /// or "Timing".
+    void PasteMap(TMapKind kind, TPasteSlots &buffer, const QString &setName);
+    bool AnyChanged() const { return PTChanged || IdleChanged || FTChanged; }
+    void CloseEditors();
+    void CommitAll();
+    /// The line of controls below the maps; derived pages add theirs in front.
+    QHBoxLayout &BottomLine() { return *bottomLine_; }
+
+    TWorkspace &workspace;
+
+private:
+    void MakeControls();
+    void ConnectPanel(TMapPanel &row);
+    void LoadMap(TMapKind kind);
+    void FillMap(TMapKind kind);
+    void ShowTitles(TMapKind kind);
+    void Commit(TMapKind kind);
+    void Reset(TMapKind kind);
+    void BeforeEdit(TMapKind kind, int column, int row);
+    void AfterEdit(TMapKind kind, int column, int row);
+    void OffsetExit(TMapKind kind);
+    void UnlockAxis(TMapKind kind);
+
+    std::array<TMapPanel *, 3> panels_;
+    QCheckBox *chkInterpret_;
+    QHBoxLayout *bottomLine_;
+};

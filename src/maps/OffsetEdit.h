@@ -1,0 +1,19 @@
+// The box that shows where a map begins: read-only until it is double-clicked.
+#pragma once
+
+#include "maps/ExitEdit.h"
+
+class TOffsetEdit : public TExitEdit {
+    Q_OBJECT
+public:
+    TOffsetEdit(QWidget *parent, const QString &name);
+
+    /// Read-only with the face colour, or writable with the window colour.
+    void SetWritable(bool writable);
+
+signals:
+    void DoubleClicked();
+
+protected:
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+};

@@ -1,0 +1,137 @@
+#include "maps/ToolWindow.h"
+
+#include "forms/Guard.h"
+#include "maps/Maps.h"
+#include "model/Numbers.h"
+
+#include <QMainWindow>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+constexpr int rangeRow = 1;
+constexpr int rangeColumn = 2;
+} // namespace
+
+TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
+    : QDockWidget(tr("Tools"), page.window()),
+      page_(page),
+      rdoOperation_(MakeGroup("rdoOperation", tr("&Operation"), {tr("Add"), tr("Subtract")})),
+      rdoRange_(MakeGroup("rdoRange", tr("&Range"), {tr("All"), tr("Row"), tr("Column")})),
+      rdoScale_(MakeGroup("rdoScale", tr("&Scale"), {tr("Units"), tr("Percent")})),
+      rdoDataset_(MakeGroup("rdoDataset", tr("&Data Set"),
+                            {tr("Part Throttle"), tr("Idle"), tr("Full Throttle")})),
+      edtVal_(new TExitEdit(this)),
+      lblfromto_(new QLabel(tr("from"), this)),
+      btnExec_(new QPushButton(tr("&Go"), this)) {
+    setObjectName("frmToolWindow");
+    setWidget(MakeContents());
+    ConnectControls();
+    if (auto *host = qobject_cast<QMainWindow *>(page.window()))
+        host->addDockWidget(Qt::RightDockWidgetArea, this);
+    setFloating(true);
+    hide();
+}
+
+TRadioGroup *TfrmToolWindow::MakeGroup(const char *name, const QString &title,
+                                       const QStringList &items) {
+    auto *group = new TRadioGroup(title, 1, this);
+    group->setObjectName(name);
+    for (const QString &item : items)
+        group->AddItem(item);
+    group->SetItemIndex(0);
+    return group;
+}
+
+QWidget *TfrmToolWindow::MakeContents() {
+    edtVal_->setObjectName("edtVal");
+    edtVal_->setText("0");
+    edtVal_->setAccessibleName(tr("Amount"));
+    lblfromto_->setObjectName("lblfromto");
+    btnExec_->setObjectName("btnExec");
+    auto *of = new QLabel(tr("of"), this);
+    of->setObjectName("Label1");
+    auto *undo = new QPushButton(tr("&Undo"), this);
+    undo->setObjectName("Button2");
+    undo->hide(); // there is no undo; "Reset" on the page is the way back
+
+    auto *contents = new QWidget(this);
+    auto *column = new QVBoxLayout(contents);
+    for (QWidget *control :
+         std::initializer_list<QWidget *>{rdoOperation_, edtVal_, rdoScale_, lblfromto_, rdoRange_,
+                                          of, rdoDataset_, btnExec_, undo})
+        column->addWidget(control);
+    column->addStretch(1);
+    return contents;
+}
+
+void TfrmToolWindow::ConnectControls() {
+    rdoOperation_->OnClick = [this] { rdoOperationClick(); };
+    rdoScale_->OnClick = [this] { rdoScaleClick(); };
+    rdoRange_->OnClick = [this] { rdoRangeClick(); };
+    rdoDataset_->OnClick = [this] { rdoDatasetClick(); };
+    ConnectGuarded(edtVal_, &TExitEdit::Left, this, [this] { edtValExit(); });
+    ConnectGuarded(btnExec_, &QPushButton::clicked, this, [this] { btnExecClick(); });
+}
+
+void TfrmToolWindow::showEvent(QShowEvent *event) {
+    QDockWidget::showEvent(event);
+    Guarded([this] { FormShow(); });
+}
+
+void TfrmToolWindow::FormShow() {
+    rdoOperationClick();
+    rdoScaleClick();
+    rdoRangeClick();
+    rdoDatasetClick();
+}
+
+void TfrmToolWindow::rdoOperationClick() {
+    Sign = rdoOperation_->ItemIndex() == 1 ? -1 : 1;
+    lblfromto_->setText(Sign > 0 ? tr("to") : tr("from"));
+}
+
+void TfrmToolWindow::rdoScaleClick() {
+    Scale = rdoScale_->ItemIndex();
+}
+
+void TfrmToolWindow::rdoRangeClick() {
+    ApplyRange(rdoRange_->ItemIndex());
+}
+
+void TfrmToolWindow::rdoDatasetClick() {
+    DataSet = rdoDataset_->ItemIndex();
+    if (DataSet > 0)
+        ApplyRange(rangeRow);
+}
+
+void TfrmToolWindow::ApplyRange(int requested) {
+    Range = DataSet == 0 ? requested : rangeRow;
+    rdoRange_->SetItemIndex(Range);
+}
+
+void TfrmToolWindow::edtValExit() {
+    Amount = ParseInteger(edtVal_->text().toStdString());
+    edtVal_->setText(QString::number(Amount));
+}
+
+TCellRange TfrmToolWindow::CellRange() const {
+    const TMapKind kind{DataSet};
+    const TStringAlignGrid &grid = *page_.Panel(kind).grid;
+    TCellRange range{1, 1, grid.ColCount() - 1, kind == TMapKind::PT ? grid.RowCount() - 1 : 1};
+    // The current row or column counts as it is, a header after "Unlock Axis" included: intended.
+    if (kind == TMapKind::PT && Range == rangeRow)
+        range.top = range.bottom = grid.Row();
+    if (kind == TMapKind::PT && Range == rangeColumn)
+        range.left = range.right = grid.Col();
+    return range;
+}
+
+void TfrmToolWindow::btnExecClick() {
+    const TMapKind kind{DataSet};
+    // The map counts as changed before any cell is touched, and even when none changes: intended.
+    page_.Changed(kind) = true;
+    AdjustCells(page_.Panel(kind).gridView, CellRange(), {Sign, Scale == 1, Amount},
+                page_.Map(kind).GetCellFormat());
+    page_.RedrawMapChart(kind);
+}

@@ -1,0 +1,18 @@
+#include "spec/Application.h"
+
+#include "forms/Dialogs.h"
+#include "forms/baseform.h"
+#include "model/Messages.h"
+#include "model/Numbers.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+void SetUpApplication() {
+    TfrmBaseForm::ProgRegKey = "\\Software\\Kelvane\\Ferrolyn";
+    QCoreApplication::setApplicationName("Ferrolyn");
+    QCoreApplication::setApplicationVersion(FERROLYN_VERSION);
+    SetDecimalSeparator(QLocale().decimalPoint().toStdString());
+    SetMessageHook(
+        [](const std::string &text) { Dialogs().ShowMessage(QString::fromStdString(text)); });
+}

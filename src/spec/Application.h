@@ -1,0 +1,7 @@
+// What the program sets up once, between the application object and the main window. Shared with
+// the programs that drive the real window, so that they run under the same rules.
+#pragma once
+
+/// Names the application, sets the dialogs' settings key and the decimal separator of the user's
+/// locale, and shows the model's messages in message boxes. Needs the application object.
+void SetUpApplication();

@@ -1,0 +1,110 @@
+// The page "ROM Information": loads a ROM image, lets the user choose how its maps are placed, and
+// saves it. What stands in a spec file is SpecFile.h's; placing by hand is offsetentry.h's.
+#pragma once
+
+#include "forms/Dialogs.h"
+#include "forms/RadioGroup.h"
+#include "forms/TEmbedFm.h"
+#include "model/Workspace.h"
+#include "spec/SpecFile.h"
+
+#include <array>
+#include <filesystem>
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTimer>
+
+class TProgrammerControls;
+
+class TfrmROMInformation : public TEmbeddedForm {
+    Q_OBJECT
+public:
+    /// `workspace` outlives the page. Scans the spec files of the current directory.
+    TfrmROMInformation(QWidget *parent, TWorkspace &workspace);
+    ~TfrmROMInformation() override;
+
+    /// Shows the page and enables "Save ROM" exactly when a page of the notebook reports changed
+    /// data.
+    void ShowPage() override;
+
+    /// Rebuilds the spec table and the items of "Set Mapping Type"; leaves none selected.
+    void ScanSpecDirectory();
+    /// Places the map sets from a spec file, reads the timing constants, then always runs ApplyROM.
+    /// @throws EConvertError for a bad rev limiter offset or timing constant, after ApplyROM has
+    /// run
+    void LoadSpec(const std::filesystem::path &fileName);
+    /// Reads the image again from the ROM file when a mapping type is in force; sets caption and
+    /// buttons.
+    /// @throws EFileError when the file cannot be read
+    void ApplyROM();
+    /// Asks for a name and writes all maps and the image; false when the user backed out.
+    /// @throws EFileError when the image cannot be written
+    bool SaveROM();
+    /// True when the caller may go on: nothing to save, the user declined, or the save succeeded.
+    bool QuerySave();
+    /// Sets the page's ROM file name and the workspace's copy.
+    void SetROMFileName(const std::filesystem::path &name);
+
+    void btnLoadClick();
+    void btnSaveClick() { SaveROM(); }
+    void btnSaveSpecClick();
+    void btnOffsetEntryClick();
+    /// Runs the choice that stands in "Set Mapping Type"; -1 (none) sets every cell of both sets to
+    /// zero.
+    void rdoROMtemplateClick();
+    void tmrThanksTimer();
+
+    const std::filesystem::path &ROMFileName() const { return romFileName_; }
+    const std::filesystem::path &CurrentSpecFileName() const { return currentSpecFileName_; }
+    int TemplateIndex() const { return templateIndex_; }
+    bool Loaded() const { return loaded_; }
+    /// Index of "Use Manual Offset Method", and of the last spec file in front of it.
+    int LastItemIndex() const { return rdoROMtemplate_->ItemCount() - 1; }
+    int LastSpecIndex() const { return LastItemIndex() - 1; }
+
+protected:
+    /// Shows the title and credit lines and starts and stops the turning of the credits.
+    void FormShow() override;
+    void FormHide() override;
+
+private:
+    void MakeControls();
+    void ConnectControls();
+    QGroupBox *MakeROMGroup();
+    QWidget *MakeAbout();
+    QStatusBar *MakeStatusBar();
+    void SetCaption(bool withFile);
+    void ShowStatus();
+    /// The result of the open dialog; the current file when it is cancelled, empty when there is
+    /// none.
+    std::filesystem::path ChooseROMFile();
+    /// Whether `target` may be written: it is new, or the user agreed to overwrite what the dialog
+    /// names.
+    bool MayWrite(const std::filesystem::path &target);
+    void WriteROM();
+    /// The manual offset dialog; false when it was left by anything but OK.
+    bool EnterOffsets();
+
+    TWorkspace &workspace_;
+    std::vector<TSpecEntry> specTable_;
+    std::filesystem::path romFileName_;
+    int templateIndex_ = -1;
+    std::filesystem::path currentSpecFileName_;
+    std::filesystem::path saveFileName_; ///< target of the save in progress; empty between saves
+    bool loaded_ = false;                ///< ApplyROM has loaded an image
+    int creditIndex_ = 0;
+
+    QPushButton *btnLoad_;
+    QPushButton *btnSaveSpec_;
+    QPushButton *btnSave_;
+    QPushButton *btnOffsetEntry_;
+    TProgrammerControls *programmer_;
+    TRadioGroup *rdoROMtemplate_;
+    std::array<QLabel *, 4> aboutLabels_;
+    std::array<QLabel *, 3> statusPanels_;
+    TSaveDialog *dlgSave_;
+    QTimer *tmrThanks_;
+};

@@ -1,0 +1,149 @@
+// The controls of the page "ROM Information" and their places; what they do is in ROMInfo.cpp.
+#include "forms/Guard.h"
+#include "forms/Hint.h"
+#include "spec/ProgrammerControls.h"
+#include "spec/ROMInfo.h"
+
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace {
+constexpr int creditInterval = 3000; // milliseconds
+
+QPushButton *MakeButton(QWidget *parent, const char *name, const QString &caption) {
+    auto *button = new QPushButton(caption, parent);
+    button->setObjectName(name);
+    return button;
+}
+
+QStringList Credits() {
+    return {QObject::tr("With thanks to everyone who reads an EPROM before breakfast."),
+            QObject::tr("Every byte that you did not edit stays as it was."),
+            QObject::tr("Keep a copy of the original image. Always."),
+            QObject::tr("Small steps: change, log, listen, then change again."),
+            QObject::tr("Check the rev limiter twice; the engine checks it once.")};
+}
+} // namespace
+
+TfrmROMInformation::TfrmROMInformation(QWidget *parent, TWorkspace &workspace)
+    : TEmbeddedForm(parent),
+      workspace_(workspace),
+      btnLoad_(MakeButton(this, "btnLoad", tr("&Load ROM Image"))),
+      btnSaveSpec_(MakeButton(this, "btnSaveSpec", tr("Save Spec"))),
+      btnSave_(MakeButton(this, "btnSave", tr("&Save ROM"))),
+      btnOffsetEntry_(MakeButton(this, "btnOffsetEntry", tr("Manual Offsets"))),
+      programmer_(new TProgrammerControls(this)),
+      rdoROMtemplate_(new TRadioGroup(tr("Set Mapping Type"), 2, this)),
+      aboutLabels_{},
+      statusPanels_{},
+      dlgSave_(new TSaveDialog(this, "dlgSave")),
+      tmrThanks_(new QTimer(this)) {
+    setObjectName("frmROMInformation");
+    MakeControls();
+    ConnectControls();
+    ScanSpecDirectory();
+}
+
+TfrmROMInformation::~TfrmROMInformation() = default;
+
+void TfrmROMInformation::MakeControls() {
+    rdoROMtemplate_->setObjectName("rdoROMtemplate");
+    rdoROMtemplate_->setEnabled(false);
+    auto *scroll = new QScrollArea(this);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(rdoROMtemplate_);
+
+    auto *top = new QHBoxLayout;
+    top->addWidget(MakeROMGroup());
+    top->addWidget(scroll, 1);
+    auto *page = new QVBoxLayout(this);
+    page->addLayout(top, 1);
+    page->addWidget(MakeAbout());
+    page->addWidget(MakeStatusBar());
+    tmrThanks_->setObjectName("tmrThanks");
+    tmrThanks_->setInterval(creditInterval);
+}
+
+QGroupBox *TfrmROMInformation::MakeROMGroup() {
+    auto *group = new QGroupBox(tr("ROM Information"), this);
+    group->setObjectName("grpLoadROM");
+    auto *dataOffset = new QLabel(tr("data offset"), group);
+    dataOffset->setObjectName("Label5");
+    dataOffset->setBuddy(btnOffsetEntry_);
+    SetHint(btnLoad_, tr("Load a new ROM Image into the program"));
+    SetHint(btnSaveSpec_, tr("Save a new spec file using offsets listed on map pages"));
+    SetHint(btnSave_, tr("Save the ROM Image to a binary file"));
+    for (QPushButton *button : {btnSaveSpec_, btnSave_, btnOffsetEntry_})
+        button->setEnabled(false);
+
+    auto *column = new QVBoxLayout(group);
+    column->addWidget(btnLoad_);
+    column->addWidget(btnSave_);
+    column->addWidget(btnSaveSpec_);
+    column->addSpacing(12);
+    column->addWidget(dataOffset);
+    column->addWidget(btnOffsetEntry_);
+    column->addWidget(programmer_);
+    column->addStretch(1);
+    return group;
+}
+
+QWidget *TfrmROMInformation::MakeAbout() {
+    auto *about = new QWidget(this);
+    auto *column = new QVBoxLayout(about);
+    for (std::size_t i = 0; i < aboutLabels_.size(); ++i) {
+        aboutLabels_[i] = new QLabel(about);
+        aboutLabels_[i]->setObjectName(QString("Label%1").arg(i + 1));
+        aboutLabels_[i]->setAlignment(Qt::AlignHCenter);
+        column->addWidget(aboutLabels_[i]);
+    }
+    QFont big = font();
+    big.setPointSizeF(big.pointSizeF() * 1.8);
+    big.setBold(true);
+    aboutLabels_[0]->setFont(big);
+    return about;
+}
+
+QStatusBar *TfrmROMInformation::MakeStatusBar() {
+    constexpr std::array<int, 3> widths{500, 80, 50};
+    auto *bar = new QStatusBar(this);
+    bar->setObjectName("StatusBar1");
+    bar->setSizeGripEnabled(false);
+    for (std::size_t i = 0; i < statusPanels_.size(); ++i) {
+        statusPanels_[i] = new QLabel(bar);
+        statusPanels_[i]->setFixedWidth(widths[i]);
+        statusPanels_[i]->setTextFormat(Qt::PlainText);
+        bar->addWidget(statusPanels_[i]);
+    }
+    return bar;
+}
+
+void TfrmROMInformation::ConnectControls() {
+    ConnectGuarded(btnLoad_, &QPushButton::clicked, this, [this] { btnLoadClick(); });
+    ConnectGuarded(btnSave_, &QPushButton::clicked, this, [this] { btnSaveClick(); });
+    ConnectGuarded(btnSaveSpec_, &QPushButton::clicked, this, [this] { btnSaveSpecClick(); });
+    ConnectGuarded(btnOffsetEntry_, &QPushButton::clicked, this, [this] { btnOffsetEntryClick(); });
+    ConnectGuarded(tmrThanks_, &QTimer::timeout, this, [this] { tmrThanksTimer(); });
+    rdoROMtemplate_->OnClick = [this] { rdoROMtemplateClick(); };
+}
+
+void TfrmROMInformation::FormShow() {
+    aboutLabels_[0]->setText("Ferrolyn");
+    aboutLabels_[1]->setText(tr("Editor and analyser for engine control unit ROM images"));
+    aboutLabels_[2]->setText(tr("Copyright 2026 the Ferrolyn authors, MIT licence"));
+    creditIndex_ = 0;
+    tmrThanks_->start();
+}
+
+void TfrmROMInformation::FormHide() {
+    tmrThanks_->stop();
+}
+
+void TfrmROMInformation::tmrThanksTimer() {
+    const QStringList credits = Credits();
+    tmrThanks_->stop();
+    aboutLabels_[3]->setText(credits[creditIndex_]);
+    creditIndex_ = (creditIndex_ + 1) % static_cast<int>(credits.size());
+    tmrThanks_->start();
+}

@@ -1,0 +1,71 @@
+#include "spec/main.h"
+
+#include "forms/PageControl.h"
+#include "forms/TEmbedFm.h"
+#include "maps/FuelMaps.h"
+#include "maps/TimingMaps.h"
+#include "spec/ROMInfo.h"
+
+#include <QPushButton>
+#include <QScreen>
+
+namespace {
+constexpr std::uint16_t splashInterval = 2500; // milliseconds
+constexpr int smallScreenHeight = 600;
+} // namespace
+
+TfrmNotebook::TfrmNotebook() {
+    setObjectName("frmNotebook");
+    resize(956, 538);
+    tmrSplash_.setObjectName("tmrSplash");
+    tmrSplash_.SetEnabled(false);
+    tmrSplash_.SetInterval(splashInterval);
+    tmrSplash_.SetOnTimer([this] { tmrSplashTimer(); });
+    FormCreate();
+}
+
+void TfrmNotebook::FormCreate() {
+    connect(PageControl1, &QTabWidget::currentChanged, this, [this](int index) {
+        if (index == 0)
+            tabROMInfoShow();
+    });
+    AddPage(std::make_unique<TfrmROMInformation>(nullptr, workspace), "tabROMInfo",
+            tr("ROM Information"));
+    AddPage(std::make_unique<TfrmFuelMaps>(nullptr, workspace, workspace.fuelMapSet), "tabFuelMaps",
+            tr("Fuel Maps"));
+    AddPage(std::make_unique<TfrmTimingMaps>(nullptr, workspace, workspace.timingMapSet),
+            "tabTimingMaps", tr("Timing Maps"));
+    AddPlainPage("frmFuelMapsGraphical", "tabFuelMapGraphical", tr("Graphical Fuel Maps"));
+    AddPlainPage("frmTimingMapsGraphical", "tabGraphicalTimingMaps", tr("Graphical Timing Maps"));
+    AddPlainPage("frmFileContents", "TabSheet1", tr("File Contents"));
+}
+
+void TfrmNotebook::AddPlainPage(const QString &pageName, const QString &tabName,
+                                const QString &caption) {
+    auto page = std::make_unique<TEmbeddedForm>();
+    page->setObjectName(pageName);
+    AddPage(std::move(page), tabName, caption);
+}
+
+void TfrmNotebook::FormShow() {
+    TfrmKelvaneNotebook::FormShow();
+    setWindowState(Qt::WindowMinimized);
+    splashThread_ = std::make_unique<TSplashScreen>();
+    tmrSplash_.SetEnabled(true);
+    if (screen()->geometry().height() <= smallScreenHeight)
+        setWindowState(Qt::WindowMaximized);
+    else
+        resize(800, 600);
+}
+
+void TfrmNotebook::tmrSplashTimer() {
+    splashThread_->Terminate();
+    const Qt::WindowStates normal = windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
+    if (normal != windowState())
+        setWindowState(normal);
+}
+
+void TfrmNotebook::tabROMInfoShow() {
+    for (QPushButton *button : {btnPrint, btnClose, btnSave, btnCancel})
+        button->hide();
+}

@@ -1,0 +1,39 @@
+// The main window: a notebook of six pages that owns the workspace, shows the splash while it
+// appears, and puts itself back to the normal state at every tick of its timer. The program's entry
+// is ferrolyn.cpp.
+#pragma once
+
+#include "forms/KelvaneNotebook.h"
+#include "model/Workspace.h"
+#include "spec/SplashScreen.h"
+#include "spec/ThdTimer.h"
+
+#include <memory>
+
+class TfrmNotebook : public TfrmKelvaneNotebook {
+    Q_OBJECT
+public:
+    /// Creates the map sets and all pages (FormCreate); shows nothing.
+    TfrmNotebook();
+
+    TWorkspace workspace; ///< the pages refer to it
+
+    /// A page by the index of its tab; throws EFormNotfound when there is none.
+    TEmbeddedForm *Page(int index) const { return GetPage(index); }
+
+    /// A tick of tmrSplash: ends the splash and makes the window normal, whatever the user did to
+    /// it. The timer is never switched off; this is intended.
+    void tmrSplashTimer();
+    /// The page "ROM Information" has no use for the notebook's own buttons.
+    void tabROMInfoShow();
+
+protected:
+    void FormShow() override;
+
+private:
+    void FormCreate();
+    void AddPlainPage(const QString &pageName, const QString &tabName, const QString &caption);
+
+    std::unique_ptr<TSplashScreen> splashThread_;
+    TThreadedTimer tmrSplash_;
+};

@@ -1,0 +1,368 @@
+// The map page's own behaviour: loading, editing, commit, reset, interpretation, offsets, unlocking, leaving.
+// The fuel page stands for both where they do not differ.
+#include "pages/PageFixture.h"
+
+#include "forms/Aligrid.h"
+#include "maps/FuelMaps.h"
+#include "maps/TimingMaps.h"
+#include "maps/ToolWindow.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+class TMapsPageTest : public TPageTest {
+  protected:
+    void SetUp() override {
+        PlantMaps();
+        PlaceMaps(workspace);
+        page = std::make_unique<TfrmFuelMaps>(nullptr, workspace, workspace.fuelMapSet);
+        page->ShowPage();
+    }
+
+    template <class Control>
+    Control &Find(const QString &name) {
+        return FindControl<Control>(*page, name);
+    }
+    TStringAlignGrid &Grid(const QString &name) { return Find<TStringAlignGrid>(name); }
+    void Click(const QString &button) { Find<QPushButton>(button).click(); }
+
+    /// Types `text` into a cell and ends the edit with Enter.
+    void Type(const QString &gridName, int column, int row, const QString &text) {
+        TStringAlignGrid &grid = Grid(gridName);
+        grid.SetCurrent(column, row);
+        QTest::keyClick(grid.viewport(), Qt::Key_F2);
+        auto *editor = grid.viewport()->findChild<QLineEdit *>();
+        ASSERT_TRUE(editor) << "no editor in " << gridName.toStdString();
+        editor->selectAll();
+        QTest::keyClicks(editor, text);
+        QTest::keyClick(editor, Qt::Key_Enter);
+        QTest::qWait(0);
+    }
+
+    TWorkspace workspace;
+    std::unique_ptr<TfrmFuelMaps> page;
+};
+
+TEST_F(TMapsPageTest, ShowsHeadersAndCellsWithRPMAlongTheColumns) {
+    TStringAlignGrid &grid = Grid("grdPTMap");
+    EXPECT_EQ(grid.ColCount(), 5);
+    EXPECT_EQ(grid.RowCount(), 4);
+    EXPECT_EQ(grid.Cell(1, 0), "2400");
+    EXPECT_EQ(grid.Cell(4, 0), "9600");
+    EXPECT_EQ(grid.Cell(0, 1), "20%");
+    EXPECT_EQ(grid.Cell(0, 3), "100%");
+    // The body counts up RPM by RPM, three load points each.
+    EXPECT_EQ(grid.Cell(1, 1), "1");
+    EXPECT_EQ(grid.Cell(1, 3), "3");
+    EXPECT_EQ(grid.Cell(2, 1), "4");
+    EXPECT_EQ(grid.Cell(4, 3), "12");
+    EXPECT_EQ(grid.FontColor(1, 1), clWindowText);
+}
+
+TEST_F(TMapsPageTest, OneAxisMapsShowOneBodyRowUnderAFixedHeader) {
+    for (const auto &[name, label] : {std::pair{"grdIdMap", "0%"}, std::pair{"grdFTMap", "100%"}}) {
+        TStringAlignGrid &grid = Grid(name);
+        EXPECT_EQ(grid.RowCount(), 2) << name;
+        EXPECT_EQ(grid.FixedRows(), 1) << name;
+        EXPECT_EQ(grid.Cell(0, 1), label) << name;
+        EXPECT_EQ(grid.Cell(4, 1), "4") << name;
+    }
+}
+
+TEST_F(TMapsPageTest, TitlesOffsetsAndChartTitles) {
+    EXPECT_EQ(Find<QLabel>("lblPTGrid").text(), "Partial Throttle /\\ Trim Map");
+    EXPECT_EQ(Find<QLabel>("lblIdGrid").text(), "Idle /\\ Trim Map");
+    EXPECT_EQ(Find<QLabel>("lblFTGrid").text(), "Full Throttle /\\ Trim Map");
+    EXPECT_EQ(Find<QLineEdit>("edtPTOffset").text(), "$1000");
+    EXPECT_EQ(Find<QLineEdit>("edtFTOffset").text(), "$1300");
+    EXPECT_EQ(Find<TAreaChart>("chtPTMap").Title(), "Partial Throttle /\\ Trim Map");
+    EXPECT_EQ(Find<TAreaChart>("chtPTMap").LeftAxisTitle(), "/\\ Trim");
+}
+
+TEST_F(TMapsPageTest, AnAcceptedEditIsBlueFlaggedAndCharted) {
+    Type("grdPTMap", 2, 1, "77");
+    EXPECT_EQ(Grid("grdPTMap").Cell(2, 1), "77");
+    EXPECT_EQ(Grid("grdPTMap").FontColor(2, 1), clBlue);
+    EXPECT_TRUE(page->PTChanged);
+    EXPECT_FALSE(page->IdleChanged);
+    EXPECT_FALSE(page->FTChanged);
+    EXPECT_EQ(page->EditOldValue, 4.0L);
+    // Grid row 1 is the last series.
+    EXPECT_EQ(Find<TAreaChart>("chtPTMap").Series()[2].points[1].value, 77.0);
+    EXPECT_EQ(Image().Peek(workspace.fuelMapSet.PTMap->data->offset + 3), 4);
+}
+
+TEST_F(TMapsPageTest, ATextThatIsNoNumberStaysUnmarkedWithTheErrorShown) {
+    Type("grdPTMap", 2, 1, "abc");
+    EXPECT_EQ(dialogs.messages, QStringList{"'abc' is not a valid floating point value"});
+    EXPECT_EQ(Grid("grdPTMap").Cell(2, 1), "abc");
+    EXPECT_EQ(Grid("grdPTMap").FontColor(2, 1), clWindowText);
+    EXPECT_FALSE(page->PTChanged);
+}
+
+TEST_F(TMapsPageTest, AnEqualTextCountsAsAnEditAndIsCommitted) {
+    Type("grdPTMap", 1, 1, "1");
+    EXPECT_TRUE(page->PTChanged);
+    Click("btnSavePT");
+    EXPECT_FALSE(page->PTChanged);
+    EXPECT_TRUE(page->DataChanged);
+    EXPECT_TRUE(Image().modified);
+}
+
+struct TEntry {
+    const char *text;
+    int stored;
+};
+class TWrapTest : public TMapsPageTest, public testing::WithParamInterface<TEntry> {};
+
+TEST_P(TWrapTest, CommitStoresTheLowByteOfTheRoundedValue) {
+    const TBytes before = Get(0, Image().size);
+    Type("grdPTMap", 2, 3, GetParam().text);
+    Click("btnSavePT");
+    TBytes expected = before;
+    expected[static_cast<std::size_t>(workspace.fuelMapSet.PTMap->data->offset + 5)] =
+        static_cast<std::uint8_t>(GetParam().stored);
+    EXPECT_EQ(Get(0, Image().size), expected);
+}
+INSTANTIATE_TEST_SUITE_P(Entries, TWrapTest,
+                         testing::Values(TEntry{"77", 77}, TEntry{"300", 44}, TEntry{"-1", 255},
+                                         TEntry{"0.5", 0}, TEntry{"1.5", 2}, TEntry{"2.5", 2},
+                                         TEntry{" 12 ", 12}, TEntry{"1e2", 100}));
+
+TEST_F(TMapsPageTest, CommitRefillsAndTakesTheFocusAlsoOnACleanPage) {
+    Grid("grdPTMap").SetCell(1, 1, "99"); // no edit: not blue
+    const TBytes before = Get(0, Image().size);
+    Click("btnSavePT");
+    EXPECT_EQ(Grid("grdPTMap").Cell(1, 1), "1");
+    EXPECT_EQ(Get(0, Image().size), before);
+    EXPECT_FALSE(Image().modified);
+    EXPECT_FALSE(page->DataChanged);
+    EXPECT_EQ(page->focusWidget(), page.get());
+}
+
+TEST_F(TMapsPageTest, AnUnreadableBlueCellIsSkippedAtCommit) {
+    Type("grdPTMap", 1, 1, "50");
+    Grid("grdPTMap").SetCell(2, 1, "junk");
+    Grid("grdPTMap").SetFontColor(2, 1, clBlue);
+    Click("btnSavePT");
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_EQ(Image().Peek(workspace.fuelMapSet.PTMap->data->offset), 50);
+    EXPECT_EQ(Image().Peek(workspace.fuelMapSet.PTMap->data->offset + 3), 4);
+}
+
+TEST_F(TMapsPageTest, AFailedCommitSaysSoAndStaysChanged) {
+    page->UnlockAxis1Click();
+    Grid("grdPTMap").SetCell(1, 0, "fast");
+    Grid("grdPTMap").SetFontColor(1, 0, clBlue);
+    page->PTChanged = true;
+    Click("btnSavePT");
+    EXPECT_EQ(dialogs.messages, QStringList{"Error saving new data"});
+    EXPECT_TRUE(page->PTChanged);
+    EXPECT_FALSE(page->DataChanged);
+    EXPECT_EQ(Grid("grdPTMap").Cell(1, 0), "2400");
+    EXPECT_EQ(Grid("grdPTMap").FontColor(1, 0), clWindowText);
+}
+
+TEST_F(TMapsPageTest, ResetShowsTheMapAgainWithoutReadingTheImage) {
+    Type("grdIdMap", 2, 1, "66");
+    Image().Poke(workspace.fuelMapSet.IdleMap->data->offset + 1, 99);
+    Click("btnResetIdle");
+    EXPECT_EQ(Grid("grdIdMap").Cell(2, 1), "2");
+    EXPECT_EQ(Grid("grdIdMap").FontColor(2, 1), clWindowText);
+    EXPECT_FALSE(page->IdleChanged);
+    EXPECT_EQ(Find<TAreaChart>("chtIdMap").Series()[0].points[1].value, 2.0);
+}
+
+TEST_F(TMapsPageTest, InterpretationRefillsDropsEditsAndKeepsFlagsAndCharts) {
+    Type("grdPTMap", 1, 1, "64");
+    Find<QCheckBox>("chkInterpret").click();
+    EXPECT_TRUE(workspace.fuelMapSet.showConverted);
+    EXPECT_EQ(Grid("grdPTMap").Cell(1, 1), "0.01");
+    EXPECT_EQ(Grid("grdFTMap").Cell(4, 1), "0.03");
+    EXPECT_EQ(Grid("grdIdMap").Cell(0, 1), "0%");
+    EXPECT_EQ(Grid("grdPTMap").FontColor(1, 1), clWindowText);
+    EXPECT_TRUE(page->PTChanged);
+    EXPECT_EQ(Find<TAreaChart>("chtPTMap").Series()[2].points[0].value, 64.0);
+    const TBytes before = Get(0, Image().size);
+    Click("btnSavePT");
+    EXPECT_EQ(Get(0, Image().size), before);
+}
+
+TEST_F(TMapsPageTest, AConvertedEntryIsStoredInCounts) {
+    Find<QCheckBox>("chkInterpret").click();
+    Type("grdPTMap", 1, 1, "0.996");
+    Click("btnSavePT");
+    EXPECT_EQ(Image().Peek(workspace.fuelMapSet.PTMap->data->offset), 127);
+    EXPECT_EQ(Grid("grdPTMap").Cell(1, 1), "0.99");
+}
+
+TEST_F(TMapsPageTest, ShowingAgainKeepsTheInterpretationAndTheLoadPoints) {
+    Find<QCheckBox>("chkInterpret").click();
+    ASSERT_TRUE(page->QueryClose());
+    page->ShowPage();
+    EXPECT_TRUE(Find<QCheckBox>("chkInterpret").isChecked());
+    EXPECT_EQ(Grid("grdPTMap").Cell(4, 3), "0.09");
+    EXPECT_EQ(Grid("grdFTMap").Cell(0, 1), "100%");
+    EXPECT_EQ(Grid("grdIdMap").Cell(0, 1), "0%");
+}
+
+TEST_F(TMapsPageTest, ATypedOffsetMovesTheMapAndLocksTheBox) {
+    auto &box = Find<QLineEdit>("edtPTOffset");
+    EXPECT_TRUE(box.isReadOnly());
+    QTest::mouseDClick(&box, Qt::LeftButton);
+    EXPECT_FALSE(box.isReadOnly());
+    box.setText("$2000");
+    page->edtPTOffsetExit();
+    EXPECT_EQ(workspace.fuelMapSet.PTMap->GetLocation(), timingPT);
+    EXPECT_EQ(box.text(), "$2000");
+    EXPECT_TRUE(box.isReadOnly());
+}
+
+TEST_F(TMapsPageTest, AnUnchangedOffsetLeavesTheBoxWritable) {
+    auto &box = Find<QLineEdit>("edtIdOffset");
+    QTest::mouseDClick(&box, Qt::LeftButton);
+    box.setText("4608"); // $1200
+    page->edtIdOffsetExit();
+    EXPECT_FALSE(box.isReadOnly());
+    EXPECT_EQ(box.text(), "4608");
+}
+
+TEST_F(TMapsPageTest, UncommittedEditsHoldTheOffset) {
+    Type("grdFTMap", 1, 1, "9");
+    auto &box = Find<QLineEdit>("edtFTOffset");
+    QTest::mouseDClick(&box, Qt::LeftButton);
+    box.setText("$2300");
+    page->edtFTOffsetExit();
+    EXPECT_EQ(dialogs.messages, QStringList{"You have uncommitted changes, save first"});
+    EXPECT_EQ(box.text(), "$1300");
+    EXPECT_TRUE(box.isReadOnly());
+    EXPECT_EQ(workspace.fuelMapSet.WOTMap->GetLocation(), fuelWOT);
+}
+
+TEST_F(TMapsPageTest, AnOffsetThatIsNoIntegerIsAnError) {
+    auto &box = Find<QLineEdit>("edtPTOffset");
+    QTest::mouseDClick(&box, Qt::LeftButton);
+    box.setText("12x");
+    QTest::keyClick(&box, Qt::Key_Enter);
+    EXPECT_EQ(dialogs.messages, QStringList{"'12x' is not a valid integer value"});
+    EXPECT_FALSE(box.isReadOnly());
+    EXPECT_EQ(workspace.fuelMapSet.PTMap->GetLocation(), fuelPT);
+}
+
+TEST_F(TMapsPageTest, UnlockedAxesAreEditedAndWritten) {
+    page->UnlockAxis1Click();
+    EXPECT_EQ(Grid("grdPTMap").FixedRows(), 0);
+    EXPECT_EQ(Grid("grdPTMap").FixedCols(), 0);
+    const TBytes before = Get(0, Image().size);
+    Type("grdPTMap", 2, 0, "5200"); // 120 becomes 130 counts: the step before grows, the one behind shrinks
+    Type("grdPTMap", 0, 2, "56%");  // 150 becomes 140
+    Click("btnSavePT");
+    TBytes expected = before;
+    expected[fuelPT + 2] = 70;
+    expected[fuelPT + 3] = 50;
+    expected[fuelPT + 6 + 2] = 90;
+    expected[fuelPT + 6 + 3] = 110;
+    EXPECT_EQ(Get(0, Image().size), expected);
+    page->LoadPTMap();
+    EXPECT_EQ(Grid("grdPTMap").FixedRows(), 1);
+    EXPECT_EQ(Grid("grdPTMap").FixedCols(), 1);
+    EXPECT_EQ(Grid("grdPTMap").Cell(2, 0), "5200");
+    EXPECT_EQ(Grid("grdPTMap").Cell(0, 2), "56%");
+}
+
+TEST_F(TMapsPageTest, OneAxisGridsUnlockTheirRPMRowOnly) {
+    page->UnlockAxis2Click();
+    page->UnlockAxis3Click();
+    for (const char *name : {"grdIdMap", "grdFTMap"}) {
+        EXPECT_EQ(Grid(name).FixedRows(), 0) << name;
+        EXPECT_EQ(Grid(name).FixedCols(), 1) << name;
+    }
+}
+
+TEST_F(TMapsPageTest, LeavingACleanPageAsksNothing) {
+    EXPECT_TRUE(page->QueryClose());
+    EXPECT_FALSE(page->PageVisible());
+    EXPECT_TRUE(dialogs.questions.empty());
+}
+
+TEST_F(TMapsPageTest, LeavingWithEditsAsksAndYesCommitsAllThree) {
+    Type("grdPTMap", 1, 1, "50");
+    Type("grdFTMap", 1, 1, "51");
+    dialogs.answers = {TAnswer::Yes};
+    EXPECT_TRUE(page->QueryClose());
+    EXPECT_EQ(dialogs.questions, QStringList{"Commit Changes?"});
+    EXPECT_EQ(Image().Peek(workspace.fuelMapSet.PTMap->data->offset), 50);
+    EXPECT_EQ(Image().Peek(workspace.fuelMapSet.WOTMap->data->offset), 51);
+    EXPECT_TRUE(page->DataChanged);
+}
+
+TEST_F(TMapsPageTest, NoLeavesTheMapsAsTheyWereAndHidesThePage) {
+    Type("grdPTMap", 1, 1, "50");
+    dialogs.answers = {TAnswer::No};
+    EXPECT_TRUE(page->QueryClose());
+    EXPECT_FALSE(page->PageVisible());
+    EXPECT_EQ(Image().Peek(workspace.fuelMapSet.PTMap->data->offset), 1);
+    EXPECT_FALSE(page->DataChanged);
+}
+
+TEST_F(TMapsPageTest, AnOpenEditorIsAcceptedBeforeThePageIsLeft) {
+    TStringAlignGrid &grid = Grid("grdPTMap");
+    grid.SetCurrent(1, 1);
+    QTest::keyClicks(grid.viewport(), "63");
+    dialogs.answers = {TAnswer::Yes};
+    EXPECT_TRUE(page->QueryClose());
+    EXPECT_EQ(Image().Peek(workspace.fuelMapSet.PTMap->data->offset), 63);
+}
+
+class TOversizeTest : public TMapsPageTest, public testing::WithParamInterface<std::pair<int, int>> {};
+
+TEST_P(TOversizeTest, AMapThatDoesNotFitShowsNeitherGridNorChart) {
+    const auto [rpmCount, loadCount] = GetParam();
+    PutMap(0x4000, TBytes(static_cast<std::size_t>(rpmCount), 1),
+           TBytes(static_cast<std::size_t>(loadCount), 1));
+    workspace.fuelMapSet.PTMap->SetOffset(0x4000);
+    page->LoadPTMap();
+    const bool fits = rpmCount < 32 && loadCount < 21;
+    EXPECT_EQ(page->Panel(TMapKind::PT).gridView.Visible(), fits);
+    EXPECT_EQ(page->Panel(TMapKind::PT).chart->Visible(), fits);
+    EXPECT_EQ(Grid("grdPTMap").isHidden(), !fits);
+    EXPECT_EQ(Grid("grdPTMap").ColCount(), fits ? rpmCount + 1 : 1);
+}
+INSTANTIATE_TEST_SUITE_P(Shapes, TOversizeTest,
+                         testing::Values(std::pair{31, 20}, std::pair{32, 3}, std::pair{33, 3},
+                                         std::pair{4, 21}, std::pair{4, 20}, std::pair{255, 255}));
+
+TEST_F(TMapsPageTest, AnUnplacedMapHasOneCell) {
+    TWorkspace empty;
+    TfrmTimingMaps other(nullptr, empty, empty.timingMapSet);
+    other.ShowPage();
+    for (const char *name : {"grdPTMap", "grdIdMap", "grdFTMap"}) {
+        EXPECT_EQ(FindControl<TStringAlignGrid>(other, name).ColCount(), 1) << name;
+        EXPECT_EQ(FindControl<TStringAlignGrid>(other, name).RowCount(), 1) << name;
+    }
+    EXPECT_EQ(FindControl<QLineEdit>(other, "edtPTOffset").text(), "$0000");
+}
+
+TEST_F(TMapsPageTest, RecalculateTogglesTheToolWindowWhileThePageIsShown) {
+    ASSERT_TRUE(page->ToolWindow);
+    EXPECT_FALSE(page->ToolWindow->isVisible());
+    Click("btnRecalculate");
+    EXPECT_TRUE(page->ToolWindow->isVisible());
+    Click("btnRecalculate");
+    EXPECT_FALSE(page->ToolWindow->isVisible());
+    page->QueryClose();
+    EXPECT_FALSE(page->ToolWindow);
+}
+
+TEST_F(TMapsPageTest, AnotherImageUnderAnOldPlaceIsShownInItsOwnShape) {
+    PutMap(fuelPT, {50, 50, 50, 50, 20}, {100, 0});
+    ASSERT_TRUE(page->QueryClose());
+    page->ShowPage();
+    EXPECT_EQ(Grid("grdPTMap").ColCount(), 6);
+    EXPECT_EQ(Grid("grdPTMap").RowCount(), 3);
+    EXPECT_EQ(Grid("grdPTMap").Cell(5, 2), "10");
+    EXPECT_EQ(Find<TAreaChart>("chtPTMap").SeriesCount(), 2);
+}
+} // namespace
