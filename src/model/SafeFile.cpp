@@ -241,6 +241,8 @@ bool FolderRefuses(int code) {
 }
 
 void Write(const fs::path &target, TBytes bytes) {
+    if (target.empty())
+        Fail(ENOENT);
     const std::optional<struct stat> old = ExistingTarget(target);
     if (old && !S_ISREG(old->st_mode)) {
         WriteDevice(target, bytes);

@@ -2,7 +2,7 @@
 // an engineering value and back. Grids of values are in ValCollections.h.
 //
 // The conversions come from the control unit: one count is 40 rpm, 0.4 % of throttle or load, or
-// 1/128 of lambda trim; ignition degrees follow the two constants of the mapping specification.
+// 1/128 of lambda trim; ignition degrees follow the two constants of the spec file.
 // Entries are never clamped: a value outside a byte is stored as its low byte.
 #pragma once
 

@@ -292,6 +292,7 @@ TEST_F(TValuesTest, PointersAreBigEndianWithAMaskedHighByte) {
                                                    {-2, 0xFF, 0}}) {
         TMapPointerVal pointer;
         pointer.SetOffset(offset);
+        pointer.raw = 99;
         pointer.bitmask = bitmask;
         EXPECT_EQ(pointer.GetRaw(), address) << offset << " " << bitmask;
     }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <utility>
@@ -59,7 +60,8 @@ protected:
     }
     /// Whether every byte of the image is `value`.
     bool ImageIsAll(std::uint8_t value) {
-        return std::ranges::all_of(Image().data, [=](std::uint8_t byte) { return byte == value; });
+        const auto &data = Image().data;
+        return data[0] == value && std::memcmp(&data[0], &data[1], data.size() - 1) == 0;
     }
     /// Writes a map: an RPM axis, a load axis when `loadSteps` has any, and a body that counts up.
     /// Returns the body's offset.
