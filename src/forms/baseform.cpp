@@ -16,6 +16,7 @@
 
 namespace {
 constexpr QLatin1String editPrefix("edt");
+constexpr int gapAboveButtons = 6; // on top of the layout's own spacing
 
 QPushButton *NewButton(const QString &name, const QString &caption, QWidget *parent) {
     auto *button = new QPushButton(caption, parent);
@@ -60,6 +61,7 @@ void TfrmBaseForm::LayOut() {
     client->addWidget(pnlMain);
     auto *column = new QVBoxLayout(pnlMain);
     column->addLayout(contents_, 1);
+    column->addSpacing(gapAboveButtons);
     auto *row = new QHBoxLayout;
     column->addLayout(row);
     row->addWidget(btnHelp);

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QTabBar>
+#include <QTableView>
 #include <QTest>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
@@ -307,6 +308,14 @@ TEST_F(PageControl, AClickTakesTheFocusEvenOnTheCurrentTab) {
     Edit("oneEdit").setFocus();
     Press(0);
     EXPECT_TRUE(pages.tabBar()->hasFocus());
+}
+
+TEST_F(PageControl, AGridInThePageDoesNotKeepTheKeysOfTheTabs) {
+    QTableView grid(pages.widget(0));
+    grid.show();
+    grid.setFocus();
+    QTest::keyClick(&grid, Qt::Key_PageDown, ctrl);
+    ExpectCalls({0}, {1});
 }
 
 TEST_F(PageControl, AMnemonicIsAskedForToo) {

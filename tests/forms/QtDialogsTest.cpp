@@ -220,6 +220,12 @@ TEST_F(QtDialogs, TheSaveDialogDoesNotAskAboutOverwriting) {
     TSaveDialog save(&page, "SaveDialog1");
     save.fileName = folder.filePath("old.BIN");
     WhenOpen<QFileDialog>([](QFileDialog &dialog) {
+        QTimer::singleShot(0, &dialog, [] {
+            auto *question = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            EXPECT_EQ(question, nullptr);
+            if (question)
+                question->reject();
+        });
         Type(dialog, "old.BIN");
         EXPECT_FALSE(dialog.isVisible());
     });

@@ -224,3 +224,15 @@ TEST_F(RadioGroup, ShrinksWithItsScrollAreaDownToAFewLetters) {
     EXPECT_LE(holder->width(), area.viewport()->width());
     EXPECT_LT(group.sizeHint().width(), 1200);
 }
+
+TEST_F(RadioGroup, ALabelThatIsCutEndsInAnEllipsis) {
+    group.AddItem(QString("M").repeated(200));
+    group.resize(300, 100);
+    Show();
+    const QImage shown = Button(0).grab().toImage();
+    const QRgb ground = shown.pixel(shown.width() - 1, 0);
+    // Above the dots of the ellipsis there is nothing, where a letter cut through would show.
+    for (int x = shown.width() - 6; x < shown.width(); ++x)
+        for (int y = 0; y < shown.height() / 2; ++y)
+            EXPECT_EQ(shown.pixel(x, y), ground) << x << "," << y;
+}
