@@ -28,18 +28,22 @@ is_installed() {
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
+as_root=()
+need_root() {
+    [ "$(id -u)" -ne 0 ] || return 0
+    command -v sudo >/dev/null || {
+        say "not root and no sudo here; run as root: apt-get install ${missing[*]}" >&2
+        exit 1
+    }
+    as_root=(sudo)
+}
+
 # Runs apt-get as root, quietly: its output is shown only when it fails.
 apt() {
-    local log as_root=()
-    if [ "$(id -u)" -ne 0 ]; then
-        command -v sudo >/dev/null || {
-            say "not root and no sudo here; run as root: apt-get install ${missing[*]}" >&2
-            return 1
-        }
-        as_root=(sudo)
-    fi
+    local log
     log=$(mktemp)
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=120 "$@" >"$log" 2>&1 </dev/null || {
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=120 "$@" \
+        >"$log" 2>&1 </dev/null || {
         cat "$log" >&2
         rm -f "$log"
         return 1
@@ -78,6 +82,7 @@ if [ ${#missing[@]} -eq 0 ]; then
 fi
 
 step "installing ${missing[*]}"
+need_root
 started=$SECONDS
 install_missing || {
     say "that did not work; trying once more" >&2
