@@ -1,0 +1,18 @@
+// From the grid's 32-bit colours to what is painted. One way only: the cells keep their numbers.
+#pragma once
+
+#include "model/MapViews.h"
+
+#include <QColor>
+#include <QPalette>
+
+/// The colour to paint for `color` (0x00BBGGRR). With a top byte of 0x80 it is one of the theme's:
+/// window, window text, button face, selection (as a light tint); any other is the window text.
+/// Any other top byte is left out.
+QColor PaintedColor(TColor color, const QPalette &palette);
+
+/// `share` (0 to 1) of `above` over `below`.
+QColor Blended(const QColor &above, const QColor &below, double share);
+
+/// Black or white, whichever reads better on `background`.
+QColor ReadableOn(const QColor &background);

@@ -1,0 +1,141 @@
+#include "forms/AligridDelegate.h"
+
+#include "forms/AligridColors.h"
+
+#include <QAbstractItemView>
+#include <QFocusEvent>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QToolTip>
+
+namespace {
+constexpr int focusFrame = 2;
+
+bool IsCurrent(const QStyleOptionViewItem &option, const QModelIndex &index) {
+    const auto *view = qobject_cast<const QAbstractItemView *>(option.widget);
+    return view && view->currentIndex() == index;
+}
+
+/// Inside the cell; thicker while the grid has the focus.
+void DrawCurrentFrame(QPainter &painter, const QRect &rect, const QStyleOptionViewItem &option) {
+    const bool focused = option.state.testFlag(QStyle::State_HasFocus);
+    const int thickness = focused ? focusFrame : 1;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(option.palette.brush(QPalette::Active, QPalette::Highlight));
+    painter.drawRect(rect.left(), rect.top(), rect.width(), thickness);
+    painter.drawRect(rect.left(), rect.bottom() - thickness + 1, rect.width(), thickness);
+    painter.drawRect(rect.left(), rect.top(), thickness, rect.height());
+    painter.drawRect(rect.right() - thickness + 1, rect.top(), thickness, rect.height());
+}
+} // namespace
+
+TAligridDelegate::TAligridDelegate(const TAligridSettings &settings, const TAligridModel &model,
+                                   QObject *parent)
+    : QStyledItemDelegate(parent), settings_(settings), model_(model) {}
+
+bool TAligridDelegate::Tinted(const QStyleOptionViewItem &option) const {
+    return settings_.DrawSelection && option.state.testFlag(QStyle::State_Selected);
+}
+
+QColor TAligridDelegate::Background(const QStyleOptionViewItem &option, TGridCell cell) const {
+    const TColor color = model_.CellColor(cell);
+    const QColor own = PaintedColor(color, option.palette);
+    if (!Tinted(option))
+        return own;
+    const QColor tint = PaintedColor(settings_.SelectedCellColor, option.palette);
+    // A mark stays recognisable under the selection.
+    return color == settings_.DefaultColor ? tint : Blended(tint, own, 0.5);
+}
+
+QColor TAligridDelegate::TextColor(const QStyleOptionViewItem &option, TGridCell cell) const {
+    const TColor color = model_.FontColor(cell);
+    if (color != settings_.DefaultFontColor)
+        return PaintedColor(color, option.palette);
+    if (model_.CellColor(cell) != settings_.DefaultColor)
+        return ReadableOn(Background(option, cell));
+    return PaintedColor(Tinted(option) ? settings_.SelectedFontColor : color, option.palette);
+}
+
+QRect TAligridDelegate::Inside(const QRect &rect) const {
+    return rect.adjusted(0, 0, -gridLineWidth, -gridLineWidth);
+}
+
+QRect TAligridDelegate::TextRect(const QRect &rect) const {
+    return Inside(rect).adjusted(cellTextMargin, 0, -cellTextMargin, 0);
+}
+
+void TAligridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                             const QModelIndex &index) const {
+    const TGridCell cell = model_.CellOf(index);
+    const QColor line =
+        Blended(option.palette.color(QPalette::Text), option.palette.color(QPalette::Base), 0.2);
+    painter->fillRect(option.rect, line);
+    painter->fillRect(Inside(option.rect), Background(option, cell));
+    painter->setPen(TextColor(option, cell));
+    const int wrap = settings_.Wordwrap ? Qt::TextWordWrap : Qt::TextSingleLine;
+    painter->drawText(TextRect(option.rect), static_cast<int>(model_.Alignment(cell)) | wrap,
+                      model_.cells.Text(cell.column, cell.row));
+    if (IsCurrent(option, index))
+        DrawCurrentFrame(*painter, Inside(option.rect), option);
+}
+
+QWidget *TAligridDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
+                                        const QModelIndex &index) const {
+    if (settings_.EditMultiline) {
+        auto *editor = new QPlainTextEdit(parent);
+        editor->setFrameShape(QFrame::NoFrame);
+        return editor;
+    }
+    auto *editor = new QLineEdit(parent);
+    editor->setFrame(false);
+    editor->setAlignment(model_.Alignment(model_.CellOf(index)));
+    return editor;
+}
+
+void TAligridDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const {
+    // Once, before it is shown: a repaint of the cells must not overwrite what is being typed.
+    if (!editor->isVisible())
+        QStyledItemDelegate::setEditorData(editor, index);
+}
+
+void TAligridDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                            const QModelIndex &) const {
+    // The current cell's frame stays visible around it.
+    editor->setGeometry(
+        Inside(option.rect).marginsRemoved({focusFrame, focusFrame, focusFrame, focusFrame}));
+}
+
+bool TAligridDelegate::eventFilter(QObject *editor, QEvent *event) {
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        return onEditorKey(*static_cast<QKeyEvent *>(event));
+    case QEvent::ShortcutOverride:
+        // Escape ends the edit, not the window around the grid.
+        if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
+            event->accept();
+        return false;
+    case QEvent::FocusOut:
+        // The editor's own context menu is not leaving it.
+        if (static_cast<QFocusEvent *>(event)->reason() != Qt::PopupFocusReason)
+            onEditorLeft();
+        return false;
+    default:
+        return QObject::eventFilter(editor, event);
+    }
+}
+
+bool TAligridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
+                                 const QStyleOptionViewItem &option, const QModelIndex &index) {
+    if (!settings_.ShowCellHints || event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const TGridCell cell = model_.CellOf(index);
+    const QString text = model_.cells.Text(cell.column, cell.row);
+    const bool fits = option.fontMetrics.horizontalAdvance(text) <= TextRect(option.rect).width();
+    QString hint = fits ? QString() : text;
+    onHint(cell, hint);
+    QToolTip::showText(event->globalPos(), hint, view, option.rect);
+    event->setAccepted(!hint.isEmpty());
+    return event->isAccepted();
+}

@@ -1,0 +1,15 @@
+// Draws the fixed row or column of a grid: the style's header sections, their texts standing where
+// the cells' texts stand.
+#pragma once
+
+#include <QHeaderView>
+
+class TAligridHeader : public QHeaderView {
+    Q_OBJECT
+public:
+    /// Sections keep the sizes that the grid gives them and cannot be selected.
+    TAligridHeader(Qt::Orientation orientation, QWidget *parent);
+
+protected:
+    void paintSection(QPainter *painter, const QRect &rect, int section) const override;
+};

@@ -1,0 +1,129 @@
+// The grid's sizes: columns, rows, headers, and the whole widget.
+#include "forms/Aligrid.h"
+#include "forms/AligridDelegate.h"
+#include "forms/AligridEvents.h"
+
+#include <algorithm>
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QScrollBar>
+
+namespace {
+constexpr int textRoom = 16; // beside the widest text, both sides together
+constexpr int lineRoom = 8;  // above and below a line of text together
+
+/// The widest texts that maps and bytes have.
+constexpr const char *widestTexts[] = {"10240", "100%", "1.02", "-12.7", "255"};
+} // namespace
+
+int TStringAlignGrid::DefaultColWidth() const {
+    if (defaultColWidth_)
+        return *defaultColWidth_;
+    int widest = 0;
+    for (const char *text : widestTexts)
+        widest = std::max(widest, fontMetrics().horizontalAdvance(QLatin1String(text)));
+    return widest + textRoom;
+}
+
+void TStringAlignGrid::SetDefaultColWidth(int width) {
+    colWidths_.clear();
+    defaultColWidth_ = std::max(width, 0);
+    LayOut();
+    Fire(OnColWidthsChanged);
+}
+
+int TStringAlignGrid::ColWidth(int column) const {
+    const auto position = static_cast<std::size_t>(column);
+    if (column < 0 || position >= colWidths_.size())
+        return DefaultColWidth();
+    return colWidths_[position].value_or(DefaultColWidth());
+}
+
+void TStringAlignGrid::SetColWidth(int column, int width) {
+    if (column < 0 || column >= ColCount() || ColWidth(column) == width)
+        return;
+    const auto position = static_cast<std::size_t>(column);
+    colWidths_.resize(std::max(colWidths_.size(), position + 1));
+    colWidths_[position] = std::max(width, 0);
+    LayOut();
+    Fire(OnColWidthsChanged);
+}
+
+int TStringAlignGrid::DefaultRowHeight() const {
+    return defaultRowHeight_.value_or(fontMetrics().height() + lineRoom);
+}
+
+void TStringAlignGrid::SetDefaultRowHeight(int height) {
+    defaultRowHeight_ = std::max(height, 1);
+    LayOut();
+    Fire(OnRowHeightsChanged);
+}
+
+int TStringAlignGrid::GridLineWidth() const {
+    return delegate_->gridLineWidth;
+}
+
+void TStringAlignGrid::SetGridLineWidth(int width) {
+    delegate_->gridLineWidth = std::max(width, 0);
+    LayOut();
+}
+
+void TStringAlignGrid::SetAutoAdjustLastCol(bool adjust) {
+    horizontalHeader()->setStretchLastSection(adjust);
+    LayOut();
+}
+
+void TStringAlignGrid::SetRedrawWhileScroll(bool redraw) {
+    verticalScrollBar()->setTracking(redraw);
+    horizontalScrollBar()->setTracking(redraw);
+}
+
+/// Gives headers, columns and rows their sizes. The headers are one grid line thicker than a cell
+/// is, so that with the frame the whole comes to exactly what FitTo asks for.
+void TStringAlignGrid::LayOut() {
+    if (updates_ > 0) {
+        shapeChanged_ = true;
+        return;
+    }
+    const int line = GridLineWidth();
+    horizontalHeader()->setVisible(FixedRows() > 0);
+    horizontalHeader()->setFixedHeight(DefaultRowHeight() + 2 * line);
+    verticalHeader()->setVisible(FixedCols() > 0);
+    verticalHeader()->setFixedWidth(ColWidth(0) + 2 * line);
+    verticalHeader()->setDefaultSectionSize(DefaultRowHeight() + line);
+    for (int section = 0; section < model_->columnCount(); ++section)
+        horizontalHeader()->resizeSection(section, ColWidth(section + FixedCols()) + line);
+    updateGeometries();
+}
+
+int TStringAlignGrid::BodyColumnsWidth(int columns) const {
+    int width = 0;
+    for (int column = 0; column < columns; ++column)
+        width += ColWidth(column + FixedCols()) + GridLineWidth();
+    return width;
+}
+
+void TStringAlignGrid::FitTo(int maxRows, int maxColumns) {
+    const int rows = std::clamp(model_->rowCount(), 0, std::max(maxRows, 0));
+    const int columns = std::clamp(model_->columnCount(), 0, std::max(maxColumns, 0));
+    const bool moreRows = model_->rowCount() > rows;
+    const bool moreColumns = model_->columnCount() > columns;
+    setVerticalScrollBarPolicy(moreRows ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(moreColumns ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    const int frame = 2 * frameWidth();
+    const int border = std::max(4 * GridLineWidth(), frame);
+    const int headerWidth = FixedCols() > 0 ? ColWidth(0) + border : frame;
+    const int headerHeight = FixedRows() > 0 ? DefaultRowHeight() + border : frame;
+    const int bodyHeight = rows * (DefaultRowHeight() + GridLineWidth());
+    const int besides = moreRows ? verticalScrollBar()->sizeHint().width() : 0;
+    const int below = moreColumns ? horizontalScrollBar()->sizeHint().height() : 0;
+    setFixedSize(headerWidth + BodyColumnsWidth(columns) + besides,
+                 headerHeight + bodyHeight + below);
+}
+
+void TStringAlignGrid::changeEvent(QEvent *event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        LayOut();
+}
