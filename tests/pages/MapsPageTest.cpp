@@ -1,11 +1,10 @@
-// The map page's own behaviour: loading, editing, commit, reset, interpretation, offsets, unlocking, leaving.
-// The fuel page stands for both where they do not differ.
-#include "pages/PageFixture.h"
-
+// The map page's own behaviour: loading, editing, commit, reset, interpretation, offsets,
+// unlocking, leaving. The fuel page stands for both where they do not differ.
 #include "forms/Aligrid.h"
 #include "maps/FuelMaps.h"
 #include "maps/TimingMaps.h"
 #include "maps/ToolWindow.h"
+#include "pages/PageFixture.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -13,7 +12,7 @@
 
 namespace {
 class TMapsPageTest : public TPageTest {
-  protected:
+protected:
     void SetUp() override {
         PlantMaps();
         PlaceMaps(workspace);
@@ -256,8 +255,9 @@ TEST_F(TMapsPageTest, UnlockedAxesAreEditedAndWritten) {
     EXPECT_EQ(Grid("grdPTMap").FixedRows(), 0);
     EXPECT_EQ(Grid("grdPTMap").FixedCols(), 0);
     const TBytes before = Get(0, Image().size);
-    Type("grdPTMap", 2, 0, "5200"); // 120 becomes 130 counts: the step before grows, the one behind shrinks
-    Type("grdPTMap", 0, 2, "56%");  // 150 becomes 140
+    Type("grdPTMap", 2, 0,
+         "5200"); // 120 becomes 130 counts: the step before grows, the one behind shrinks
+    Type("grdPTMap", 0, 2, "56%"); // 150 becomes 140
     Click("btnSavePT");
     TBytes expected = before;
     expected[fuelPT + 2] = 70;
@@ -310,13 +310,15 @@ TEST_F(TMapsPageTest, NoLeavesTheMapsAsTheyWereAndHidesThePage) {
 TEST_F(TMapsPageTest, AnOpenEditorIsAcceptedBeforeThePageIsLeft) {
     TStringAlignGrid &grid = Grid("grdPTMap");
     grid.SetCurrent(1, 1);
-    QTest::keyClicks(grid.viewport(), "63");
+    QTest::keyClick(grid.viewport(), Qt::Key_6);
+    QTest::keyClick(grid.viewport()->findChild<QLineEdit *>(), Qt::Key_3);
     dialogs.answers = {TAnswer::Yes};
     EXPECT_TRUE(page->QueryClose());
     EXPECT_EQ(Image().Peek(workspace.fuelMapSet.PTMap->data->offset), 63);
 }
 
-class TOversizeTest : public TMapsPageTest, public testing::WithParamInterface<std::pair<int, int>> {};
+class TOversizeTest : public TMapsPageTest,
+                      public testing::WithParamInterface<std::pair<int, int>> {};
 
 TEST_P(TOversizeTest, AMapThatDoesNotFitShowsNeitherGridNorChart) {
     const auto [rpmCount, loadCount] = GetParam();

@@ -1,5 +1,5 @@
-// Base of the page tests: a fresh model, scripted dialogs that also record the model's messages, a folder of its own
-// as current directory, and a plain ROM image with six known maps.
+// Base of the page tests: a fresh model, scripted dialogs that also record the model's messages, a
+// folder of its own as current directory, and a plain ROM image with six known maps.
 #pragma once
 
 #include "model/ROMTypes.h"
@@ -13,12 +13,11 @@
 #include <QTest>
 
 class TPageTest : public TModelTest {
-  protected:
+protected:
     TPageTest() : oldFolder_(std::filesystem::current_path()) {
         std::filesystem::current_path(folder.Path());
-        SetMessageHook([this](const std::string &text) {
-            dialogs.ShowMessage(QString::fromStdString(text));
-        });
+        SetMessageHook(
+            [this](const std::string &text) { dialogs.ShowMessage(QString::fromStdString(text)); });
     }
     ~TPageTest() override { std::filesystem::current_path(oldFolder_); }
 
@@ -30,8 +29,8 @@ class TPageTest : public TModelTest {
     static constexpr int timingWOT = 0x2300;
     static constexpr int revLimiter = 0x0040;
 
-    /// Plants the six maps (4 RPM points: 2400, 4800, 7200, 9600; part throttle with 3 load points: 20, 60, 100 %) and
-    /// a rev limiter of 6800 rpm. Bodies count up from 1.
+    /// Plants the six maps (4 RPM points: 2400, 4800, 7200, 9600; part throttle with 3 load points:
+    /// 20, 60, 100 %) and a rev limiter of 6800 rpm. Bodies count up from 1.
     void PlantMaps() {
         Image().size = 0x8000;
         const TBytes rpm{60, 60, 60, 16};
@@ -52,6 +51,6 @@ class TPageTest : public TModelTest {
     TFakeDialogs dialogs;
     TTemporaryFolder folder;
 
-  private:
+private:
     std::filesystem::path oldFolder_;
 };

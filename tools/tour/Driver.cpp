@@ -1,10 +1,13 @@
 #include "Driver.h"
 
+#include <cstdlib>
 #include <iostream>
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
 #include <QTabBar>
@@ -14,6 +17,7 @@
 
 namespace {
 constexpr int waitLimit = 10000; // milliseconds
+constexpr int tourLimit = 60000; // milliseconds
 
 void ConfirmFileDialog(const QString &fileName) {
     auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
@@ -21,14 +25,25 @@ void ConfirmFileDialog(const QString &fileName) {
         QTimer::singleShot(20, qApp, [fileName] { ConfirmFileDialog(fileName); });
         return;
     }
-    auto *edit = dialog->findChild<QLineEdit *>("fileNameEdit");
-    edit->clear();
-    QTest::keyClicks(edit, fileName);
-    QTest::keyClick(edit, Qt::Key_Enter);
+    dialog->findChild<QLineEdit *>("fileNameEdit")->setText(fileName);
+    const QDialogButtonBox::StandardButton confirm = dialog->acceptMode() == QFileDialog::AcceptOpen
+                                                         ? QDialogButtonBox::Open
+                                                         : QDialogButtonBox::Save;
+    QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(confirm), Qt::LeftButton);
+}
+
+/// A dialog that nobody answers would wait for ever.
+void LimitTime() {
+    QTimer::singleShot(tourLimit, qApp, [] {
+        std::cerr << "tour failed: not done after " << tourLimit / 1000 << " seconds" << std::endl;
+        std::_Exit(1);
+    });
 }
 } // namespace
 
-TDriver::TDriver(QWidget &window, const QDir &pictures) : window_(window), pictures_(pictures) {}
+TDriver::TDriver(QWidget &window, const QDir &pictures) : window_(window), pictures_(pictures) {
+    LimitTime();
+}
 
 void TDriver::Step(const QString &text) {
     std::cout << "step " << ++step_ << ": " << text.toStdString() << std::endl;

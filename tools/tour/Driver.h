@@ -17,6 +17,8 @@ class ETourFailed : public std::runtime_error {
 class TDriver {
 public:
     /// @param pictures  existing folder for the pictures
+    /// The whole process ends after a minute, so that a dialog that nobody answers does not hold
+    /// the tour for ever.
     TDriver(QWidget &window, const QDir &pictures);
 
     /// Prints the step's number and text.
