@@ -73,6 +73,6 @@ void TAreaChart::paintEvent(QPaintEvent *) {
     const QRect inside = rect().adjusted(8, 6, -8, -6);
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(inside, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, title_);
-    painter.drawText(inside, Qt::AlignHCenter | Qt::AlignBottom, tr("RPM"));
+    painter.drawText(inside, Qt::AlignLeft | Qt::AlignBottom, tr("RPM"));
     painter.drawText(inside, Qt::AlignLeft | Qt::AlignVCenter, leftAxisTitle_);
 }

@@ -59,7 +59,7 @@ public:
     void AddPoint(int series, double x, double value, const std::string &label,
                   TColor color) override;
 
-    QSize minimumSizeHint() const override { return {220, 120}; }
+    QSize minimumSizeHint() const override { return {110, 80}; }
     QSize sizeHint() const override { return {320, 160}; }
 
 protected:

@@ -1,5 +1,22 @@
 #include "maps/MapGrid.h"
 
+#include <algorithm>
+
+namespace {
+constexpr auto usualEntry = "00.00"; // room for what is typed, whatever the map holds
+constexpr int cellMargins = 10;      // pixels, both sides together
+
+/// Of the widest text: narrow columns leave room for the chart beside the grid.
+int ColumnWidth(const TStringAlignGrid &grid) {
+    const QFontMetrics metrics = grid.fontMetrics();
+    int widest = metrics.horizontalAdvance(usualEntry);
+    for (int row = 0; row < grid.RowCount(); ++row)
+        for (int column = 0; column < grid.ColCount(); ++column)
+            widest = std::max(widest, metrics.horizontalAdvance(grid.Cell(column, row)));
+    return widest + cellMargins;
+}
+} // namespace
+
 void TMapGrid::SetShape(int columns, int rows) {
     grid_.SetShape(columns, rows);
     grid_.SetFixedRows(rows > 1 ? 1 : 0);
@@ -24,5 +41,25 @@ void TMapGrid::SetVisible(bool visible) {
 }
 
 void TMapGrid::ShowAtMost(int maxRows, int maxColumns) {
-    grid_.FitTo(maxRows, maxColumns);
+    maxRows_ = maxRows;
+    maxColumns_ = maxColumns;
+    grid_.SetDefaultColWidth(ColumnWidth(grid_));
+    Fit();
+}
+
+void TMapGrid::SetAvailableWidth(int width) {
+    if (width == availableWidth_)
+        return;
+    availableWidth_ = width;
+    Fit();
+}
+
+void TMapGrid::Fit() {
+    grid_.FitTo(maxRows_, std::min(maxColumns_, ColumnsThatFit()));
+}
+
+int TMapGrid::ColumnsThatFit() const {
+    grid_.FitTo(maxRows_, 0);
+    const int columnWidth = grid_.DefaultColWidth() + grid_.GridLineWidth();
+    return std::max((availableWidth_ - grid_.width()) / columnWidth, 1);
 }

@@ -20,7 +20,17 @@ public:
     void SetVisible(bool visible) override;
     void ShowAtMost(int maxRows, int maxColumns) override;
 
+    /// The room that the grid may take beside its chart, in pixels: fewer columns are shown at once
+    /// when they would not fit. Never fewer than one.
+    void SetAvailableWidth(int width);
+
 private:
+    void Fit();
+    int ColumnsThatFit() const;
+
     TStringAlignGrid &grid_;
+    int maxRows_ = 0;
+    int maxColumns_ = 0;
+    int availableWidth_ = QWIDGETSIZE_MAX;
     bool visible_ = true;
 };

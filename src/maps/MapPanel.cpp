@@ -6,6 +6,9 @@
 #include <QVBoxLayout>
 
 namespace {
+constexpr int smallestWidth = 480; // pixels
+constexpr int smallestChart = 140; // pixels
+
 constexpr std::array<TMapPanelTraits, 3> panelTraits{{
     {TMapKind::PT, "Partial Throttle ", 12, 12, "Panel1", "lblPTGrid", "edtPTOffset", "grdPTMap",
      "chtPTMap", "btnSavePT", "btnResetPT", "PopupMenu1", "Copy1", "Paste1", "UnlockAxis1"},
@@ -44,6 +47,15 @@ TMapPanel::TMapPanel(QWidget *parent, const TMapPanelTraits &rowTraits)
     row->addWidget(chart, 1);
 }
 
+QSize TMapPanel::minimumSizeHint() const {
+    return {smallestWidth, QWidget::minimumSizeHint().height()};
+}
+
+void TMapPanel::resizeEvent(QResizeEvent *event) {
+    QWidget::resizeEvent(event);
+    gridView.SetAvailableWidth(width() - smallestChart - layout()->spacing());
+}
+
 void TMapPanel::MakePanel() {
     panel->setObjectName(traits.panel);
     title->setObjectName(traits.title);
@@ -69,13 +81,13 @@ void TMapPanel::MakePanel() {
 void TMapPanel::MakeChart() {
     commit->setObjectName(traits.commit);
     reset->setObjectName(traits.reset);
-    auto *buttons = new QHBoxLayout;
+    auto *buttons = new QVBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(commit);
     buttons->addWidget(reset);
-    auto *column = new QVBoxLayout(chart);
-    column->addStretch(1);
-    column->addLayout(buttons);
+    auto *corner = new QHBoxLayout(chart);
+    corner->addStretch(1);
+    corner->addLayout(buttons);
 }
 
 void TMapPanel::MakeMenu() {

@@ -55,6 +55,12 @@ public:
     QAction *unlockAction;
     TMapGrid gridView; ///< the grid as the model sees it
 
+    /// Narrow enough for the smallest window: the grid then shows fewer columns at once.
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     void MakePanel();
     void MakeChart();

@@ -65,6 +65,13 @@ void RaiseCell(TStringAlignGrid &grid, const QString &text) {
     TDriver::Expect(grid.FontColor(editedColumn, editedRow) == clBlue, "the edited cell is blue");
 }
 
+bool SplashIsUp() {
+    for (const QWidget *widget : QApplication::topLevelWidgets())
+        if (widget->objectName() == "frmSplash" && widget->isVisible())
+            return true;
+    return false;
+}
+
 void Tour(TfrmNotebook &window, const QDir &samples, const QDir &output) {
     TDriver driver(window, output);
     const QString source = samples.absoluteFilePath("FERRO32K.BIN");
@@ -76,6 +83,7 @@ void Tour(TfrmNotebook &window, const QDir &samples, const QDir &output) {
     driver.Picture("1-splash");
     TDriver::WaitFor([&] { return window.isVisible() && !window.isMinimized(); },
                      "the window is normal");
+    TDriver::WaitFor([] { return !SplashIsUp(); }, "the splash has gone");
     driver.Picture("2-start");
 
     driver.Step("load " + source);
