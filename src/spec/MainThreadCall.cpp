@@ -6,6 +6,7 @@
 #include <mutex>
 #include <utility>
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEvent>
 
@@ -44,12 +45,13 @@ bool TMainThreadCall::Run(const std::stop_token &stop, std::function<void()> wor
     return false;
 }
 
-bool TMainThreadCall::event(QEvent *event) {
-    if (event->type() != QEvent::User)
-        return QObject::event(event);
+void TMainThreadCall::customEvent(QEvent *) {
+    // The work may wait in an event loop of its own. The GLib dispatcher does not look there at
+    // events that were queued together with this one, other workers' calls for example, unless it
+    // is woken.
+    QCoreApplication::eventDispatcher()->wakeUp();
     const auto mailbox = mailbox_; // the work may destroy this object
     mailbox->RunWaiting();
-    return true;
 }
 
 void TMainThreadCall::TMailbox::RunWaiting() {

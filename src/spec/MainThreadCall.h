@@ -26,7 +26,7 @@ public:
     bool Run(const std::stop_token &stop, std::function<void()> work);
 
 protected:
-    bool event(QEvent *event) override;
+    void customEvent(QEvent *event) override;
 
 private:
     struct TCall;

@@ -1,6 +1,7 @@
 // The controls of the page "ROM Information" and their places; what they do is in ROMInfo.cpp.
 #include "forms/Guard.h"
 #include "forms/Hint.h"
+#include "forms/PlainScroll.h"
 #include "spec/ProgrammerControls.h"
 #include "spec/ROMInfo.h"
 
@@ -49,10 +50,7 @@ TfrmROMInformation::~TfrmROMInformation() = default;
 void TfrmROMInformation::MakeControls() {
     rdoROMtemplate_->setObjectName("rdoROMtemplate");
     rdoROMtemplate_->setEnabled(false);
-    auto *scroll = new QScrollArea(this);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidget(rdoROMtemplate_);
+    QScrollArea *scroll = MakePlainScroll(rdoROMtemplate_, this);
 
     auto *top = new QHBoxLayout;
     top->addWidget(MakeROMGroup());

@@ -110,6 +110,23 @@ TEST(MainThreadCall, RunningWorkGoesOnWhenItsWorkerGivesUp) {
     EXPECT_EQ(worker.outcome, TWorker::GaveUp);
 }
 
+TEST(MainThreadCall, WorkThatWaitsInALoopOfItsOwnDoesNotHoldUpOtherWorkers) {
+    for (int round = 0; round < 200; ++round) {
+        TMainThreadCall firstCall;
+        TMainThreadCall secondCall;
+        int begun = 0;
+        const auto meeting = [&begun] {
+            ++begun;
+            EXPECT_TRUE(WaitFor([&begun] { return begun == 2; }));
+        };
+        TWorker first(firstCall, meeting);
+        TWorker second(secondCall, meeting);
+        Dawdle(round); // both are queued before the main thread takes the first
+        ASSERT_TRUE(WaitFor(
+            [&] { return first.outcome == TWorker::Ran && second.outcome == TWorker::Ran; }));
+    }
+}
+
 TEST(MainThreadCall, MayBeDestroyedByTheWorkThatItRuns) {
     for (int i = 0; i < 100; ++i) {
         auto call = std::make_unique<TMainThreadCall>();

@@ -1,36 +1,27 @@
 #include "spec/X11WindowFinder.h"
 
 #include "start/WaitFor.h"
+#include "start/XServer.h"
 
 #include <cstdlib>
 #include <cstring>
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <xcb/xcb.h>
 
-#include <QProcess>
 #include <gtest/gtest.h>
 
 namespace {
 /// An X server of its own and, on a second connection, another program's windows.
 class X11WindowFinder : public testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        server = std::make_unique<QProcess>();
-        server->start("Xvfb", {"-displayfd", "1", "-screen", "0", "640x480x24", "-noreset"});
-        while (!server->canReadLine() && server->waitForReadyRead()) {
-        }
-        display = ':' + server->readLine().trimmed();
-    }
-    static void TearDownTestSuite() {
-        server->terminate();
-        server->waitForFinished();
-        server.reset();
-    }
+    static void SetUpTestSuite() { server = std::make_unique<TXServer>(); }
+    static void TearDownTestSuite() { server.reset(); }
     void SetUp() override {
         before_ = qgetenv("DISPLAY");
-        qputenv("DISPLAY", display);
-        other_ = xcb_connect(display.constData(), nullptr);
+        qputenv("DISPLAY", server->Display());
+        other_ = xcb_connect(server->Display().constData(), nullptr);
         ASSERT_EQ(xcb_connection_has_error(other_), 0);
         root_ = xcb_setup_roots_iterator(xcb_get_setup(other_)).data->root;
         finder_ = TX11WindowFinder::Connect();
@@ -83,15 +74,13 @@ protected:
     TWindowId NewNotebook() { return NewWindow(root_, "TfrmNotebook", "Ferrolyn "); }
     TWindowId Search() { return finder_->Find("TfrmNotebook", "Ferrolyn "); }
 
-    static std::unique_ptr<QProcess> server;
-    static QByteArray display;
+    static std::unique_ptr<TXServer> server;
     QByteArray before_;
     xcb_connection_t *other_ = nullptr;
     TWindowId root_ = 0;
     std::unique_ptr<TX11WindowFinder> finder_;
 };
-std::unique_ptr<QProcess> X11WindowFinder::server;
-QByteArray X11WindowFinder::display;
+std::unique_ptr<TXServer> X11WindowFinder::server;
 } // namespace
 
 TEST_F(X11WindowFinder, FindsClassAndTitleExactly) {
@@ -212,7 +201,7 @@ TEST_F(X11WindowFinder, WithoutAServerThereIsNoFinderAndNothingIsFound) {
         EXPECT_EQ(finder->OwnerOf(1), 0U);
         EXPECT_FALSE(finder->IsMinimised(1));
     }
-    qputenv("DISPLAY", display);
+    qputenv("DISPLAY", server->Display());
     const TWindowId notebook = NewNotebook();
     EXPECT_EQ(DesktopWindowFinder()->Find("TfrmNotebook", "Ferrolyn "), notebook);
 }
