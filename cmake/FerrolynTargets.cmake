@@ -27,6 +27,7 @@ function(ferrolyn_library name)
 endfunction()
 
 # A test program from every .cpp file of one folder below tests/; each of its cases is a test "folder.Suite.Case" of CTest.
+# Cases of one program share its folder (help files lie there), so they never run side by side; programs do.
 #   ferrolyn_test(NAME folder LIBS libraries...)
 function(ferrolyn_test name folder)
     cmake_parse_arguments(arg "" "" "LIBS" ${ARGN})
@@ -36,9 +37,10 @@ function(ferrolyn_test name folder)
     endif()
     add_executable(${name} ${sources})
     ferrolyn_settings(${name})
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/${folder}")
     target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
     target_compile_definitions(${name} PRIVATE FERROLYN_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE ${arg_LIBS})
     gtest_discover_tests(${name} TEST_PREFIX "${folder}." NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 120)
+        PROPERTIES TIMEOUT 120 RESOURCE_LOCK ${name})
 endfunction()

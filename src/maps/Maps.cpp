@@ -3,6 +3,7 @@
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
 #include "forms/KelvaneNotebook.h"
+#include "forms/PlainScroll.h"
 #include "maps/ChartData.h"
 #include "maps/PasteBuffer.h"
 #include "maps/ToolWindow.h"
@@ -56,10 +57,7 @@ void TfrmMaps::MakeControls() {
         ConnectPanel(*row);
         rows->addWidget(row, kind == TMapKind::PT ? 1 : 0);
     }
-    auto *scroll = new QScrollArea(this);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidget(content);
+    QScrollArea *scroll = MakePlainScroll(content, this);
 
     auto *btnRecalculate = new QPushButton(tr("Recalculate"), this);
     btnRecalculate->setObjectName("btnRecalculate");
