@@ -2,6 +2,7 @@
 #pragma once
 
 #include <csignal>
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -20,7 +21,7 @@ public:
         if (process_ == 0) {
             prctl(PR_SET_PDEATHSIG, SIGTERM);
             dup2(ends[1], STDOUT_FILENO);
-            close(STDERR_FILENO); // it complains about every display number that is taken
+            dup2(open("/dev/null", O_WRONLY), STDERR_FILENO); // it tells of every display taken
             execlp("Xvfb", "Xvfb", "-displayfd", "1", "-screen", "0", "640x480x24", "-noreset",
                    nullptr);
             _exit(127);
