@@ -107,7 +107,8 @@ std::string TX11WindowFinder::Property(TWindowId window, std::uint32_t property)
 std::vector<std::uint32_t> TX11WindowFinder::Numbers(TWindowId window, std::uint32_t property) {
     const std::string bytes = Property(window, property);
     std::vector<std::uint32_t> numbers(bytes.size() / sizeof(std::uint32_t));
-    std::memcpy(numbers.data(), bytes.data(), numbers.size() * sizeof(std::uint32_t));
+    if (!numbers.empty())
+        std::memcpy(numbers.data(), bytes.data(), numbers.size() * sizeof(std::uint32_t));
     return numbers;
 }
 

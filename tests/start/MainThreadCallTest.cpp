@@ -62,7 +62,7 @@ TEST(MainThreadCall, HandsOverOneAfterTheOther) {
 }
 
 TEST(MainThreadCall, WorkThatWasGivenUpNeverRuns) {
-    for (int i = 0; i < 500; ++i) {
+    for (int i = 0; i < 200; ++i) {
         TMainThreadCall call;
         bool ran = false;
         TWorker worker(call, [&ran] { ran = true; });
@@ -111,7 +111,7 @@ TEST(MainThreadCall, RunningWorkGoesOnWhenItsWorkerGivesUp) {
 }
 
 TEST(MainThreadCall, WorkThatWaitsInALoopOfItsOwnDoesNotHoldUpOtherWorkers) {
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 100; ++round) {
         TMainThreadCall firstCall;
         TMainThreadCall secondCall;
         int begun = 0;

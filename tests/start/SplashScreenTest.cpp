@@ -53,7 +53,7 @@ TEST(SplashScreen, TerminatedBeforeItsWindowWasMadeStillEnds) {
 }
 
 TEST(SplashScreenEnd, BeforeTheWindowIsThere) {
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 100; ++round) {
         const TSplashScreen splash;
         Dawdle(round);
     }
@@ -74,7 +74,7 @@ TEST(SplashScreenEnd, WithTheClosingHandOverOnItsWay) {
         TSplashScreen splash;
         ASSERT_TRUE(WaitForWindow(true));
         splash.Terminate();
-        Dawdle(round * 20);
+        Dawdle(round * 5);
     }
     EXPECT_FALSE(Window());
 }

@@ -207,7 +207,7 @@ TEST(ThreadedTimer, ThePriorityReachesTheThread) {
 TEST(ThreadedTimerEnd, DoesNotWaitForTheInterval) {
     QElapsedTimer clock;
     clock.start();
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 100; ++round) {
         const TCountingTimer timer(longest);
         Dawdle(round);
     }
@@ -215,7 +215,7 @@ TEST(ThreadedTimerEnd, DoesNotWaitForTheInterval) {
 }
 
 TEST(ThreadedTimerEnd, WhileATickIsOnItsWay) {
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < 150; ++round) {
         const TCountingTimer timer(1);
         Dawdle(round); // the main thread takes no events, so every tick stays on its way
     }

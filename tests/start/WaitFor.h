@@ -1,6 +1,7 @@
 // Waiting in the tests of threads: for a condition, never for a time.
 #pragma once
 
+#include <chrono>
 #include <thread>
 
 #include <QCoreApplication>
@@ -20,9 +21,11 @@ template <class Condition>
     return true;
 }
 
-/// Lets other threads get some way on while the main thread takes no events, further at each round
-/// of a loop.
+/// Keeps the main thread busy without taking events, by 20 microseconds more at each round of a
+/// loop, so that the rounds meet the other threads at different places. No result depends on it.
 inline void Dawdle(int round) {
-    for (int spin = 0; spin < round * 15; ++spin)
-        std::this_thread::yield();
+    using std::chrono::steady_clock;
+    const auto end = steady_clock::now() + round * std::chrono::microseconds(20);
+    while (steady_clock::now() < end) {
+    }
 }

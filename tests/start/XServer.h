@@ -20,14 +20,9 @@ public:
         process_ = fork();
         if (process_ == 0) {
             prctl(PR_SET_PDEATHSIG, SIGTERM);
-            // Not the standard output: the server closes that one late, when its number may be
-            // another file's.
-            dup2(ends[1], displayStream);
-            dup2(open("/dev/null", O_RDWR), STDIN_FILENO);
-            dup2(open("/dev/null", O_RDWR), STDOUT_FILENO);
-            // It complains about every display number that is taken.
-            dup2(open("/dev/null", O_WRONLY), STDERR_FILENO);
-            execlp("Xvfb", "Xvfb", "-displayfd", "9", "-screen", "0", "640x480x24", "-noreset",
+            dup2(ends[1], STDOUT_FILENO);
+            dup2(open("/dev/null", O_WRONLY), STDERR_FILENO); // it tells of every display taken
+            execlp("Xvfb", "Xvfb", "-displayfd", "1", "-screen", "0", "640x480x24", "-noreset",
                    nullptr);
             _exit(127);
         }
@@ -49,8 +44,6 @@ public:
     QByteArray Display() const { return ':' + number_; }
 
 private:
-    static constexpr int displayStream = 9;
-
     pid_t process_ = -1;
     QByteArray number_;
 };
