@@ -1,4 +1,4 @@
-#include "ShownGrid.h"
+#include "forms/ShownGrid.h"
 
 #include <QPlainTextEdit>
 
@@ -102,6 +102,20 @@ TEST_F(TEditTest, ErrorAfterTheEditLeavesTheTextAndTheCursor) {
     QTest::qWait(0);
     EXPECT_THAT(log, ElementsAre("before 1 1", "after 1 1"));
     EXPECT_FALSE(grid.IsEditing());
+}
+
+TEST_F(TEditTest, ErrorAfterTheEditKeepsTheCursorWhateverTheKey) {
+    grid.OnAfterEdit = [](int, int) { throw std::runtime_error("no number"); };
+    grid.AutoEditNextCell = true;
+    for (const Qt::Key key :
+         {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Up, Qt::Key_Down}) {
+        grid.SetCurrent(2, 2);
+        Type("x");
+        Press(key);
+        EXPECT_EQ(Current(), (TGridCell{2, 2})) << key;
+        EXPECT_FALSE(grid.IsEditing());
+    }
+    EXPECT_EQ(dialogs.messages.size(), 5);
 }
 
 TEST_F(TEditTest, LosingTheFocusAccepts) {

@@ -1,4 +1,4 @@
-#include "ShownGrid.h"
+#include "forms/ShownGrid.h"
 
 #include <QHeaderView>
 

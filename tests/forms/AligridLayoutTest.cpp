@@ -1,4 +1,4 @@
-#include "ShownGrid.h"
+#include "forms/ShownGrid.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -255,6 +255,12 @@ TEST_F(THintTest, NothingUnlessAskedFor) {
     grid.OnShowHintCell = [&](int, int, QString &) { ++asked; };
     EXPECT_FALSE(Help(1, 1));
     EXPECT_EQ(asked, 0);
+}
+
+TEST_F(THintTest, HintOfTheWholeGridIsShownOverCells) {
+    grid.setToolTip("Right-click for more options");
+    EXPECT_TRUE(Help(1, 1));
+    EXPECT_EQ(QToolTip::text(), "Right-click for more options");
 }
 
 TEST_F(THintTest, LongTextIsShownAndCanBeChanged) {

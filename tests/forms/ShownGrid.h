@@ -31,9 +31,6 @@ protected:
         grid.setFocus();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
-    // The handlers outlive their records otherwise.
-    ~TShownGrid() override { grid.CloseEditor(); }
-
     void Record(const char *event, int column, int row) {
         log.push_back(QString("%1 %2 %3").arg(event).arg(column).arg(row).toStdString());
     }
