@@ -96,8 +96,11 @@ QWidget *TAligridDelegate::createEditor(QWidget *parent, const QStyleOptionViewI
 
 void TAligridDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const {
     // Once, before it is shown: a repaint of the cells must not overwrite what is being typed.
-    if (!editor->isVisible())
-        QStyledItemDelegate::setEditorData(editor, index);
+    if (editor->isVisible())
+        return;
+    QStyledItemDelegate::setEditorData(editor, index);
+    if (auto *multiline = qobject_cast<QPlainTextEdit *>(editor))
+        multiline->selectAll(); // as the view does with a line, so that typing replaces the text
 }
 
 void TAligridDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
