@@ -173,7 +173,7 @@ bool TfrmROMInformation::MayWrite(const std::filesystem::path &target) {
 
 void TfrmROMInformation::WriteROM() {
     const std::filesystem::path target = saveFileName_;
-    if (!target.empty())
+    if (!target.empty() && !romFileName_.empty())
         QFile::copy(FromPath(romFileName_),
                     FromPath(target)); // refuses to replace; a failure does not matter
     workspace_.fuelMapSet.SaveAll();

@@ -12,7 +12,12 @@
 namespace {
 constexpr std::uint16_t splashInterval = 2500; // milliseconds
 constexpr int smallScreenHeight = 600;
+constexpr QSize usualSize(800, 600);
 } // namespace
+
+Qt::WindowState StateAtFirstShow(int screenHeight) {
+    return screenHeight <= smallScreenHeight ? Qt::WindowMaximized : Qt::WindowMinimized;
+}
 
 TfrmNotebook::TfrmNotebook() {
     setObjectName("frmNotebook");
@@ -49,13 +54,13 @@ void TfrmNotebook::AddPlainPage(const QString &pageName, const QString &tabName,
 
 void TfrmNotebook::FormShow() {
     TfrmKelvaneNotebook::FormShow();
-    setWindowState(Qt::WindowMinimized);
+    const Qt::WindowState state = StateAtFirstShow(screen()->geometry().height());
+    // The size first: a window that is resized on its way to the screen comes up in normal state.
+    if (state != Qt::WindowMaximized)
+        resize(usualSize);
+    setWindowState(state);
     splashThread_ = std::make_unique<TSplashScreen>();
     tmrSplash_.SetEnabled(true);
-    if (screen()->geometry().height() <= smallScreenHeight)
-        setWindowState(Qt::WindowMaximized);
-    else
-        resize(800, 600);
 }
 
 void TfrmNotebook::tmrSplashTimer() {

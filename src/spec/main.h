@@ -10,6 +10,10 @@
 
 #include <memory>
 
+/// How the window comes up: minimised, so that the splash stands alone; maximised, as it would not
+/// fit, on a screen of at most 600 pixels. The first tick of tmrSplash makes either normal.
+Qt::WindowState StateAtFirstShow(int screenHeight);
+
 class TfrmNotebook : public TfrmKelvaneNotebook {
     Q_OBJECT
 public:

@@ -1,0 +1,534 @@
+// Saving from the page "ROM Information": the ROM image and the question before it is lost, with
+// every way in which the user backs out and the disk refuses. New spec files are here too.
+#include "pages/ROMInfoFixture.h"
+
+#include <csignal>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <gmock/gmock.h>
+
+namespace {
+namespace fs = std::filesystem;
+
+const QString overwrite = "Overwrite existing file?";
+
+/// No file can grow beyond `limit` bytes while it lives, as on a full disk.
+class TFullDisk {
+public:
+    explicit TFullDisk(rlim_t limit) : oldHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &old_);
+        const rlimit small{limit, old_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    TFullDisk(const TFullDisk &) = delete;
+    TFullDisk &operator=(const TFullDisk &) = delete;
+    ~TFullDisk() {
+        setrlimit(RLIMIT_FSIZE, &old_);
+        std::signal(SIGXFSZ, oldHandler_);
+    }
+
+private:
+    void (*oldHandler_)(int);
+    rlimit old_{};
+};
+
+class TROMInfoSaveTest : public TROMInfoTest {
+protected:
+    void SetUp() override {
+        TROMInfoTest::SetUp();
+        rom = MakeROM("A.BIN", 7);
+        original = GetFile(rom);
+        LoadAndPlace(rom);
+    }
+    /// Changes the first fuel part throttle cell in the map alone; the bytes that a save then
+    /// writes.
+    TBytes Edit(int value = 77) {
+        Cell(*workspace.fuelMapSet.PTMap).SetValue(value);
+        TBytes bytes = original;
+        bytes[static_cast<std::size_t>(workspace.fuelMapSet.PTMap->data->offset)] =
+            static_cast<std::uint8_t>(value);
+        return bytes;
+    }
+    void Save(const fs::path &target) {
+        dialogs.saves.push_back(Name(target));
+        other->DataChanged = true;
+        page->ShowPage();
+        Button("btnSave").click();
+    }
+    /// A save that the user agreed to fails with `reason`, leaves all files as they were, and the
+    /// next one to another name works.
+    void ExpectFailure(const fs::path &target, const QString &reason) {
+        const TBytes expected = Edit();
+        EXPECT_NO_THROW(Save(target));
+        EXPECT_EQ(dialogs.messages,
+                  QStringList{"Cannot write '" + Name(target) + "': " + reason});
+        EXPECT_EQ(GetFile(rom), original);
+        EXPECT_EQ(page->ROMFileName(), rom);
+        EXPECT_EQ(Caption(), "Ferrolyn - " + Name(rom));
+        EXPECT_TRUE(Image().modified);
+        ExpectNextSaveWorks(expected);
+    }
+    void ExpectNextSaveWorks(const TBytes &expected) {
+        dialogs.messages.clear();
+        Save(folder / "NEXT.BIN");
+        EXPECT_EQ(dialogs.messages, QStringList());
+        EXPECT_EQ(GetFile(folder / "NEXT.BIN"), expected);
+        EXPECT_EQ(page->ROMFileName(), folder / "NEXT.BIN");
+    }
+
+    fs::path rom;
+    TBytes original;
+};
+
+TEST_F(TROMInfoSaveTest, TheDialogIsPrepared) {
+    Save("");
+    EXPECT_EQ(dialogs.saveDialogs,
+              QStringList{"Save ROM File|Binary Data (*.BIN)|*.BIN|.BIN|"});
+    EXPECT_TRUE(dialogs.questions.empty());
+    EXPECT_EQ(GetFile(rom), original);
+}
+
+TEST_F(TROMInfoSaveTest, ANewNameGetsTheEditedImageAndBecomesTheROMFile) {
+    const TBytes expected = Edit();
+    Image().Poke(0x7001, 55); // not in a map, in the image all the same
+    TBytes bytes = expected;
+    bytes[0x7001] = 55;
+    const fs::path target = folder / "B.BIN";
+    Save(target);
+    EXPECT_EQ(GetFile(target), bytes);
+    EXPECT_EQ(GetFile(rom), original);
+    EXPECT_EQ(page->ROMFileName(), target);
+    EXPECT_EQ(workspace.romFileName, target);
+    EXPECT_EQ(Caption(), "Ferrolyn - " + Name(target));
+    EXPECT_EQ(EnabledButtons(), "lc");
+    EXPECT_FALSE(Image().modified);
+    EXPECT_FALSE(workspace.fuelMapSet.IsModified());
+    EXPECT_TRUE(dialogs.questions.empty());
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_TRUE(other->DataChanged) << "nobody clears it after a save";
+}
+
+TEST_F(TROMInfoSaveTest, TheImageIsReadAgainFromTheNewFile) {
+    Edit();
+    Image().Poke(0x9000, 66); // behind the file's end
+    Save(folder / "B.BIN");
+    EXPECT_EQ(Get(0, Image().size), GetFile(folder / "B.BIN"));
+    PutFile(folder / "B.BIN", TBytes(0x10, 3));
+    page->ApplyROM();
+    EXPECT_EQ(Image().size, 0x10);
+}
+
+TEST_F(TROMInfoSaveTest, WithNothingChosenASaveTakesTheFileOutOfTheCaption) {
+    Load(rom);
+    dialogs.questions.clear();
+    workspace.fuelMapSet.SetOffsets(fuelPT, fuelIdle, fuelWOT);
+    workspace.timingMapSet.SetOffsets(timingPT, timingIdle, timingWOT);
+    const TBytes expected = Edit();
+    Save(folder / "B.BIN");
+    EXPECT_EQ(GetFile(folder / "B.BIN"), expected);
+    EXPECT_EQ(Caption(), "Ferrolyn");
+    EXPECT_EQ(page->ROMFileName(), folder / "B.BIN");
+    EXPECT_EQ(EnabledButtons(), "l");
+}
+
+TEST_F(TROMInfoSaveTest, AllMapsAndTheRevLimiterAreWritten) {
+    TBytes expected = original;
+    int value = 101;
+    for (TMapSet *maps : {static_cast<TMapSet *>(&workspace.fuelMapSet),
+                          static_cast<TMapSet *>(&workspace.timingMapSet)})
+        for (const TMapKind kind : {TMapKind::PT, TMapKind::Idle, TMapKind::WOT}) {
+            Cell(maps->Map(kind), 1).SetValue(value);
+            const int place = maps->Map(kind).data->offset + (kind == TMapKind::PT ? 3 : 1);
+            expected[static_cast<std::size_t>(place)] = static_cast<std::uint8_t>(value++);
+        }
+    workspace.fuelMapSet.revLimiter.SetValue(6000);
+    expected[revLimiter] = 150;
+    Save(folder / "B.BIN");
+    EXPECT_EQ(GetFile(folder / "B.BIN"), expected);
+}
+
+TEST_F(TROMInfoSaveTest, TheTimingSetIsWrittenAfterTheFuelSet) {
+    workspace.timingMapSet.PTMap->SetOffset(fuelPT);
+    const TBytes expected = Edit(77);
+    Cell(*workspace.timingMapSet.PTMap).SetValue(88);
+    Save(folder / "B.BIN");
+    EXPECT_EQ(GetFile(folder / "B.BIN")[static_cast<std::size_t>(
+                  workspace.fuelMapSet.PTMap->data->offset)],
+              88);
+    EXPECT_EQ(GetFile(folder / "B.BIN").size(), expected.size());
+}
+
+TEST_F(TROMInfoSaveTest, ARevLimiterThatIsNotPlacedReportsItselfAtEachSave) {
+    workspace.fuelMapSet.revLimiter.SetOffset(-1);
+    const TBytes expected = Edit();
+    Save(folder / "B.BIN");
+    EXPECT_EQ(dialogs.messages, QStringList{"Error saving rev limiter data"});
+    EXPECT_EQ(GetFile(folder / "B.BIN"), expected);
+    EXPECT_EQ(Caption(), "Ferrolyn - " + Name(folder / "B.BIN"));
+}
+
+TEST_F(TROMInfoSaveTest, AnExistingFileIsReplacedAfterYes) {
+    const fs::path target = folder / "B.BIN";
+    PutFile(target, TBytes(10, 9));
+    const TBytes expected = Edit();
+    dialogs.answers = {TAnswer::Yes};
+    Save(target);
+    EXPECT_EQ(dialogs.questions, QStringList{overwrite});
+    EXPECT_EQ(GetFile(target), expected);
+    EXPECT_EQ(page->ROMFileName(), target);
+}
+
+TEST_F(TROMInfoSaveTest, TheROMFileItselfMayBeTheTarget) {
+    const TBytes expected = Edit();
+    dialogs.answers = {TAnswer::Yes};
+    Save(rom);
+    EXPECT_EQ(GetFile(rom), expected);
+    EXPECT_EQ(Caption(), "Ferrolyn - " + Name(rom));
+}
+
+TEST_F(TROMInfoSaveTest, AnExistingFileStaysAfterNo) {
+    const fs::path target = folder / "B.BIN";
+    PutFile(target, TBytes(10, 9));
+    Edit();
+    dialogs.answers = {TAnswer::No};
+    Save(target);
+    EXPECT_EQ(GetFile(target), TBytes(10, 9));
+    EXPECT_EQ(page->ROMFileName(), rom);
+    EXPECT_TRUE(workspace.fuelMapSet.IsModified());
+    EXPECT_EQ(Image().Peek(workspace.fuelMapSet.PTMap->data->offset), 1);
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(TROMInfoSaveTest, CancelAfterAnEarlierSaveAsksAboutTheRememberedName) {
+    Edit();
+    Save(folder / "B.BIN");
+    const TBytes first = GetFile(folder / "B.BIN");
+    Edit(78);
+    dialogs.answers = {TAnswer::Yes, TAnswer::No};
+    dialogs.saves = {""};
+    EXPECT_FALSE(page->QuerySave());
+    EXPECT_EQ(dialogs.saveDialogs.back(),
+              "Save ROM File|Binary Data (*.BIN)|*.BIN|.BIN|" + Name(folder / "B.BIN"));
+    EXPECT_EQ(dialogs.questions, (QStringList{"Save Changes?", overwrite}));
+    EXPECT_EQ(dialogs.messages, QStringList{"Save unsuccessful"});
+    EXPECT_EQ(GetFile(folder / "B.BIN"), first);
+}
+
+TEST_F(TROMInfoSaveTest, CancelAsksNothingWhenTheRememberedFileIsGone) {
+    Edit();
+    Save(folder / "B.BIN");
+    fs::remove(folder / "B.BIN");
+    Save("");
+    EXPECT_TRUE(dialogs.questions.empty());
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(TROMInfoSaveTest, YesAfterCancelEndsInTheFileErrorAndLosesNothing) {
+    Edit();
+    Save(folder / "B.BIN");
+    const TBytes first = GetFile(folder / "B.BIN");
+    Edit(78);
+    dialogs.answers = {TAnswer::Yes};
+    Save("");
+    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '': No such file or directory"});
+    EXPECT_EQ(GetFile(folder / "B.BIN"), first);
+    EXPECT_EQ(GetFile(rom), original);
+    EXPECT_EQ(page->ROMFileName(), folder / "B.BIN");
+    EXPECT_TRUE(Image().modified);
+    dialogs.messages.clear();
+    Save(folder / "C.BIN");
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_EQ(GetFile(folder / "C.BIN"),
+              [&] {
+                  TBytes bytes = first;
+                  bytes[static_cast<std::size_t>(workspace.fuelMapSet.PTMap->data->offset)] = 78;
+                  return bytes;
+              }());
+}
+
+TEST_F(TROMInfoSaveTest, QuerySaveSavesAfterYes) {
+    const TBytes expected = Edit();
+    dialogs.answers = {TAnswer::Yes};
+    dialogs.saves = {Name(folder / "B.BIN")};
+    EXPECT_TRUE(page->QuerySave());
+    EXPECT_EQ(dialogs.questions, QStringList{"Save Changes?"});
+    EXPECT_EQ(GetFile(folder / "B.BIN"), expected);
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(TROMInfoSaveTest, QuerySaveTellsOfACancelledSave) {
+    Edit();
+    dialogs.answers = {TAnswer::Yes};
+    dialogs.saves = {""};
+    EXPECT_FALSE(page->QuerySave());
+    EXPECT_EQ(dialogs.messages, QStringList{"Save unsuccessful"});
+}
+
+TEST_F(TROMInfoSaveTest, AFileErrorStopsTheLoadThatAsked) {
+    Edit();
+    dialogs.answers = {TAnswer::Yes};
+    dialogs.saves = {Name(folder / "missing/B.BIN")};
+    Button("btnLoad").click();
+    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '" + Name(folder / "missing/B.BIN") +
+                                            "': No such file or directory"});
+    EXPECT_EQ(dialogs.openDialogs.size(), 1) << "only the first load asked for a file";
+}
+
+TEST_F(TROMInfoSaveTest, WithoutAROMFileAnEmptyFileIsWritten) {
+    page->SetROMFileName({});
+    Image().size = 0;
+    Save(folder / "B.BIN");
+    EXPECT_EQ(GetFile(folder / "B.BIN"), TBytes());
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+// What the disk refuses
+
+TEST_F(TROMInfoSaveTest, AFolderAsTarget) {
+    fs::create_directory(folder / "B.BIN");
+    dialogs.answers = {TAnswer::Yes};
+    ExpectFailure(folder / "B.BIN", "Is a directory");
+    EXPECT_TRUE(fs::is_empty(folder / "B.BIN"));
+}
+
+TEST_F(TROMInfoSaveTest, AMissingFolder) {
+    ExpectFailure(folder / "missing" / "B.BIN", "No such file or directory");
+    EXPECT_FALSE(fs::exists(folder / "missing"));
+}
+
+TEST_F(TROMInfoSaveTest, AFullDiskLeavesTheOldFile) {
+    const fs::path target = folder / "B.BIN";
+    PutFile(target, TBytes(10, 9));
+    const TBytes expected = Edit();
+    dialogs.answers = {TAnswer::Yes};
+    {
+        const TFullDisk full(0x4000);
+        Save(target);
+    }
+    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '" + Name(target) + "': File too large"});
+    EXPECT_EQ(GetFile(target), TBytes(10, 9));
+    EXPECT_EQ(GetFile(rom), original);
+    EXPECT_THAT(folder.Names(), testing::UnorderedElementsAre("A.BIN", "B.BIN", "DIRECT.SPC"));
+    ExpectNextSaveWorks(expected);
+}
+
+TEST_F(TROMInfoSaveTest, AFullDiskLeavesNoHalfOfANewFile) {
+    Edit();
+    {
+        const TFullDisk full(0x4000);
+        Save(folder / "B.BIN");
+    }
+    EXPECT_EQ(dialogs.messages.size(), 1);
+    EXPECT_THAT(folder.Names(), testing::UnorderedElementsAre("A.BIN", "DIRECT.SPC"));
+    EXPECT_EQ(page->ROMFileName(), rom);
+}
+
+TEST_F(TROMInfoSaveTest, TheROMFileMayGoBetweenLoadAndSave) {
+    const TBytes expected = Edit();
+    fs::remove(rom);
+    Save(folder / "B.BIN");
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_EQ(GetFile(folder / "B.BIN"), expected);
+    EXPECT_EQ(Caption(), "Ferrolyn - " + Name(folder / "B.BIN"));
+}
+
+/// Runs in a process of its own that has no rights but everybody's.
+class TROMInfoRightsDeathTest : public TROMInfoSaveTest {
+protected:
+    using TPerms = fs::perms;
+
+    void SetUp() override {
+        TROMInfoSaveTest::SetUp();
+        fs::permissions(folder.Path(), TPerms(0755));
+        closed = folder / "closed";
+        fs::create_directory(closed);
+    }
+    void TearDown() override { fs::permissions(closed, TPerms(0755)); }
+
+    /// Ends the process: with 0 when `work` met no failure.
+    template <class Work>
+    [[noreturn]] void WithoutRights(Work work) {
+        if (geteuid() == 0 && setuid(65534) != 0)
+            _exit(2);
+        work();
+        _exit(HasFailure() ? 1 : 0);
+    }
+
+    fs::path closed;
+};
+
+TEST_F(TROMInfoRightsDeathTest, ANewFileInAFolderWithoutWritePermission) {
+    fs::permissions(closed, TPerms(0555));
+    fs::permissions(folder.Path(), TPerms(0777)); // where the next save goes
+    EXPECT_EXIT(
+        WithoutRights([&] { ExpectFailure(closed / "B.BIN", "Permission denied"); }),
+        testing::ExitedWithCode(0), "");
+    EXPECT_TRUE(fs::is_empty(closed));
+}
+
+TEST_F(TROMInfoRightsDeathTest, AFileThatMayNotBeWritten) {
+    const fs::path target = closed / "B.BIN";
+    PutFile(target, TBytes(10, 9));
+    fs::permissions(target, TPerms(0444));
+    fs::permissions(closed, TPerms(0555));
+    fs::permissions(folder.Path(), TPerms(0777));
+    dialogs.answers = {TAnswer::Yes};
+    EXPECT_EXIT(WithoutRights([&] { ExpectFailure(target, "Permission denied"); }),
+                testing::ExitedWithCode(0), "");
+    EXPECT_EQ(GetFile(target), TBytes(10, 9));
+}
+
+TEST_F(TROMInfoRightsDeathTest, AWritableFileInAFolderWithoutWritePermissionIsWrittenInPlace) {
+    const fs::path target = closed / "B.BIN";
+    PutFile(target, TBytes(10, 9));
+    fs::permissions(target, TPerms(0666));
+    fs::permissions(closed, TPerms(0555));
+    const TBytes expected = Edit();
+    dialogs.answers = {TAnswer::Yes};
+    EXPECT_EXIT(WithoutRights([&] {
+                    Save(target);
+                    EXPECT_TRUE(dialogs.messages.empty());
+                    EXPECT_EQ(page->ROMFileName(), target);
+                }),
+                testing::ExitedWithCode(0), "");
+    EXPECT_EQ(GetFile(target), expected);
+}
+
+TEST_F(TROMInfoRightsDeathTest, AROMFileThatMayNotBeRead) {
+    fs::permissions(rom, TPerms(0));
+    EXPECT_EXIT(WithoutRights([&] {
+                    Load(rom);
+                    EXPECT_EQ(dialogs.messages,
+                              QStringList{"Cannot read '" + Name(rom) + "': Permission denied"});
+                    EXPECT_EQ(Image().Peek(0x7000), 7);
+                    EXPECT_EQ(Caption(), "Ferrolyn - " + Name(rom));
+                }),
+                testing::ExitedWithCode(0), "");
+}
+
+// "Save Spec"
+
+class TSaveSpecTest : public TROMInfoSaveTest {
+protected:
+    void SaveSpec(const fs::path &target) {
+        dialogs.saves.push_back(Name(target));
+        Button("btnSaveSpec").click();
+    }
+    std::string Text(const fs::path &file) {
+        const TBytes bytes = GetFile(file);
+        return {bytes.begin(), bytes.end()};
+    }
+
+    const std::string rest = "[Fuel Maps]\npt_offset=$1000\nidle_offset=$1200\nwot_offset=$1300\n"
+                             "[Timing Maps]\npt_offset=$2000\nidle_offset=$2200\nwot_offset=$2300\n"
+                             "[Other Maps]\nrevlimit_offset=$0040\n";
+};
+
+TEST_F(TSaveSpecTest, ANewFileRecordsAllPlacesUnderTheDefaultLabel) {
+    dialogs.inputs = {QString()};
+    SaveSpec(folder / "NEW.SPC");
+    EXPECT_EQ(Text(folder / "NEW.SPC"), "; User Defined\n" + rest);
+    EXPECT_EQ(dialogs.saveDialogs,
+              QStringList{"Save ROM Spec File|Spec Files (*.SPC)|*.SPC|.SPC|"});
+    EXPECT_EQ(dialogs.inputBoxes, QStringList{"Display label|Display As: |User Defined"});
+    EXPECT_TRUE(dialogs.questions.empty());
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_EQ(Items().size(), 2) << "the list is not scanned again";
+    EXPECT_EQ(page->ROMFileName(), rom);
+}
+
+TEST_F(TSaveSpecTest, TheLabelIsTheUsers) {
+    dialogs.inputs = {"Tuned, für 8 cylinders"};
+    SaveSpec(folder / "NEW.SPC");
+    EXPECT_EQ(Text(folder / "NEW.SPC"), "; Tuned, für 8 cylinders\n" + rest);
+    Load(rom);
+    EXPECT_TRUE(Items().contains("Tuned, für 8 cylinders"));
+}
+
+TEST_F(TSaveSpecTest, AfterThePointerFormTheResolvedPlacesAreWritten) {
+    Image().Poke(0x100, 0x31); // masked to 0x01
+    Image().Poke(0x101, 0x80);
+    PutMap(0x180, {60, 60}, {100, 100});
+    workspace.fuelMapSet.SetPointers(0x100, 0x0F, 0x100, 0x0F, 0x100, 0x0F);
+    dialogs.inputs = {"P"};
+    SaveSpec(folder / "NEW.SPC");
+    EXPECT_EQ(Text(folder / "NEW.SPC"),
+              "; P\n[Fuel Maps]\npt_offset=$0180\nidle_offset=$0180\nwot_offset=$0180\n" +
+                  rest.substr(rest.find("[Timing")));
+}
+
+TEST_F(TSaveSpecTest, UnplacedMapsAndRevLimiter) {
+    workspace.fuelMapSet.PTMap->SetOffset(0);
+    workspace.timingMapSet.WOTMap->SetOffset(0x12345);
+    workspace.fuelMapSet.revLimiter.SetOffset(-1);
+    dialogs.inputs = {"P"};
+    SaveSpec(folder / "NEW.SPC");
+    const std::string text = Text(folder / "NEW.SPC");
+    EXPECT_THAT(text, testing::HasSubstr("[Fuel Maps]\npt_offset=$0000\n"));
+    EXPECT_THAT(text, testing::HasSubstr("wot_offset=$12345\n"));
+    EXPECT_THAT(text, testing::EndsWith("revlimit_offset=$FFFFFFFF\n"));
+}
+
+TEST_F(TSaveSpecTest, CancelWritesNothing) {
+    SaveSpec("");
+    EXPECT_TRUE(dialogs.questions.empty());
+    EXPECT_TRUE(dialogs.inputBoxes.empty());
+    EXPECT_THAT(folder.Names(), testing::UnorderedElementsAre("A.BIN", "DIRECT.SPC"));
+}
+
+TEST_F(TSaveSpecTest, AnExistingFileIsReplacedAfterYesOnly) {
+    const fs::path target = MakeText("OLD.SPC", "; Old\n[Main]\ntiming_divider=0.5\n");
+    dialogs.answers = {TAnswer::No};
+    SaveSpec(target);
+    EXPECT_EQ(dialogs.questions, QStringList{overwrite});
+    EXPECT_EQ(Text(target), "; Old\n[Main]\ntiming_divider=0.5\n");
+    EXPECT_TRUE(dialogs.inputBoxes.empty());
+    dialogs.answers = {TAnswer::Yes};
+    dialogs.inputs = {QString()};
+    SaveSpec(target);
+    EXPECT_EQ(Text(target), "; User Defined\n" + rest);
+}
+
+TEST_F(TSaveSpecTest, AFileThatCannotBeCreatedIsToldBeforeTheLabelIsAskedFor) {
+    const fs::path target = folder / "missing" / "NEW.SPC";
+    SaveSpec(target);
+    EXPECT_EQ(dialogs.messages,
+              QStringList{"Cannot write '" + Name(target) + "': No such file or directory"});
+    EXPECT_TRUE(dialogs.inputBoxes.empty());
+    EXPECT_FALSE(fs::exists(folder / "missing"));
+}
+
+TEST_F(TSaveSpecTest, AFolderAsTargetIsAnError) {
+    fs::create_directory(folder / "NEW.SPC");
+    dialogs.answers = {TAnswer::Yes};
+    dialogs.inputs = {QString()};
+    SaveSpec(folder / "NEW.SPC");
+    EXPECT_EQ(dialogs.messages,
+              QStringList{"Cannot write '" + Name(folder / "NEW.SPC") + "': Is a directory"});
+    EXPECT_TRUE(fs::is_empty(folder / "NEW.SPC"));
+}
+
+TEST_F(TSaveSpecTest, AFullDiskLeavesTheOldSpec) {
+    const fs::path target = MakeText("OLD.SPC", "; Old\n");
+    dialogs.answers = {TAnswer::Yes};
+    dialogs.inputs = {QString()};
+    {
+        const TFullDisk full(16);
+        SaveSpec(target);
+    }
+    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '" + Name(target) + "': File too large"});
+    EXPECT_EQ(Text(target), "; Old\n");
+}
+
+TEST_F(TSaveSpecTest, OneDialogServesBothAndRemembersItsName) {
+    Save(folder / "B.BIN");
+    dialogs.answers = {TAnswer::Yes};
+    SaveSpec("");
+    EXPECT_EQ(dialogs.saveDialogs.back(),
+              "Save ROM Spec File|Spec Files (*.SPC)|*.SPC|.SPC|" + Name(folder / "B.BIN"));
+    EXPECT_EQ(dialogs.questions, QStringList{overwrite});
+    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '': No such file or directory"});
+    EXPECT_EQ(GetFile(folder / "B.BIN"), original);
+}
+} // namespace
