@@ -90,9 +90,10 @@ QGroupBox *TfrmROMInformation::MakeROMGroup() {
 QWidget *TfrmROMInformation::MakeAbout() {
     auto *about = new QWidget(this);
     auto *column = new QVBoxLayout(about);
-    for (std::size_t i = 0; i < aboutLabels_.size(); ++i) {
+    constexpr std::array<const char *, 4> names{"Label1", "Label2", "Label3", "Label4"};
+    for (std::size_t i = 0; i < names.size(); ++i) {
         aboutLabels_[i] = new QLabel(about);
-        aboutLabels_[i]->setObjectName(QString("Label%1").arg(i + 1));
+        aboutLabels_[i]->setObjectName(names[i]);
         aboutLabels_[i]->setAlignment(Qt::AlignHCenter);
         column->addWidget(aboutLabels_[i]);
     }
