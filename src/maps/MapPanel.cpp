@@ -1,5 +1,7 @@
 #include "maps/MapPanel.h"
 
+#include "forms/Hint.h"
+
 #include <array>
 
 #include <QHBoxLayout>
@@ -64,7 +66,9 @@ void TMapPanel::MakePanel() {
     grid->Editable = true;
     auto *offsetLabel = new QLabel(tr("offset"), panel);
     offsetLabel->setBuddy(offset);
-    offset->setToolTip(tr("Double-click to enter new offset to map"));
+    SetHint(offset, tr("Double-click to enter new offset to map"));
+    if (traits.kind == TMapKind::PT)
+        SetHint(grid, tr("Right-click for more options"));
     offset->setMaximumWidth(offset->fontMetrics().horizontalAdvance("$FFFFFFFF") + 24);
 
     auto *head = new QHBoxLayout;

@@ -208,7 +208,7 @@ void TfrmMaps::Reset(TMapKind kind) {
 }
 
 void TfrmMaps::BeforeEdit(TMapKind kind, int column, int row) {
-    EditOldValue = CellNumber(Panel(kind), column, row);
+    EditOldValue = static_cast<long double>(CellNumber(Panel(kind), column, row));
 }
 
 void TfrmMaps::AfterEdit(TMapKind kind, int column, int row) {

@@ -29,6 +29,10 @@ TfrmNotebook::TfrmNotebook() {
     FormCreate();
 }
 
+TfrmNotebook::~TfrmNotebook() {
+    delete PageControl1; // and the pages with it, which refer to the workspace
+}
+
 void TfrmNotebook::FormCreate() {
     connect(PageControl1, &QTabWidget::currentChanged, this, [this](int index) {
         if (index == 0)

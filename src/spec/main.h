@@ -19,6 +19,8 @@ class TfrmNotebook : public TfrmKelvaneNotebook {
 public:
     /// Creates the map sets and all pages (FormCreate); shows nothing.
     TfrmNotebook();
+    /// Frees the pages, then the map sets; at any moment, also before the first tick.
+    ~TfrmNotebook() override;
 
     TWorkspace workspace; ///< the pages refer to it
 
@@ -39,5 +41,5 @@ private:
     void AddPlainPage(const QString &pageName, const QString &tabName, const QString &caption);
 
     std::unique_ptr<TSplashScreen> splashThread_;
-    TThreadedTimer tmrSplash_;
+    TThreadedTimer tmrSplash_{this};
 };

@@ -66,8 +66,7 @@ TEST_F(TOffsetEntryTest, TheDialogIsCentredOnItsOwner) {
     host.setGeometry(100, 80, 640, 480);
     host.show();
     Manual([&](TfrmOffsetEntry &dialog) {
-        const QPoint off =
-            dialog.frameGeometry().center() - host.frameGeometry().center();
+        const QPoint off = dialog.frameGeometry().center() - host.frameGeometry().center();
         EXPECT_LE(qAbs(off.x()), 2);
         EXPECT_LE(qAbs(off.y()), 2);
         TDialog::Cancel(dialog);
@@ -87,10 +86,10 @@ TEST_F(TOffsetEntryTest, EachEditStandsBesideItsLabelInOrder) {
                     << texts.last().toStdString();
             }
         }
-        EXPECT_EQ(texts, (QStringList{"Main Data Offset (try $0 or $100)", "$ = Hex Value",
-                                      "Fuel PT Offset", "Fuel Idle Offset", "Fuel WOT Offset",
-                                      "Timing PT Offset", "Timing Idle Offset",
-                                      "Timing WOT Offset"}));
+        EXPECT_EQ(texts,
+                  (QStringList{"Main Data Offset (try $0 or $100)", "$ = Hex Value",
+                               "Fuel PT Offset", "Fuel Idle Offset", "Fuel WOT Offset",
+                               "Timing PT Offset", "Timing Idle Offset", "Timing WOT Offset"}));
         EXPECT_EQ(fields, QStringList{"edtDataOffset"} + mapEdits);
         TDialog::Cancel(dialog);
     });
@@ -103,8 +102,8 @@ TEST_F(TOffsetEntryTest, OKPlacesAllSixMapsAndNothingElse) {
         TypeAll(dialog, {"$2000", "$2200", "8960", " $1000", "$1200", "$1300"});
         TDialog::OK(dialog);
     });
-    EXPECT_EQ(Places(), (std::vector<int>{timingPT, timingIdle, timingWOT, fuelPT, fuelIdle,
-                                          fuelWOT}));
+    EXPECT_EQ(Places(),
+              (std::vector<int>{timingPT, timingIdle, timingWOT, fuelPT, fuelIdle, fuelWOT}));
     EXPECT_EQ(Image().Peek(0x7000), 99) << "the image is not read again";
     EXPECT_EQ(Caption(), "before");
     EXPECT_EQ(EnabledButtons(), "lcm");
@@ -246,15 +245,15 @@ TEST_P(TOffsetEntryCloseTest, ClosingAnotherWayAfterTypingAsks) {
     EXPECT_EQ(Group().ItemIndex(), -1);
     EXPECT_EQ(Places(), planted);
 }
-INSTANTIATE_TEST_SUITE_P(
-    Ways, TOffsetEntryCloseTest,
-    testing::Values(TClosing{"Button", TInOffsetDialog::Cancel},
-                    TClosing{"Escape",
-                             [](TfrmOffsetEntry &dialog) {
-                                 QTest::keyClick(&dialog, Qt::Key_Escape);
-                             }},
-                    TClosing{"Frame", [](TfrmOffsetEntry &dialog) { dialog.close(); }}),
-    [](const auto &way) { return std::string(way.param.name); });
+INSTANTIATE_TEST_SUITE_P(Ways, TOffsetEntryCloseTest,
+                         testing::Values(TClosing{"Button", TInOffsetDialog::Cancel},
+                                         TClosing{"Escape",
+                                                  [](TfrmOffsetEntry &dialog) {
+                                                      QTest::keyClick(&dialog, Qt::Key_Escape);
+                                                  }},
+                                         TClosing{"Frame",
+                                                  [](TfrmOffsetEntry &dialog) { dialog.close(); }}),
+                         [](const auto &way) { return std::string(way.param.name); });
 
 TEST_F(TOffsetEntryTest, EveryEditCountsAsAChange) {
     for (const QString &name : mapEdits + QStringList{"edtDataOffset"}) {

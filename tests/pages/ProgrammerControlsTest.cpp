@@ -44,9 +44,7 @@ protected:
     }
     QComboBox &Devices() { return Find<QComboBox>("cmbDevice"); }
     QCheckBox &Use() { return Find<QCheckBox>("chkUsePP2"); }
-    QList<QWidget *> Driven() {
-        return {&Button("btnRead"), &Button("btnWrite"), &Devices()};
-    }
+    QList<QWidget *> Driven() { return {&Button("btnRead"), &Button("btnWrite"), &Devices()}; }
 };
 
 TEST_F(TProgrammerControlsTest, TheListHoldsItsTwentyThreeTexts) {

@@ -1,9 +1,9 @@
 // Saving from the page "ROM Information": the ROM image and the question before it is lost, with
-// every way in which the user backs out and the disk refuses. New spec files are here too.
+// every way in which the user backs out and the disk refuses. New spec files are saved in
+// SaveSpecTest.cpp.
+#include "pages/FullDisk.h"
 #include "pages/ROMInfoFixture.h"
 
-#include <csignal>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
@@ -12,26 +12,6 @@ namespace {
 namespace fs = std::filesystem;
 
 const QString overwrite = "Overwrite existing file?";
-
-/// No file can grow beyond `limit` bytes while it lives, as on a full disk.
-class TFullDisk {
-public:
-    explicit TFullDisk(rlim_t limit) : oldHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &old_);
-        const rlimit small{limit, old_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    TFullDisk(const TFullDisk &) = delete;
-    TFullDisk &operator=(const TFullDisk &) = delete;
-    ~TFullDisk() {
-        setrlimit(RLIMIT_FSIZE, &old_);
-        std::signal(SIGXFSZ, oldHandler_);
-    }
-
-private:
-    void (*oldHandler_)(int);
-    rlimit old_{};
-};
 
 class TROMInfoSaveTest : public TROMInfoTest {
 protected:
@@ -61,8 +41,7 @@ protected:
     void ExpectFailure(const fs::path &target, const QString &reason) {
         const TBytes expected = Edit();
         EXPECT_NO_THROW(Save(target));
-        EXPECT_EQ(dialogs.messages,
-                  QStringList{"Cannot write '" + Name(target) + "': " + reason});
+        EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '" + Name(target) + "': " + reason});
         EXPECT_EQ(GetFile(rom), original);
         EXPECT_EQ(page->ROMFileName(), rom);
         EXPECT_EQ(Caption(), "Ferrolyn - " + Name(rom));
@@ -83,8 +62,7 @@ protected:
 
 TEST_F(TROMInfoSaveTest, TheDialogIsPrepared) {
     Save("");
-    EXPECT_EQ(dialogs.saveDialogs,
-              QStringList{"Save ROM File|Binary Data (*.BIN)|*.BIN|.BIN|"});
+    EXPECT_EQ(dialogs.saveDialogs, QStringList{"Save ROM File|Binary Data (*.BIN)|*.BIN|.BIN|"});
     EXPECT_TRUE(dialogs.questions.empty());
     EXPECT_EQ(GetFile(rom), original);
 }
@@ -153,8 +131,8 @@ TEST_F(TROMInfoSaveTest, TheTimingSetIsWrittenAfterTheFuelSet) {
     const TBytes expected = Edit(77);
     Cell(*workspace.timingMapSet.PTMap).SetValue(88);
     Save(folder / "B.BIN");
-    EXPECT_EQ(GetFile(folder / "B.BIN")[static_cast<std::size_t>(
-                  workspace.fuelMapSet.PTMap->data->offset)],
+    EXPECT_EQ(GetFile(folder /
+                      "B.BIN")[static_cast<std::size_t>(workspace.fuelMapSet.PTMap->data->offset)],
               88);
     EXPECT_EQ(GetFile(folder / "B.BIN").size(), expected.size());
 }
@@ -239,12 +217,11 @@ TEST_F(TROMInfoSaveTest, YesAfterCancelEndsInTheFileErrorAndLosesNothing) {
     dialogs.messages.clear();
     Save(folder / "C.BIN");
     EXPECT_TRUE(dialogs.messages.empty());
-    EXPECT_EQ(GetFile(folder / "C.BIN"),
-              [&] {
-                  TBytes bytes = first;
-                  bytes[static_cast<std::size_t>(workspace.fuelMapSet.PTMap->data->offset)] = 78;
-                  return bytes;
-              }());
+    EXPECT_EQ(GetFile(folder / "C.BIN"), [&] {
+        TBytes bytes = first;
+        bytes[static_cast<std::size_t>(workspace.fuelMapSet.PTMap->data->offset)] = 78;
+        return bytes;
+    }());
 }
 
 TEST_F(TROMInfoSaveTest, QuerySaveSavesAfterYes) {
@@ -361,9 +338,8 @@ protected:
 TEST_F(TROMInfoRightsDeathTest, ANewFileInAFolderWithoutWritePermission) {
     fs::permissions(closed, TPerms(0555));
     fs::permissions(folder.Path(), TPerms(0777)); // where the next save goes
-    EXPECT_EXIT(
-        WithoutRights([&] { ExpectFailure(closed / "B.BIN", "Permission denied"); }),
-        testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(WithoutRights([&] { ExpectFailure(closed / "B.BIN", "Permission denied"); }),
+                testing::ExitedWithCode(0), "");
     EXPECT_TRUE(fs::is_empty(closed));
 }
 
@@ -405,130 +381,5 @@ TEST_F(TROMInfoRightsDeathTest, AROMFileThatMayNotBeRead) {
                     EXPECT_EQ(Caption(), "Ferrolyn - " + Name(rom));
                 }),
                 testing::ExitedWithCode(0), "");
-}
-
-// "Save Spec"
-
-class TSaveSpecTest : public TROMInfoSaveTest {
-protected:
-    void SaveSpec(const fs::path &target) {
-        dialogs.saves.push_back(Name(target));
-        Button("btnSaveSpec").click();
-    }
-    std::string Text(const fs::path &file) {
-        const TBytes bytes = GetFile(file);
-        return {bytes.begin(), bytes.end()};
-    }
-
-    const std::string rest = "[Fuel Maps]\npt_offset=$1000\nidle_offset=$1200\nwot_offset=$1300\n"
-                             "[Timing Maps]\npt_offset=$2000\nidle_offset=$2200\nwot_offset=$2300\n"
-                             "[Other Maps]\nrevlimit_offset=$0040\n";
-};
-
-TEST_F(TSaveSpecTest, ANewFileRecordsAllPlacesUnderTheDefaultLabel) {
-    dialogs.inputs = {QString()};
-    SaveSpec(folder / "NEW.SPC");
-    EXPECT_EQ(Text(folder / "NEW.SPC"), "; User Defined\n" + rest);
-    EXPECT_EQ(dialogs.saveDialogs,
-              QStringList{"Save ROM Spec File|Spec Files (*.SPC)|*.SPC|.SPC|"});
-    EXPECT_EQ(dialogs.inputBoxes, QStringList{"Display label|Display As: |User Defined"});
-    EXPECT_TRUE(dialogs.questions.empty());
-    EXPECT_TRUE(dialogs.messages.empty());
-    EXPECT_EQ(Items().size(), 2) << "the list is not scanned again";
-    EXPECT_EQ(page->ROMFileName(), rom);
-}
-
-TEST_F(TSaveSpecTest, TheLabelIsTheUsers) {
-    dialogs.inputs = {"Tuned, für 8 cylinders"};
-    SaveSpec(folder / "NEW.SPC");
-    EXPECT_EQ(Text(folder / "NEW.SPC"), "; Tuned, für 8 cylinders\n" + rest);
-    Load(rom);
-    EXPECT_TRUE(Items().contains("Tuned, für 8 cylinders"));
-}
-
-TEST_F(TSaveSpecTest, AfterThePointerFormTheResolvedPlacesAreWritten) {
-    Image().Poke(0x100, 0x31); // masked to 0x01
-    Image().Poke(0x101, 0x80);
-    PutMap(0x180, {60, 60}, {100, 100});
-    workspace.fuelMapSet.SetPointers(0x100, 0x0F, 0x100, 0x0F, 0x100, 0x0F);
-    dialogs.inputs = {"P"};
-    SaveSpec(folder / "NEW.SPC");
-    EXPECT_EQ(Text(folder / "NEW.SPC"),
-              "; P\n[Fuel Maps]\npt_offset=$0180\nidle_offset=$0180\nwot_offset=$0180\n" +
-                  rest.substr(rest.find("[Timing")));
-}
-
-TEST_F(TSaveSpecTest, UnplacedMapsAndRevLimiter) {
-    workspace.fuelMapSet.PTMap->SetOffset(0);
-    workspace.timingMapSet.WOTMap->SetOffset(0x12345);
-    workspace.fuelMapSet.revLimiter.SetOffset(-1);
-    dialogs.inputs = {"P"};
-    SaveSpec(folder / "NEW.SPC");
-    const std::string text = Text(folder / "NEW.SPC");
-    EXPECT_THAT(text, testing::HasSubstr("[Fuel Maps]\npt_offset=$0000\n"));
-    EXPECT_THAT(text, testing::HasSubstr("wot_offset=$12345\n"));
-    EXPECT_THAT(text, testing::EndsWith("revlimit_offset=$FFFFFFFF\n"));
-}
-
-TEST_F(TSaveSpecTest, CancelWritesNothing) {
-    SaveSpec("");
-    EXPECT_TRUE(dialogs.questions.empty());
-    EXPECT_TRUE(dialogs.inputBoxes.empty());
-    EXPECT_THAT(folder.Names(), testing::UnorderedElementsAre("A.BIN", "DIRECT.SPC"));
-}
-
-TEST_F(TSaveSpecTest, AnExistingFileIsReplacedAfterYesOnly) {
-    const fs::path target = MakeText("OLD.SPC", "; Old\n[Main]\ntiming_divider=0.5\n");
-    dialogs.answers = {TAnswer::No};
-    SaveSpec(target);
-    EXPECT_EQ(dialogs.questions, QStringList{overwrite});
-    EXPECT_EQ(Text(target), "; Old\n[Main]\ntiming_divider=0.5\n");
-    EXPECT_TRUE(dialogs.inputBoxes.empty());
-    dialogs.answers = {TAnswer::Yes};
-    dialogs.inputs = {QString()};
-    SaveSpec(target);
-    EXPECT_EQ(Text(target), "; User Defined\n" + rest);
-}
-
-TEST_F(TSaveSpecTest, AFileThatCannotBeCreatedIsToldBeforeTheLabelIsAskedFor) {
-    const fs::path target = folder / "missing" / "NEW.SPC";
-    SaveSpec(target);
-    EXPECT_EQ(dialogs.messages,
-              QStringList{"Cannot write '" + Name(target) + "': No such file or directory"});
-    EXPECT_TRUE(dialogs.inputBoxes.empty());
-    EXPECT_FALSE(fs::exists(folder / "missing"));
-}
-
-TEST_F(TSaveSpecTest, AFolderAsTargetIsAnError) {
-    fs::create_directory(folder / "NEW.SPC");
-    dialogs.answers = {TAnswer::Yes};
-    dialogs.inputs = {QString()};
-    SaveSpec(folder / "NEW.SPC");
-    EXPECT_EQ(dialogs.messages,
-              QStringList{"Cannot write '" + Name(folder / "NEW.SPC") + "': Is a directory"});
-    EXPECT_TRUE(fs::is_empty(folder / "NEW.SPC"));
-}
-
-TEST_F(TSaveSpecTest, AFullDiskLeavesTheOldSpec) {
-    const fs::path target = MakeText("OLD.SPC", "; Old\n");
-    dialogs.answers = {TAnswer::Yes};
-    dialogs.inputs = {QString()};
-    {
-        const TFullDisk full(16);
-        SaveSpec(target);
-    }
-    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '" + Name(target) + "': File too large"});
-    EXPECT_EQ(Text(target), "; Old\n");
-}
-
-TEST_F(TSaveSpecTest, OneDialogServesBothAndRemembersItsName) {
-    Save(folder / "B.BIN");
-    dialogs.answers = {TAnswer::Yes};
-    SaveSpec("");
-    EXPECT_EQ(dialogs.saveDialogs.back(),
-              "Save ROM Spec File|Spec Files (*.SPC)|*.SPC|.SPC|" + Name(folder / "B.BIN"));
-    EXPECT_EQ(dialogs.questions, QStringList{overwrite});
-    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '': No such file or directory"});
-    EXPECT_EQ(GetFile(folder / "B.BIN"), original);
 }
 } // namespace

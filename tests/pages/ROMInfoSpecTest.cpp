@@ -56,9 +56,9 @@ TEST_F(TROMInfoTest, TheMessageComesWhenTheListIsFilled) {
 
 TEST_F(TROMInfoTest, EachItemReadsItsOwnFile) {
     for (int i = 1; i <= 5; ++i)
-        MakeText("S" + std::to_string(i) + ".SPC", "; Spec " + std::to_string(i) +
-                                                       "\n[Other Maps]\nrevlimit_offset=" +
-                                                       std::to_string(i) + "\n");
+        MakeText("S" + std::to_string(i) + ".SPC",
+                 "; Spec " + std::to_string(i) +
+                     "\n[Other Maps]\nrevlimit_offset=" + std::to_string(i) + "\n");
     Load(MakeROM("A.BIN"));
     for (int i = 5; i >= 1; --i) {
         Choose("Spec " + QString::number(i));
@@ -179,15 +179,14 @@ TEST_P(TBadSpecTest, TheErrorIsShownAfterTheImageHasBeenReadAgain) {
 }
 INSTANTIATE_TEST_SUITE_P(
     Lines, TBadSpecTest,
-    testing::Values(
-        TBadLine{"[Other Maps]\nrevlimit_offset=junk\n[Main]\ntiming_divider=0.5\n",
-                 "'junk' is not a valid integer value", 1.5, 2.5, false},
-        TBadLine{"[Main]\ntiming_divider=junk\ntiming_subtractor=3\n",
-                 "'junk' is not a valid floating point value", 1.5, 2.5, true},
-        TBadLine{"[Main]\ntiming_divider=\n", "'' is not a valid floating point value", 1.5, 2.5,
-                 true},
-        TBadLine{"[Main]\ntiming_divider=0.5\ntiming_subtractor=1,5\n",
-                 "'1,5' is not a valid floating point value", 0.5, 2.5, true}));
+    testing::Values(TBadLine{"[Other Maps]\nrevlimit_offset=junk\n[Main]\ntiming_divider=0.5\n",
+                             "'junk' is not a valid integer value", 1.5, 2.5, false},
+                    TBadLine{"[Main]\ntiming_divider=junk\ntiming_subtractor=3\n",
+                             "'junk' is not a valid floating point value", 1.5, 2.5, true},
+                    TBadLine{"[Main]\ntiming_divider=\n", "'' is not a valid floating point value",
+                             1.5, 2.5, true},
+                    TBadLine{"[Main]\ntiming_divider=0.5\ntiming_subtractor=1,5\n",
+                             "'1,5' is not a valid floating point value", 0.5, 2.5, true}));
 
 TEST_F(TROMInfoTest, TheSpecsErrorIsShownWhenTheImageIsGoneToo) {
     MakeText("BAD.SPC", "; Bad\n[Main]\ntiming_divider=junk\n");

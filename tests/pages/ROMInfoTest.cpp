@@ -234,9 +234,8 @@ TEST_F(TROMInfoTest, EachSetCountsForTheQuestion) {
     LoadAndPlace(MakeROM("A.BIN"));
     EXPECT_TRUE(page->QuerySave());
     int asked = 0;
-    for (TVal *value :
-         {&Cell(*workspace.fuelMapSet.PTMap), &Cell(*workspace.timingMapSet.WOTMap),
-          static_cast<TVal *>(&workspace.fuelMapSet.revLimiter)}) {
+    for (TVal *value : {&Cell(*workspace.fuelMapSet.PTMap), &Cell(*workspace.timingMapSet.WOTMap),
+                        static_cast<TVal *>(&workspace.fuelMapSet.revLimiter)}) {
         value->modified = true;
         dialogs.answers = {TAnswer::No};
         EXPECT_TRUE(page->QuerySave());

@@ -1,0 +1,284 @@
+// Every control of the pages and windows by its name: kind, text, hint and first state, so that
+// nobody renames or forgets one unnoticed.
+#include "forms/Help.h"
+#include "forms/PageControl.h"
+#include "maps/Maps.h"
+#include "maps/ToolWindow.h"
+#include "pages/PageFixture.h"
+#include "spec/main.h"
+#include "spec/offsetentry.h"
+#include "spec/splash.h"
+
+#include <fstream>
+#include <map>
+
+#include <QAction>
+#include <QStatusBar>
+
+namespace {
+enum class TForm { ROM, Fuel, Timing, Tools, Window, Offsets, Splash };
+
+/// First states that are not the usual ones (enabled, visible, unchecked, writable), as letters:
+/// d disabled, h hidden, c checked, r read-only.
+struct TControl {
+    TForm form;
+    const char *name;
+    const char *kind;
+    const char *text;
+    const char *hint;
+    const char *states;
+};
+
+constexpr auto doubleClick = "Double-click to enter new offset to map";
+
+const TControl controls[] = {
+    {TForm::ROM, "grpLoadROM", "QGroupBox", "ROM Information", "", ""},
+    {TForm::ROM, "btnLoad", "QPushButton", "&Load ROM Image",
+     "Load a new ROM Image into the program", ""},
+    {TForm::ROM, "btnSaveSpec", "QPushButton", "Save Spec",
+     "Save a new spec file using offsets listed on map pages", "d"},
+    {TForm::ROM, "btnSave", "QPushButton", "&Save ROM", "Save the ROM Image to a binary file", "d"},
+    {TForm::ROM, "btnOffsetEntry", "QPushButton", "Manual Offsets", "", "d"},
+    {TForm::ROM, "btnRead", "QPushButton", "Read ROM", "", "h"},
+    {TForm::ROM, "btnWrite", "QPushButton", "Write ROM", "", "h"},
+    {TForm::ROM, "chkUsePP2", "QCheckBox", "Use Direct Interface to Programmer", "", "h"},
+    {TForm::ROM, "cmbDevice", "QComboBox", "Select EPROM type", "", "h"},
+    {TForm::ROM, "rdoROMtemplate", "TRadioGroup",
+     "Select a directory containing .SPC files to fill list", "", "d"},
+    {TForm::ROM, "Label1", "QLabel", nullptr, "", ""},
+    {TForm::ROM, "Label2", "QLabel", nullptr, "", ""},
+    {TForm::ROM, "Label3", "QLabel", nullptr, "", ""},
+    {TForm::ROM, "Label4", "QLabel", nullptr, "", ""},
+    {TForm::ROM, "Label5", "QLabel", "data offset", "", ""},
+    {TForm::ROM, "StatusBar1", "QStatusBar", nullptr, "", ""},
+    {TForm::ROM, "btnHelp", "QPushButton", "Help", "", "h"},
+
+    {TForm::Fuel, "grdPTMap", "TStringAlignGrid", nullptr, "Right-click for more options", ""},
+    {TForm::Fuel, "grdIdMap", "TStringAlignGrid", nullptr, nullptr, ""},
+    {TForm::Fuel, "grdFTMap", "TStringAlignGrid", nullptr, nullptr, ""},
+    {TForm::Fuel, "lblPTGrid", "QLabel", "Partial Throttle /\\ Trim Map", "", ""},
+    {TForm::Fuel, "lblIdGrid", "QLabel", "Idle /\\ Trim Map", "", ""},
+    {TForm::Fuel, "lblFTGrid", "QLabel", "Full Throttle /\\ Trim Map", "", ""},
+    {TForm::Fuel, "edtPTOffset", "QLineEdit", "$0000", doubleClick, "r"},
+    {TForm::Fuel, "edtIdOffset", "QLineEdit", "$0000", doubleClick, "r"},
+    {TForm::Fuel, "edtFTOffset", "QLineEdit", "$0000", doubleClick, "r"},
+    {TForm::Fuel, "chkInterpret", "QCheckBox", "Interpret Byte Values", "", ""},
+    {TForm::Fuel, "chtPTMap", "TAreaChart", nullptr, nullptr, ""},
+    {TForm::Fuel, "chtIdMap", "TAreaChart", nullptr, nullptr, ""},
+    {TForm::Fuel, "chtFTMap", "TAreaChart", nullptr, nullptr, ""},
+    {TForm::Fuel, "btnSavePT", "QPushButton", "Commit", nullptr, ""},
+    {TForm::Fuel, "btnSaveIdle", "QPushButton", "Commit", nullptr, ""},
+    {TForm::Fuel, "btnSaveFT", "QPushButton", "Commit", nullptr, ""},
+    {TForm::Fuel, "btnResetPT", "QPushButton", "Reset", nullptr, ""},
+    {TForm::Fuel, "btnResetIdle", "QPushButton", "Reset", nullptr, ""},
+    {TForm::Fuel, "btnResetFT", "QPushButton", "Reset", nullptr, ""},
+    {TForm::Fuel, "btnRecalculate", "QPushButton", "Recalculate", nullptr, ""},
+    {TForm::Fuel, "btnClose", "QPushButton", "Close Page", nullptr, ""},
+    {TForm::Fuel, "btnHelp", "QPushButton", "Help", "", "h"},
+    {TForm::Fuel, "Copy1", "QAction", "Copy Map", nullptr, ""},
+    {TForm::Fuel, "Copy2", "QAction", "Copy Map", nullptr, ""},
+    {TForm::Fuel, "Copy3", "QAction", "Copy Map", nullptr, ""},
+    {TForm::Fuel, "Paste1", "QAction", "Paste Map", nullptr, ""},
+    {TForm::Fuel, "Paste2", "QAction", "Paste Map", nullptr, ""},
+    {TForm::Fuel, "Paste3", "QAction", "Paste Map", nullptr, ""},
+    {TForm::Fuel, "UnlockAxis1", "QAction", "Unlock Axis", nullptr, ""},
+    {TForm::Fuel, "UnlockAxis2", "QAction", "Unlock Axis", nullptr, ""},
+    {TForm::Fuel, "UnlockAxis3", "QAction", "Unlock Axis", nullptr, ""},
+    {TForm::Fuel, "PopupMenu1", "QMenu", nullptr, nullptr, ""},
+    {TForm::Fuel, "PopupMenu2", "QMenu", nullptr, nullptr, ""},
+    {TForm::Fuel, "PopupMenu3", "QMenu", nullptr, nullptr, ""},
+    {TForm::Fuel, "spnRevLimiter", "QSpinBox", nullptr, nullptr, "h"},
+    {TForm::Fuel, "Label1", "QLabel", "Max RPM", nullptr, "h"},
+    {TForm::Fuel, "btnSaverev", "QPushButton", "Commit", nullptr, ""},
+    {TForm::Fuel, "btnResetRev", "QPushButton", "Reset", nullptr, ""},
+
+    {TForm::Timing, "lblPTGrid", "QLabel", "Partial Throttle Ign Timing Map", "", ""},
+    {TForm::Timing, "lblIdGrid", "QLabel", "Idle Ign Timing Map", "", ""},
+    {TForm::Timing, "lblFTGrid", "QLabel", "Full Throttle Ign Timing Map", "", ""},
+    {TForm::Timing, "grdPTMap", "TStringAlignGrid", nullptr, "Right-click for more options", ""},
+    {TForm::Timing, "chkInterpret", "QCheckBox", "Interpret Byte Values", "", ""},
+
+    {TForm::Tools, "rdoOperation", "TRadioGroup", "&Operation", "", ""},
+    {TForm::Tools, "rdoRange", "TRadioGroup", "&Range", "", ""},
+    {TForm::Tools, "rdoScale", "TRadioGroup", "&Scale", "", ""},
+    {TForm::Tools, "rdoDataset", "TRadioGroup", "&Data Set", "", ""},
+    {TForm::Tools, "edtVal", "QLineEdit", "0", "", ""},
+    {TForm::Tools, "lblfromto", "QLabel", nullptr, "", ""},
+    {TForm::Tools, "Label1", "QLabel", "of", "", ""},
+    {TForm::Tools, "btnExec", "QPushButton", "&Go", "", ""},
+    {TForm::Tools, "Button2", "QPushButton", "&Undo", "", "h"},
+
+    {TForm::Window, "PageControl1", "QTabWidget", nullptr, "", ""},
+    {TForm::Window, "btnPrint", "QPushButton", "Print", "Print Displayed Data", "h"},
+    {TForm::Window, "btnClose", "QPushButton", "Close", "Close", "h"},
+    {TForm::Window, "btnSave", "QPushButton", "Save", "", "dh"},
+    {TForm::Window, "btnCancel", "QPushButton", "Cancel", "", "dh"},
+    {TForm::Window, "StatusBar1", "QStatusBar", nullptr, "", ""},
+
+    {TForm::Offsets, "pnlMain", "QFrame", nullptr, "", ""},
+    {TForm::Offsets, "edtDataOffset", "QLineEdit", "", "", ""},
+    {TForm::Offsets, "edtFuelPTMapOffset", "QLineEdit", "", "", ""},
+    {TForm::Offsets, "edtFuelIdMapOffset", "QLineEdit", "", "", ""},
+    {TForm::Offsets, "edtFuelFTMapOffset", "QLineEdit", "", "", ""},
+    {TForm::Offsets, "edtTimingPTMapOffset", "QLineEdit", "", "", ""},
+    {TForm::Offsets, "edtTimingIdMapOffset", "QLineEdit", "", "", ""},
+    {TForm::Offsets, "edtTimingFTMapOffset", "QLineEdit", "", "", ""},
+    {TForm::Offsets, "btnOK", "QPushButton", "&OK", "", ""},
+    {TForm::Offsets, "btnCancel", "QPushButton", "Cancel", "", ""},
+    {TForm::Offsets, "btnFilter", "QPushButton", "Filter", "", "h"},
+    {TForm::Offsets, "btnHelp", "QPushButton", "Help", "", "h"},
+
+    {TForm::Splash, "imgLogo", "QLabel", nullptr, "", ""},
+    {TForm::Splash, "lblStatus", "QLabel", "", "", ""},
+};
+
+class TControlsTest : public TPageTest {
+protected:
+    TControlsTest() {
+        TfrmBaseForm::ProgRegKey = "key";
+        offsets = std::make_unique<TfrmOffsetEntry>(nullptr, window.workspace);
+        window.Page(1)->ShowPage();
+        window.Page(2)->ShowPage();
+    }
+    ~TControlsTest() override { TfrmBaseForm::ProgRegKey.clear(); }
+
+    QObject &Form(TForm form) {
+        switch (form) {
+        case TForm::ROM:
+            return *window.Page(0);
+        case TForm::Fuel:
+            return *window.Page(1);
+        case TForm::Timing:
+            return *window.Page(2);
+        case TForm::Tools:
+            return *dynamic_cast<TfrmMaps &>(*window.Page(1)).ToolWindow;
+        case TForm::Window:
+            return window;
+        case TForm::Offsets:
+            return *offsets;
+        case TForm::Splash:
+            return splash;
+        }
+        throw std::logic_error("no such form");
+    }
+    /// The window's own controls, not those of the same name on its pages.
+    QObject *Control(const TControl &wanted) {
+        for (QObject *found : Form(wanted.form).findChildren<QObject *>(wanted.name))
+            if (wanted.form != TForm::Window || !InPage(found))
+                return found;
+        return nullptr;
+    }
+    bool InPage(const QObject *object) {
+        for (; object; object = object->parent())
+            if (qobject_cast<const TEmbeddedForm *>(object) ||
+                qobject_cast<const TfrmToolWindow *>(object))
+                return true;
+        return false;
+    }
+    static QString TextOf(const QObject &control) {
+        for (const char *property : {"currentText", "text", "title"})
+            if (const QVariant text = control.property(property); text.isValid())
+                return text.toString();
+        return "(no text)";
+    }
+    /// Hidden by word, itself or one of its parents up to the form.
+    bool Hidden(const QWidget *widget, const QObject &form) {
+        for (; widget && widget != &form; widget = widget->parentWidget())
+            if (widget->isHidden() && !qobject_cast<const TEmbeddedForm *>(widget))
+                return widget->testAttribute(Qt::WA_WState_ExplicitShowHide);
+        return false;
+    }
+    QString StatesOf(const QObject &control, const QObject &form) {
+        QString states;
+        if (!control.property("enabled").toBool())
+            states += 'd';
+        if (const auto *widget = qobject_cast<const QWidget *>(&control))
+            if (Hidden(widget, form))
+                states += 'h';
+        if (control.inherits("QAbstractButton") && control.property("checked").toBool())
+            states += 'c';
+        if (control.property("readOnly").toBool())
+            states += 'r';
+        return states;
+    }
+
+    TfrmNotebook window;
+    std::unique_ptr<TfrmOffsetEntry> offsets;
+    TfrmSplash splash;
+};
+
+TEST_F(TControlsTest, EachStandsInItsFirstState) {
+    for (const TControl &wanted : controls) {
+        SCOPED_TRACE(testing::Message()
+                     << wanted.name << " on " << Form(wanted.form).objectName().toStdString());
+        QObject *control = Control(wanted);
+        ASSERT_TRUE(control);
+        EXPECT_TRUE(control->inherits(wanted.kind)) << control->metaObject()->className();
+        if (wanted.text) {
+            EXPECT_EQ(TextOf(*control), wanted.text);
+        }
+        if (wanted.hint) {
+            EXPECT_EQ(control->property("toolTip").toString(), wanted.hint);
+        }
+        EXPECT_EQ(StatesOf(*control, Form(wanted.form)), wanted.states);
+    }
+}
+
+TEST_F(TControlsTest, AHintIsShownInTheStatusBarToo) {
+    for (const TControl &wanted : controls) {
+        if (wanted.hint && *wanted.hint) {
+            EXPECT_EQ(Control(wanted)->property("statusTip").toString(), wanted.hint)
+                << wanted.name;
+        }
+    }
+}
+
+TEST_F(TControlsTest, RadioGroupsHoldTheirItems) {
+    struct {
+        const char *name;
+        QStringList items;
+        int chosen;
+    } const groups[] = {
+        {"rdoOperation", {"Add", "Subtract"}, 0},
+        {"rdoRange", {"All", "Row", "Column"}, 0},
+        {"rdoScale", {"Units", "Percent"}, 0},
+        {"rdoDataset", {"Part Throttle", "Idle", "Full Throttle"}, 0},
+    };
+    for (const auto &group : groups) {
+        const auto &found = FindControl<TRadioGroup>(Form(TForm::Tools), group.name);
+        QStringList items;
+        for (int i = 0; i < found.ItemCount(); ++i)
+            items << found.Item(i);
+        EXPECT_EQ(items, group.items);
+        EXPECT_EQ(found.ItemIndex(), group.chosen);
+    }
+}
+
+TEST_F(TControlsTest, WindowsHaveTheirNamesAndCaptions) {
+    EXPECT_EQ(window.objectName(), "frmNotebook");
+    EXPECT_EQ(offsets->objectName(), "frmOffsetEntry");
+    EXPECT_EQ(offsets->windowTitle(), "Offset Entry");
+    EXPECT_EQ(Form(TForm::Tools).objectName(), "frmToolWindow");
+    EXPECT_EQ(Form(TForm::Tools).property("windowTitle").toString(), "Tools");
+    EXPECT_EQ(splash.objectName(), "frmSplash");
+    EXPECT_EQ(splash.size(), QSize(492, 151));
+}
+
+TEST_F(TControlsTest, TheHelpWindowHasItsMemo) {
+    std::ofstream(ProgramDirectory().toStdString() + "controls-test.txt") << "a\nb\n";
+    const TfrmHelp help("controls-test.txt");
+    QFile::remove(ProgramDirectory() + "controls-test.txt");
+    EXPECT_TRUE(help.findChild<QWidget *>("Memo1"));
+}
+
+TEST_F(TControlsTest, NamesAreUniqueOnEachForm) {
+    for (const TForm form : {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::Offsets}) {
+        std::map<QString, int> counts;
+        for (const QWidget *widget : Form(form).findChildren<QWidget *>())
+            if (!widget->objectName().startsWith("qt_") && !widget->objectName().isEmpty())
+                ++counts[widget->objectName()];
+        for (const auto &[name, count] : counts)
+            EXPECT_EQ(count, 1) << name.toStdString();
+    }
+}
+} // namespace
