@@ -47,7 +47,7 @@ build() {
             cat "$top/build/$preset.configure.log" >&2
             exit 1
         }
-        cmake --build --preset "$preset" --parallel "$jobs" ${1:+--target "$@"}
+        cmake --build --preset "$preset" --parallel "$jobs" ${1:+--target "$@"} -- -k 0 # names every error, not the first alone
     )
     say "built the preset '$preset' in $((SECONDS - started)) s"
 }
