@@ -1,4 +1,5 @@
-// File names between the toolkit and the core: the bytes of the file system on both sides, whatever the locale.
+// File names between the toolkit and the core: the bytes of the file system on both sides, whatever
+// the locale.
 #pragma once
 
 #include <filesystem>
