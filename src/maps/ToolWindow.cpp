@@ -4,13 +4,17 @@
 #include "maps/Maps.h"
 #include "model/Numbers.h"
 
+#include <algorithm>
+
 #include <QMainWindow>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
 constexpr int rangeRow = 1;
 constexpr int rangeColumn = 2;
+constexpr int itemRoom = 72; // pixels beside an item's text: the button, the margins and the frame
 } // namespace
 
 TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
@@ -30,7 +34,16 @@ TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
     if (auto *host = qobject_cast<QMainWindow *>(page.window()))
         host->addDockWidget(Qt::RightDockWidgetArea, this);
     setFloating(true);
+    MoveBeside(*page.window());
     hide();
+}
+
+void TfrmToolWindow::MoveBeside(const QWidget &window) {
+    const QRect screen = window.screen()->availableGeometry();
+    const QRect taken = window.frameGeometry();
+    move(std::min(taken.right() + 1, screen.right() - sizeHint().width()),
+         std::clamp(taken.top(), screen.top(),
+                    std::max(screen.top(), screen.bottom() - sizeHint().height())));
 }
 
 TRadioGroup *TfrmToolWindow::MakeGroup(const char *name, const QString &title,
@@ -62,6 +75,8 @@ QWidget *TfrmToolWindow::MakeContents() {
                                           of, rdoDataset_, btnExec_, undo})
         column->addWidget(control);
     column->addStretch(1);
+    // Room for the longest item, also when docked.
+    contents->setMinimumWidth(fontMetrics().horizontalAdvance(tr("Full Throttle")) + itemRoom);
     return contents;
 }
 

@@ -44,6 +44,8 @@ protected:
 private:
     TRadioGroup *MakeGroup(const char *name, const QString &title, const QStringList &items);
     QWidget *MakeContents();
+    /// To the right of `window`, as far as the screen has room there.
+    void MoveBeside(const QWidget &window);
     void ConnectControls();
     /// Idle and full throttle have one row, which leaves "Row" alone to choose.
     void ApplyRange(int requested);
