@@ -9,5 +9,7 @@ void ShowCurrentError() {
         throw;
     } catch (const std::exception &error) {
         Dialogs().ShowMessage(QString::fromUtf8(error.what()));
+    } catch (...) {
+        Dialogs().ShowMessage(QObject::tr("An unknown error has occurred"));
     }
 }
