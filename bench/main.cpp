@@ -1,0 +1,300 @@
+// Measures what the program costs beside a plain counterpart, prints a table of the ratios with
+// their limits and marks what is over. Ends with 1 when something is.
+//   ferrolyn_bench
+// Figures of a release build on a quiet machine are the ones to go by.
+
+#include "forms/Aligrid.h"
+#include "maps/FuelMaps.h"
+#include "model/ROMTypes.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <spawn.h>
+#include <stdexcept>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace {
+using TClock = std::chrono::steady_clock;
+namespace fs = std::filesystem;
+
+constexpr int megabyte = 0x100000;
+constexpr int starts = 15; // of each program
+constexpr int rounds = 61; // of everything else
+constexpr int rpmPoints = 31;
+constexpr int loadPoints = 20;
+
+double Milliseconds(TClock::duration time) {
+    return std::chrono::duration<double, std::milli>(time).count();
+}
+
+double Median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+struct TPair {
+    double ours;
+    double plain;
+};
+
+/// Medians of both; they take turns, so that a busy machine slows both.
+TPair Measure(int times, const std::function<double()> &ours,
+              const std::function<double()> &plain) {
+    std::vector<double> a;
+    std::vector<double> b;
+    for (int i = 0; i < times; ++i) {
+        a.push_back(ours());
+        b.push_back(plain());
+    }
+    return {Median(a), Median(b)};
+}
+
+double Time(const std::function<void()> &work) {
+    const auto start = TClock::now();
+    work();
+    return Milliseconds(TClock::now() - start);
+}
+
+/// Prints the table; what is over its limit is marked.
+class TTable {
+public:
+    TTable() {
+        std::printf("%-58s %10s %10s %8s %8s\n", "measured", "ours", "plain", "result", "limit");
+    }
+    void Ratio(const char *what, TPair figures, double limit) {
+        Line(what, figures, figures.ours / figures.plain, limit);
+    }
+    void Difference(const char *what, TPair figures, double limit) {
+        Line(what, figures, figures.ours - figures.plain, limit);
+    }
+    bool AnyOver() const { return over_; }
+
+private:
+    void Line(const char *what, TPair figures, double result, double limit) {
+        const bool over = result > limit;
+        over_ = over_ || over;
+        std::printf("%-58s %10.3f %10.3f %8.2f %8.2f%s\n", what, figures.ours, figures.plain,
+                    result, limit, over ? "  OVER" : "");
+        std::fflush(stdout);
+    }
+    bool over_ = false;
+};
+
+// ---- loading -----------------------------------------------------------------------------------
+
+TPair Loading(const fs::path &file) {
+    const auto plain = [&] {
+        std::vector<char> bytes(megabyte);
+        std::ifstream stream(file, std::ios::binary);
+        if (!stream.read(bytes.data(), megabyte))
+            throw std::runtime_error("cannot read " + file.string());
+    };
+    return Measure(
+        rounds, [&] { return Time([&] { ROMImage()->LoadFromFile(file); }); },
+        [&] { return Time(plain); });
+}
+
+// ---- showing a map page ------------------------------------------------------------------------
+
+void PutAxis(int &place, int count) {
+    ROMImage()->Poke(place + 1, static_cast<std::uint8_t>(count));
+    place += 2 + count;
+}
+
+/// Places the largest maps that are shown: 31 x 20 and twice 31 x 1.
+void PlaceLargestMaps(TWorkspace &workspace) {
+    ROMImage()->data.fill(6);
+    const auto put = [](int place, bool twoAxes) {
+        PutAxis(place, rpmPoints);
+        if (twoAxes)
+            PutAxis(place, loadPoints);
+    };
+    put(0x1000, true);
+    put(0x2000, false);
+    put(0x3000, false);
+    workspace.fuelMapSet.SetOffsets(0x1000, 0x2000, 0x3000);
+}
+
+/// Shows, and paints at once; events that wait are left to the next turn.
+void PaintNow(QWidget &widget) {
+    QApplication::sendPostedEvents();
+    widget.repaint();
+}
+
+class TPageBench {
+public:
+    TPageBench() : page_(nullptr, workspace_, workspace_.fuelMapSet) {
+        PlaceLargestMaps(workspace_);
+        auto *layout = new QVBoxLayout(&window_);
+        layout->addWidget(&page_);
+        window_.resize(1200, 900);
+        window_.show();
+        page_.ShowPage();
+        QApplication::processEvents();
+    }
+    ~TPageBench() { page_.setParent(nullptr); }
+    TPageBench(const TPageBench &) = delete;
+    TPageBench &operator=(const TPageBench &) = delete;
+
+    double Show() {
+        page_.QueryClose();
+        PaintNow(window_);
+        return Time([this] {
+            page_.ShowPage();
+            PaintNow(window_);
+        });
+    }
+    /// Sizes of the page's three grids.
+    std::vector<QSize> GridSizes() const {
+        std::vector<QSize> sizes;
+        for (const char *name : {"grdPTMap", "grdIdMap", "grdFTMap"})
+            sizes.push_back(page_.findChild<QWidget *>(name)->size());
+        return sizes;
+    }
+
+private:
+    TWorkspace workspace_;
+    QWidget window_;
+    TfrmFuelMaps page_;
+};
+
+/// Three grids without a text, of the page's shapes and sizes, on a window as large as the page's.
+class TEmptyGridBench {
+public:
+    explicit TEmptyGridBench(const std::vector<QSize> &sizes) : content_(&window_) {
+        window_.resize(1200, 900);
+        content_.resize(window_.size());
+        int top = 0;
+        for (const QSize &size : sizes) {
+            auto *grid = new TStringAlignGrid(&content_);
+            grid->SetShape(rpmPoints + 1, top == 0 ? loadPoints + 1 : 2);
+            grid->setGeometry(0, top, size.width(), size.height());
+            top += size.height();
+        }
+        window_.show();
+        QApplication::processEvents();
+    }
+
+    double Show() {
+        content_.hide();
+        PaintNow(window_);
+        return Time([this] {
+            content_.show();
+            PaintNow(window_);
+        });
+    }
+
+private:
+    QWidget window_;
+    QWidget content_;
+};
+
+TPair ShowingAPage() {
+    TPageBench page;
+    TEmptyGridBench empty(page.GridSizes());
+    return Measure(
+        rounds, [&] { return page.Show(); }, [&] { return empty.Show(); });
+}
+
+// ---- starting ----------------------------------------------------------------------------------
+
+struct TStart {
+    double milliseconds;
+    double mebibytes;
+};
+
+/// Runs a measured program to its end and reads what it tells.
+TStart Run(const fs::path &program, const fs::path &image) {
+    int channel[2];
+    if (pipe(channel) != 0)
+        throw std::runtime_error("no pipe");
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, channel[1], STDOUT_FILENO);
+    posix_spawn_file_actions_addclose(&actions, channel[0]);
+    posix_spawn_file_actions_addclose(&actions, channel[1]);
+    std::string name = program.string();
+    std::string argument = image.string();
+    char *arguments[] = {name.data(), argument.data(), nullptr};
+    pid_t child = 0;
+    const auto start = TClock::now();
+    const int failed = posix_spawn(&child, name.c_str(), &actions, nullptr, arguments, environ);
+    posix_spawn_file_actions_destroy(&actions);
+    close(channel[1]);
+    if (failed)
+        throw std::runtime_error("cannot start " + name);
+    FILE *told = fdopen(channel[0], "r");
+    char word[16] = {};
+    long kibibytes = 0;
+    const bool shown = std::fscanf(told, "%15s", word) == 1;
+    const double time = Milliseconds(TClock::now() - start);
+    const bool ended = std::fscanf(told, "%ld", &kibibytes) == 1;
+    std::fclose(told);
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (!shown || !ended || status != 0)
+        throw std::runtime_error(name + " failed");
+    return {time, static_cast<double>(kibibytes) / 1024};
+}
+
+struct TStarts {
+    TPair milliseconds;
+    TPair mebibytes;
+};
+
+TStarts Starting(const fs::path &image) {
+    const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path();
+    std::vector<double> times[2];
+    std::vector<double> memory[2];
+    for (int i = 0; i < starts + 1; ++i) {
+        int which = 0;
+        for (const char *name : {"ferrolyn_bench_window", "ferrolyn_bench_empty"}) {
+            const TStart start = Run(folder / name, image);
+            if (i > 0) { // the first start reads the files into the system's cache
+                times[which].push_back(start.milliseconds);
+                memory[which].push_back(start.mebibytes);
+            }
+            ++which;
+        }
+    }
+    return {{Median(times[0]), Median(times[1])}, {Median(memory[0]), Median(memory[1])}};
+}
+
+bool MeasureAll(const fs::path &image) {
+    std::ofstream(image, std::ios::binary) << std::string(megabyte, '\x05');
+    TTable table;
+    table.Ratio("load a 1 MiB image / read the file, ms", Loading(image), 3);
+    table.Ratio("show a page of 31 x 20 and 31 x 1 / empty grids, ms", ShowingAPage(), 3);
+    const TStarts start = Starting(image);
+    table.Ratio("start to the window shown / empty program, ms", start.milliseconds, 1.5);
+    table.Difference("memory with 1 MiB loaded - empty program, MiB", start.mebibytes, 15);
+    return !table.AnyOver();
+}
+} // namespace
+
+int main(int argc, char **argv) {
+    QApplication application(argc, argv);
+    const fs::path image =
+        fs::temp_directory_path() / ("ferrolyn-bench-" + std::to_string(getpid()) + ".BIN");
+    bool good = false;
+    try {
+        good = MeasureAll(image);
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "ferrolyn_bench: %s\n", error.what());
+    }
+    std::error_code ignored;
+    fs::remove(image, ignored);
+    return good ? 0 : 1;
+}

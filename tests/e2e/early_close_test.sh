@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Twenty starts, each closed at another early moment, before the splash has gone: all end cleanly.
+source "$(dirname "$0")/common.sh"
+
+RANDOM=20 # the same moments at every run, as far as the machine allows
+for round in {1..20}; do
+    start
+    wait_for_window "$started"
+    for ((moment = RANDOM % 20; moment > 0; --moment)); do
+        main_window "$started" >/dev/null || fail "the window went in round $round"
+    done
+    wmctrl -i -c "$window"
+    expect_clean_end "$started"
+done

@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# The program starts, its window becomes normal when the splash has gone, its caption is "Ferrolyn", closing it ends the
+# program; a second copy simply runs beside the first.
+source "$(dirname "$0")/common.sh"
+
+start
+first=$started
+wait_for_window "$first"
+first_window=$window
+eventually "the splash stays" splash_has_gone "$first"
+eventually "the window does not become normal" is_normal "$first_window"
+[ "$(xdotool getwindowname "$first_window")" = Ferrolyn ] || fail "caption"
+
+start
+second=$started
+wait_for_window "$second"
+eventually "the second splash stays" splash_has_gone "$second"
+eventually "the second window does not become normal" is_normal "$window"
+has_ended "$first" && fail "the first copy ended"
+
+wmctrl -i -c "$window"
+expect_clean_end "$second"
+has_ended "$first" && fail "the first copy ended with the second"
+is_normal "$first_window" || fail "the first window is no longer normal"
+wmctrl -i -c "$first_window"
+expect_clean_end "$first"
