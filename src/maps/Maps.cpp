@@ -11,6 +11,7 @@
 
 #include <QPushButton>
 #include <QScrollArea>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace {
@@ -68,7 +69,8 @@ void TfrmMaps::MakeControls() {
     for (QWidget *control :
          std::initializer_list<QWidget *>{chkInterpret_, btnRecalculate, btnClose})
         bottomLine_->addWidget(control);
-    ConnectGuarded(chkInterpret_, &QCheckBox::clicked, this, [this] { chkInterpretClick(); });
+    // Accessibility tools toggle without a click.
+    ConnectGuarded(chkInterpret_, &QCheckBox::toggled, this, [this] { chkInterpretClick(); });
     ConnectGuarded(btnRecalculate, &QPushButton::clicked, this, [this] { btnRecalculateClick(); });
     ConnectGuarded(btnClose, &QPushButton::clicked, this, [this] { btnCloseClick(); });
 
@@ -115,7 +117,10 @@ bool &TfrmMaps::Changed(TMapKind kind) {
 }
 
 void TfrmMaps::ShowPage() {
-    chkInterpret_->setChecked(MapSet->showConverted);
+    {
+        const QSignalBlocker silent(chkInterpret_);
+        chkInterpret_->setChecked(MapSet->showConverted);
+    }
     LoadPTMap();
     LoadIdleMap();
     LoadFTMap();

@@ -86,7 +86,11 @@ void TfrmToolWindow::ConnectControls() {
     rdoRange_->OnClick = [this] { rdoRangeClick(); };
     rdoDataset_->OnClick = [this] { rdoDatasetClick(); };
     ConnectGuarded(edtVal_, &TExitEdit::Left, this, [this] { edtValExit(); });
-    ConnectGuarded(btnExec_, &QPushButton::clicked, this, [this] { btnExecClick(); });
+    ConnectGuarded(btnExec_, &QPushButton::clicked, this, [this] {
+        // The button's shortcut leaves the focus where it is: the amount must be left first.
+        btnExec_->setFocus(Qt::ShortcutFocusReason);
+        btnExecClick();
+    });
 }
 
 void TfrmToolWindow::showEvent(QShowEvent *event) {
@@ -146,6 +150,7 @@ void TfrmToolWindow::btnExecClick() {
     const TMapKind kind{DataSet};
     // The map counts as changed before any cell is touched, and even when none changes: intended.
     page_.Changed(kind) = true;
+    page_.Panel(kind).grid->CloseEditor();
     AdjustCells(page_.Panel(kind).gridView, CellRange(), {Sign, Scale == 1, Amount},
                 page_.Map(kind).GetCellFormat());
     page_.RedrawMapChart(kind);

@@ -1,48 +1,10 @@
 // The map page's own behaviour: loading, editing, commit, reset, interpretation, offsets,
 // unlocking, leaving. The fuel page stands for both where they do not differ.
-#include "forms/Aligrid.h"
-#include "maps/FuelMaps.h"
-#include "maps/TimingMaps.h"
-#include "maps/ToolWindow.h"
-#include "pages/PageFixture.h"
-
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QPushButton>
+#include "pages/MapPageFixture.h"
 
 namespace {
-class TMapsPageTest : public TPageTest {
-protected:
-    void SetUp() override {
-        PlantMaps();
-        PlaceMaps(workspace);
-        page = std::make_unique<TfrmFuelMaps>(nullptr, workspace, workspace.fuelMapSet);
-        page->ShowPage();
-    }
-
-    template <class Control>
-    Control &Find(const QString &name) {
-        return FindControl<Control>(*page, name);
-    }
-    TStringAlignGrid &Grid(const QString &name) { return Find<TStringAlignGrid>(name); }
-    void Click(const QString &button) { Find<QPushButton>(button).click(); }
-
-    /// Types `text` into a cell and ends the edit with Enter.
-    void Type(const QString &gridName, int column, int row, const QString &text) {
-        TStringAlignGrid &grid = Grid(gridName);
-        grid.SetCurrent(column, row);
-        QTest::keyClick(grid.viewport(), Qt::Key_F2);
-        auto *editor = grid.viewport()->findChild<QLineEdit *>();
-        ASSERT_TRUE(editor) << "no editor in " << gridName.toStdString();
-        editor->selectAll();
-        QTest::keyClicks(editor, text);
-        QTest::keyClick(editor, Qt::Key_Enter);
-        QTest::qWait(0);
-    }
-
-    TWorkspace workspace;
-    std::unique_ptr<TfrmFuelMaps> page;
-};
+using TMapsPageTest = TFuelPageTest;
+using TTimingMapsPageTest = TTimingPageTest;
 
 TEST_F(TMapsPageTest, ShowsHeadersAndCellsWithRPMAlongTheColumns) {
     TStringAlignGrid &grid = Grid("grdPTMap");
