@@ -186,6 +186,8 @@ private:
     void Restore(const TPlace &place);
     void Select(const TGridRect &rect);
     void LayOut();
+    /// ColWidth with the default width given.
+    int ColWidthOr(int column, int standard) const;
     int BodyColumnsWidth(int columns) const;
 
     bool MaySelect(const QModelIndex &index);

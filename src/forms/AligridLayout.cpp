@@ -34,10 +34,14 @@ void TStringAlignGrid::SetDefaultColWidth(int width) {
 }
 
 int TStringAlignGrid::ColWidth(int column) const {
+    return ColWidthOr(column, DefaultColWidth());
+}
+
+int TStringAlignGrid::ColWidthOr(int column, int standard) const {
     const auto position = static_cast<std::size_t>(column);
     if (column < 0 || position >= colWidths_.size())
-        return DefaultColWidth();
-    return colWidths_[position].value_or(DefaultColWidth());
+        return standard;
+    return colWidths_[position].value_or(standard);
 }
 
 void TStringAlignGrid::SetColWidth(int column, int width) {
@@ -90,17 +94,20 @@ void TStringAlignGrid::LayOut() {
     horizontalHeader()->setVisible(FixedRows() > 0);
     horizontalHeader()->setFixedHeight(DefaultRowHeight() + 2 * line);
     verticalHeader()->setVisible(FixedCols() > 0);
-    verticalHeader()->setFixedWidth(ColWidth(0) + 2 * line);
+    const int standard = DefaultColWidth(); // measured once: it costs more than all the rest
+    verticalHeader()->setFixedWidth(ColWidthOr(0, standard) + 2 * line);
     verticalHeader()->setDefaultSectionSize(DefaultRowHeight() + line);
     for (int section = 0; section < model_->columnCount(); ++section)
-        horizontalHeader()->resizeSection(section, ColWidth(section + FixedCols()) + line);
+        horizontalHeader()->resizeSection(section,
+                                          ColWidthOr(section + FixedCols(), standard) + line);
     updateGeometries();
 }
 
 int TStringAlignGrid::BodyColumnsWidth(int columns) const {
+    const int standard = DefaultColWidth();
     int width = 0;
     for (int column = 0; column < columns; ++column)
-        width += ColWidth(column + FixedCols()) + GridLineWidth();
+        width += ColWidthOr(column + FixedCols(), standard) + GridLineWidth();
     return width;
 }
 
