@@ -6,6 +6,8 @@
 #include <filesystem>
 
 namespace {
+using namespace std::string_literals;
+
 constexpr int megabyte = 0x100000;
 constexpr std::array allKinds{TMapKind::PT, TMapKind::Idle, TMapKind::WOT};
 constexpr std::array tabs{"Fuel Maps",           "Timing Maps",
@@ -182,7 +184,7 @@ std::vector<std::pair<std::string, std::string>> BadSpecs() {
         keys += "key" + std::to_string(i) + "=$6000\n";
     return {
         {"a.spc", "; no newline"},
-        {"b.spc", std::string("; NUL\0bytes\n[Main]\nprimary_offset=\0\0$0200\n\0", 46)},
+        {"b.spc", "; NUL\0bytes\n[Main]\nprimary_offset=\0\0$0200\n\0"s},
         {"c.spc", "; " + std::string(megabyte, 'x')},
         {"d.spc", "; long value\n[Fuel Maps]\npt_offset=" + std::string(megabyte / 2, '9') + "\n"},
         {"e.spc", keys + "pt_offset=$6000\n"},
