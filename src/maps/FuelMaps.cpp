@@ -17,16 +17,19 @@ void SetTextColor(QWidget &control, const QColor &color) {
 } // namespace
 
 TfrmFuelMaps::TfrmFuelMaps(QWidget *parent, TWorkspace &sharedWorkspace, TFuelMapSet &mapSet)
-    : TfrmMaps(parent, sharedWorkspace, mapSet),
-      FuelMapSet(&sharedWorkspace.fuelMapSet),
-      revLabel_(new QLabel(tr("Max RPM"), this)),
-      spnRevLimiter_(new QSpinBox(this)) {
+    : TfrmMaps(parent, sharedWorkspace, mapSet), FuelMapSet(&sharedWorkspace.fuelMapSet) {
     setObjectName("frmFuelMaps");
     setWindowTitle("/\\ Trim");
+}
+
+void TfrmFuelMaps::MakeControls() {
+    TfrmMaps::MakeControls();
     MakeRevLimiter();
 }
 
 void TfrmFuelMaps::MakeRevLimiter() {
+    revLabel_ = new QLabel(tr("Max RPM"), this);
+    spnRevLimiter_ = new QSpinBox(this);
     revLabel_->setObjectName("Label1");
     revLabel_->setBuddy(spnRevLimiter_);
     spnRevLimiter_->setObjectName("spnRevLimiter");
@@ -49,6 +52,7 @@ void TfrmFuelMaps::MakeRevLimiter() {
 }
 
 void TfrmFuelMaps::ShowPage() {
+    Prepare();
     FuelMapSet = &workspace.fuelMapSet;
     spnRevLimiter_->setVisible(FuelMapSet->HasRevLimiter());
     revLabel_->setVisible(FuelMapSet->HasRevLimiter());

@@ -31,6 +31,9 @@ public:
     void Paste2Click() override { PasteFuel(TMapKind::Idle); }
     void Paste3Click() override { PasteFuel(TMapKind::WOT); }
 
+protected:
+    void MakeControls() override;
+
 private:
     void MakeRevLimiter();
     void ShowRevLimiter();
@@ -38,6 +41,6 @@ private:
     void CopyFuel(TMapKind kind);
     void PasteFuel(TMapKind kind);
 
-    QLabel *revLabel_;
-    QSpinBox *spnRevLimiter_;
+    QLabel *revLabel_ = nullptr;
+    QSpinBox *spnRevLimiter_ = nullptr;
 };

@@ -18,6 +18,7 @@ int ColumnWidth(const TStringAlignGrid &grid) {
 } // namespace
 
 void TMapGrid::SetShape(int columns, int rows) {
+    const TGridUpdate update(grid_);
     grid_.SetShape(columns, rows);
     grid_.SetFixedRows(rows > 1 ? 1 : 0);
     grid_.SetFixedCols(columns > 1 ? 1 : 0);

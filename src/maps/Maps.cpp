@@ -36,20 +36,20 @@ double CellNumber(const TMapPanel &row, int column, int gridRow) {
 } // namespace
 
 TfrmMaps::TfrmMaps(QWidget *parent, TWorkspace &sharedWorkspace, TMapSet &mapSet)
-    : TEmbeddedForm(parent),
-      MapSet(&mapSet),
-      workspace(sharedWorkspace),
-      panels_{},
-      chkInterpret_(new QCheckBox(tr("Interpret Byte Values"), this)),
-      bottomLine_(new QHBoxLayout) {
-    MakeControls();
-}
+    : TEmbeddedForm(parent), MapSet(&mapSet), workspace(sharedWorkspace) {}
 
 TfrmMaps::~TfrmMaps() {
     delete ToolWindow;
 }
 
+void TfrmMaps::Prepare() {
+    if (!chkInterpret_)
+        MakeControls();
+}
+
 void TfrmMaps::MakeControls() {
+    chkInterpret_ = new QCheckBox(tr("Interpret Byte Values"), this);
+    bottomLine_ = new QHBoxLayout;
     auto *content = new QWidget;
     auto *rows = new QVBoxLayout(content);
     for (const TMapKind kind : allKinds) {
@@ -117,6 +117,7 @@ bool &TfrmMaps::Changed(TMapKind kind) {
 }
 
 void TfrmMaps::ShowPage() {
+    Prepare();
     {
         const QSignalBlocker silent(chkInterpret_);
         chkInterpret_->setChecked(MapSet->showConverted);
@@ -272,7 +273,8 @@ void TfrmMaps::btnCloseClick() {
 
 void TfrmMaps::CloseEditors() {
     for (TMapPanel *row : panels_)
-        row->grid->CloseEditor();
+        if (row)
+            row->grid->CloseEditor();
 }
 
 void TfrmMaps::CopyMap(TMap &map, TMapKind kind, TPasteSlots &buffer) {

@@ -31,6 +31,10 @@ public:
         0; ///< the number in the cell whose edit began last; nothing reads it
     QPointer<TfrmToolWindow> ToolWindow; ///< while the page is shown; otherwise none
 
+    /// Makes the page's controls, unless they are made: at the first show at the latest. The
+    /// constructor does not, so that the program's window need not wait for pages that nobody sees
+    /// yet.
+    void Prepare();
     /// Loads the three maps and shows the page.
     void ShowPage() override;
     /// Asks "Commit Changes?" when edits are uncommitted, hides the page; always true.
@@ -77,6 +81,7 @@ public:
     virtual void Paste2Click() {}
     virtual void Paste3Click() {}
 
+    /// The row of `kind`, once the page is prepared.
     TMapPanel &Panel(TMapKind kind) { return *panels_[static_cast<std::size_t>(kind)]; }
     TMap &Map(TMapKind kind) { return MapSet->Map(kind); }
     bool &Changed(TMapKind kind);
@@ -94,6 +99,8 @@ protected:
     /// or "Timing".
     void PasteMap(TMapKind kind, TPasteSlots &buffer, const QString &setName);
     bool AnyChanged() const { return PTChanged || IdleChanged || FTChanged; }
+    /// Makes the controls; derived pages begin with it.
+    virtual void MakeControls();
     void CloseEditors();
     void CommitAll();
     /// The line of controls below the maps; derived pages add theirs in front.
@@ -102,7 +109,6 @@ protected:
     TWorkspace &workspace;
 
 private:
-    void MakeControls();
     void ConnectPanel(TMapPanel &row);
     void LoadMap(TMapKind kind);
     void FillMap(TMapKind kind);
@@ -114,7 +120,7 @@ private:
     void OffsetExit(TMapKind kind);
     void UnlockAxis(TMapKind kind);
 
-    std::array<TMapPanel *, 3> panels_;
-    QCheckBox *chkInterpret_;
-    QHBoxLayout *bottomLine_;
+    std::array<TMapPanel *, 3> panels_{};
+    QCheckBox *chkInterpret_ = nullptr;
+    QHBoxLayout *bottomLine_ = nullptr;
 };

@@ -8,6 +8,7 @@
 
 #include <QPushButton>
 #include <QScreen>
+#include <QTimer>
 
 namespace {
 constexpr std::uint16_t splashInterval = 2500; // milliseconds
@@ -65,6 +66,12 @@ void TfrmNotebook::FormShow() {
     setWindowState(state);
     splashThread_ = std::make_unique<TSplashScreen>();
     tmrSplash_.SetEnabled(true);
+    QTimer::singleShot(0, this, [this] { PreparePages(); });
+}
+
+void TfrmNotebook::PreparePages() {
+    for (TfrmMaps *page : findChildren<TfrmMaps *>())
+        page->Prepare();
 }
 
 void TfrmNotebook::tmrSplashTimer() {

@@ -38,6 +38,8 @@ protected:
 
 private:
     void FormCreate();
+    /// Gives the map pages their controls once the window is up, so that it comes up sooner.
+    void PreparePages();
     void AddPlainPage(const QString &pageName, const QString &tabName, const QString &caption);
 
     std::unique_ptr<TSplashScreen> splashThread_;

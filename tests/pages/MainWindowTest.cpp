@@ -161,10 +161,26 @@ TEST_F(TMainWindowTest, ThePageControlFillsTheWindowDownToTheStatusBar) {
     EXPECT_EQ(window->PageControl1->width(), window->width());
 }
 
+TEST_F(TMainWindowTest, ThePagesGetTheirControlsAfterTheFirstShow) {
+    EXPECT_FALSE(FuelPage().findChild<QWidget *>("grdPTMap"));
+    window->show();
+    EXPECT_FALSE(FuelPage().findChild<QWidget *>("grdPTMap"));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(FuelPage().findChild<QWidget *>("grdPTMap"));
+    EXPECT_TRUE(TimingPage().findChild<QWidget *>("grdPTMap"));
+}
+
+TEST_F(TMainWindowTest, ClosingBeforeThePagesHaveControlsAsksNothing) {
+    window->show();
+    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(dialogs.questions.empty());
+}
+
 TEST_F(TMainWindowTest, ClosingAsksThePagesInTabOrder) {
     PlantMaps();
     PlaceMaps(window->workspace);
     window->show();
+    QCoreApplication::processEvents(); // gives the pages their controls
     FuelPage().PTChanged = true;
     TimingPage().PTChanged = true;
     dialogs.answers = {TAnswer::Yes, TAnswer::No};
