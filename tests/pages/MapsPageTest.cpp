@@ -1,10 +1,13 @@
 // The map page's own behaviour: loading, editing, commit, reset, interpretation, offsets,
-// unlocking, leaving. The fuel page stands for both where they do not differ.
+// unlocking, leaving. The fuel page stands for both where they do not differ. More on edits and
+// their commit: MapsEditTest.cpp.
 #include "pages/MapPageFixture.h"
+
+#include <QMenu>
+#include <QScrollBar>
 
 namespace {
 using TMapsPageTest = TFuelPageTest;
-using TTimingMapsPageTest = TTimingPageTest;
 
 TEST_F(TMapsPageTest, ShowsHeadersAndCellsWithRPMAlongTheColumns) {
     TStringAlignGrid &grid = Grid("grdPTMap");
@@ -329,4 +332,104 @@ TEST_F(TMapsPageTest, AnotherImageUnderAnOldPlaceIsShownInItsOwnShape) {
     EXPECT_EQ(Grid("grdPTMap").Cell(5, 2), "10");
     EXPECT_EQ(Find<TAreaChart>("chtPTMap").SeriesCount(), 2);
 }
+
+struct TWide {
+    int rpmCount;
+    int loadCount;
+    bool sideBar;
+    bool lowerBar;
+};
+class TWideTest : public TMapsPageTest, public testing::WithParamInterface<TWide> {
+protected:
+    /// How many cells are to be seen at once, from the place and size of one cell.
+    static QSize VisibleCells(const TStringAlignGrid &grid) {
+        const QModelIndex first = grid.model()->index(0, 0);
+        const QRect cell = grid.visualRect(first);
+        return {grid.viewport()->width() / cell.width(), grid.viewport()->height() / cell.height()};
+    }
+    void ExpectVisible(const QString &name, const QSize &cells, bool sideBar, bool lowerBar) {
+        const TStringAlignGrid &grid = Grid(name);
+        EXPECT_EQ(VisibleCells(grid), cells) << name.toStdString();
+        EXPECT_EQ(grid.verticalScrollBar()->isVisible(), sideBar) << name.toStdString();
+        EXPECT_EQ(grid.horizontalScrollBar()->isVisible(), lowerBar) << name.toStdString();
+    }
+};
+
+TEST_P(TWideTest, AtMostSoManyRowsAndColumnsAreShownAtOnce) {
+    const auto [rpmCount, loadCount, sideBar, lowerBar] = GetParam();
+    const TBytes rpm(static_cast<std::size_t>(rpmCount), 1);
+    PutMap(0x4000, rpm, TBytes(static_cast<std::size_t>(loadCount), 1));
+    PutMap(0x5000, rpm, {});
+    workspace.fuelMapSet.SetOffsets(0x4000, 0x5000, 0x5000);
+    page->resize(2400, 1600);
+    page->ShowPage();
+    QTest::qWait(0);
+    ExpectVisible("grdPTMap", {std::min(rpmCount, 12), std::min(loadCount, 12)}, sideBar, lowerBar);
+    ExpectVisible("grdIdMap", {std::min(rpmCount, 10), 1}, false, rpmCount > 10);
+    ExpectVisible("grdFTMap", {std::min(rpmCount, 20), 1}, false, rpmCount > 20);
+}
+INSTANTIATE_TEST_SUITE_P(Shapes, TWideTest,
+                         testing::Values(TWide{12, 12, false, false}, TWide{13, 12, false, true},
+                                         TWide{12, 13, true, false}, TWide{31, 20, true, true},
+                                         TWide{10, 8, false, false}, TWide{20, 1, false, true},
+                                         TWide{1, 20, true, false}));
+
+TEST_F(TMapsPageTest, ControlsCarryTheirTexts) {
+    EXPECT_EQ(Grid("grdPTMap").toolTip(), "Right-click for more options");
+    EXPECT_EQ(Grid("grdPTMap").AlignCell(1, 1), TAlign::Right);
+    EXPECT_EQ(Find<QCheckBox>("chkInterpret").text(), "Interpret Byte Values");
+    EXPECT_EQ(Find<QPushButton>("btnRecalculate").text(), "Recalculate");
+    EXPECT_EQ(Find<QPushButton>("btnClose").text(), "Close Page");
+    for (const char *name : {"btnSavePT", "btnSaveIdle", "btnSaveFT"})
+        EXPECT_EQ(Find<QPushButton>(name).text(), "Commit") << name;
+    for (const char *name : {"btnResetPT", "btnResetIdle", "btnResetFT"})
+        EXPECT_EQ(Find<QPushButton>(name).text(), "Reset") << name;
+    for (const char *map : {"1", "2", "3"}) {
+        const QList<QAction *> items = Find<QMenu>(QString("PopupMenu") + map).actions();
+        ASSERT_EQ(items.size(), 3);
+        EXPECT_EQ(items[0], &Find<QAction>(QString("Copy") + map));
+        EXPECT_EQ(items[0]->text(), "Copy Map");
+        EXPECT_EQ(items[1], &Find<QAction>(QString("Paste") + map));
+        EXPECT_EQ(items[1]->text(), "Paste Map");
+        EXPECT_EQ(items[2], &Find<QAction>(QString("UnlockAxis") + map));
+        EXPECT_EQ(items[2]->text(), "Unlock Axis");
+    }
+}
+
+TEST_F(TMapsPageTest, ButtonsGoWithTheirChart) {
+    Find<TAreaChart>("chtIdMap").SetVisible(false);
+    EXPECT_FALSE(Find<QPushButton>("btnSaveIdle").isVisible());
+    EXPECT_FALSE(Find<QPushButton>("btnResetIdle").isVisible());
+    EXPECT_TRUE(Find<QPushButton>("btnSaveFT").isVisible());
+}
+
+TEST_F(TMapsPageTest, ATogglingToolInterpretsAsAClickDoes) {
+    Find<QCheckBox>("chkInterpret").toggle();
+    EXPECT_TRUE(workspace.fuelMapSet.showConverted);
+    EXPECT_EQ(Grid("grdPTMap").Cell(1, 1), "0.01");
+}
+
+TEST_F(TMapsPageTest, AnAddedPageTakesOverTheSwitchOnlyWhenItIsShown) {
+    TfrmFuelMaps other(nullptr, workspace, workspace.fuelMapSet);
+    other.ShowPage();
+    FindControl<QCheckBox>(other, "chkInterpret").click();
+    EXPECT_FALSE(Find<QCheckBox>("chkInterpret").isChecked());
+    page->ShowPage();
+    EXPECT_TRUE(Find<QCheckBox>("chkInterpret").isChecked());
+    EXPECT_EQ(Grid("grdPTMap").Cell(1, 1), "0.01");
+}
+
+TEST_F(TMapsPageTest, NoPartOfAnOversizedMapCanBeEdited) {
+    PutMap(0x4000, TBytes(32, 1), {100, 0});
+    workspace.fuelMapSet.PTMap->SetOffset(0x4000);
+    page->LoadPTMap();
+    TStringAlignGrid &grid = Grid("grdPTMap");
+    EXPECT_FALSE(grid.isVisible());
+    EXPECT_FALSE(Find<QPushButton>("btnSavePT").isVisible());
+    const TBytes before = Get(0, Image().size);
+    page->PTChanged = true;
+    Click("btnSavePT");
+    EXPECT_EQ(Get(0, Image().size), before);
+}
+
 } // namespace

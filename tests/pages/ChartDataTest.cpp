@@ -1,0 +1,154 @@
+// What a chart is given from its grid: cases by hand, and a plain second version on random grids.
+#include "maps/ChartData.h"
+
+#include "model/Errors.h"
+#include "model/Numbers.h"
+#include "support/FakeMapViews.h"
+
+#include <random>
+
+#include <gtest/gtest.h>
+
+namespace {
+using TPoint = TFakeMapChart::TPoint;
+
+class TChartDataTest : public testing::Test {
+protected:
+    TChartDataTest() {
+        grid.visible = true;
+        grid.SetShape(3, 4);
+        const char *const texts[4][3] = {
+            {"", "2400", "4800"}, {"20%", "1", "2"}, {"60%", "3", "4"}, {"100%", "5", "6"}};
+        for (int row = 0; row < 4; ++row)
+            for (int column = 0; column < 3; ++column)
+                grid.SetCell(column, row, texts[row][column]);
+        chart.RecreateSeries(3);
+    }
+
+    TFakeMapGrid grid;
+    TFakeMapChart chart;
+};
+
+TEST_F(TChartDataTest, DataRunBackwardsAndTitlesForwards) {
+    RedrawChart(grid, chart);
+    EXPECT_EQ(chart.series[0].title, "20%");
+    EXPECT_EQ(chart.series[1].title, "60%");
+    EXPECT_EQ(chart.series[2].title, "100%");
+    EXPECT_EQ(chart.series[0].points,
+              (std::vector<TPoint>{{2400, 5, "2400", 0x880005}, {4800, 6, "4800", 0x880006}}));
+    EXPECT_EQ(chart.series[2].points,
+              (std::vector<TPoint>{{2400, 1, "2400", 0x880001}, {4800, 2, "4800", 0x880002}}));
+}
+
+TEST_F(TChartDataTest, OldPointsAreCleared) {
+    RedrawChart(grid, chart);
+    RedrawChart(grid, chart);
+    EXPECT_EQ(chart.series[1].points.size(), 2U);
+    EXPECT_EQ(chart.recreations, 1);
+}
+
+TEST_F(TChartDataTest, AHiddenGridDrawsNothing) {
+    RedrawChart(grid, chart);
+    grid.SetCell(1, 1, "77");
+    grid.visible = false;
+    RedrawChart(grid, chart);
+    EXPECT_EQ(chart.series[2].points[0].value, 1.0);
+}
+
+class TUnreadableTest : public TChartDataTest, public testing::WithParamInterface<const char *> {};
+
+TEST_P(TUnreadableTest, DrawsMinus255InRed) {
+    grid.SetCell(1, 2, GetParam());
+    RedrawChart(grid, chart);
+    EXPECT_EQ(chart.series[1].points[0], (TPoint{2400, -255.0, "2400", 0x0000FF}));
+    EXPECT_EQ(chart.series[1].points[1].value, 4.0);
+}
+INSTANTIATE_TEST_SUITE_P(Texts, TUnreadableTest,
+                         testing::Values("", "abc", "20%", "1,5", "nan", "0x10", "3e9", "-3e9"));
+
+TEST_F(TChartDataTest, LabelsAreTheHeadersNumbersFormatted) {
+    grid.SetCell(1, 0, " 2400.6 ");
+    RedrawChart(grid, chart);
+    EXPECT_EQ(chart.series[0].points[0].label, "2401");
+}
+
+TEST_F(TChartDataTest, AGridOfOneCellDrawsNothing) {
+    grid.SetShape(1, 1);
+    chart.RecreateSeries(0);
+    RedrawChart(grid, chart);
+    EXPECT_TRUE(chart.series.empty());
+}
+
+struct TColorCase {
+    double value;
+    TColor color;
+};
+class TPointColorTest : public testing::TestWithParam<TColorCase> {};
+
+TEST_P(TPointColorTest, IsTheRoundedValueAbove0x880000) {
+    EXPECT_EQ(PointColor(GetParam().value), GetParam().color);
+}
+INSTANTIATE_TEST_SUITE_P(Values, TPointColorTest,
+                         testing::Values(TColorCase{0, 8912896}, TColorCase{255, 0x8800FF},
+                                         TColorCase{256, 0x880100}, TColorCase{0.5, 0x880000},
+                                         TColorCase{1.5, 0x880002}, TColorCase{2.5, 0x880002},
+                                         TColorCase{-1, 0x87FFFF}, TColorCase{-12.7, 0x87FFF3},
+                                         TColorCase{-8912896, 0}, TColorCase{-8912897, 0xFFFFFFFF},
+                                         TColorCase{2147483647, 0x8087FFFF}));
+
+TEST(TPointColorErrorTest, RefusesWhatIsNo32BitInteger) {
+    EXPECT_THROW(PointColor(2147483648.0), ERangeError);
+    EXPECT_THROW(PointColor(-2147483649.0), ERangeError);
+}
+
+/// The rule word for word, on plain tables.
+std::vector<TFakeMapChart::TSeries> Literally(const TFakeMapGrid &grid) {
+    const int rowCount = grid.RowCount();
+    std::vector<TFakeMapChart::TSeries> all(static_cast<std::size_t>(rowCount - 1));
+    for (int i = 1; i <= rowCount - 1; ++i) {
+        auto &s = all[static_cast<std::size_t>(rowCount - 1 - i)];
+        s.title = grid.Cell(0, rowCount - i);
+        for (int j = 1; j <= grid.ColCount() - 1; ++j) {
+            const double x = std::stod(grid.Cell(j, 0));
+            const std::string label = std::to_string(std::lrint(x));
+            const std::string text = grid.Cell(j, i);
+            if (text.find_first_not_of("0123456789.-") != std::string::npos) {
+                s.points.push_back({x, -255, label, 255});
+                continue;
+            }
+            const double v = std::stod(text);
+            s.points.push_back({x, v, label, static_cast<TColor>(std::lrint(v) + 8912896)});
+        }
+    }
+    return all;
+}
+
+TEST(TRandomChartTest, AgreesWithThePlainVersion) {
+    std::mt19937 random(20240611);
+    const auto upTo = [&](int most) { return std::uniform_int_distribution(0, most)(random); };
+    for (int round = 0; round < 300; ++round) {
+        TFakeMapGrid grid;
+        grid.visible = true;
+        const int columns = 1 + upTo(31);
+        const int rows = 2 + upTo(19);
+        grid.SetShape(columns, rows);
+        for (int column = 1; column < columns; ++column)
+            grid.SetCell(column, 0, std::to_string(upTo(256) * 40));
+        for (int row = 1; row < rows; ++row) {
+            grid.SetCell(0, row, std::to_string(upTo(100)) + "%");
+            for (int column = 1; column < columns; ++column)
+                grid.SetCell(column, row,
+                             upTo(9) == 0 ? "x"
+                                          : FormatReal("##0.00", (upTo(60000) - 30000) / 64.0));
+        }
+        TFakeMapChart chart;
+        chart.RecreateSeries(rows - 1);
+        RedrawChart(grid, chart);
+        const auto expected = Literally(grid);
+        for (std::size_t s = 0; s < expected.size(); ++s) {
+            EXPECT_EQ(chart.series[s].title, expected[s].title);
+            ASSERT_EQ(chart.series[s].points, expected[s].points) << "round " << round;
+        }
+    }
+}
+} // namespace
