@@ -127,10 +127,11 @@ void PlaceLargestMaps(TWorkspace &workspace) {
     workspace.fuelMapSet.SetOffsets(0x1000, 0x2000, 0x3000);
 }
 
-/// Shows, and paints at once; events that wait are left to the next turn.
+/// Lays out, and paints at once into a picture: a window that is not exposed would paint nothing.
+/// Events that wait are left to the next turn.
 void PaintNow(QWidget &widget) {
     QApplication::sendPostedEvents();
-    widget.repaint();
+    widget.grab();
 }
 
 class TPageBench {

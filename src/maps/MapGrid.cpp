@@ -3,17 +3,17 @@
 #include <algorithm>
 
 namespace {
-constexpr auto usualEntry = "00.00"; // room for what is typed, whatever the map holds
-constexpr int cellMargins = 10;      // pixels, both sides together
+constexpr auto usualEntry = "10240"; // room for what is typed, whatever the map holds
+constexpr int cellMargins = 8;       // pixels, both sides together
 
-/// Of the widest text: narrow columns leave room for the chart beside the grid.
+/// Of the longest text: narrow columns leave room for the chart beside the grid.
 int ColumnWidth(const TStringAlignGrid &grid) {
-    const QFontMetrics metrics = grid.fontMetrics();
-    int widest = metrics.horizontalAdvance(usualEntry);
+    QString longest = usualEntry;
     for (int row = 0; row < grid.RowCount(); ++row)
         for (int column = 0; column < grid.ColCount(); ++column)
-            widest = std::max(widest, metrics.horizontalAdvance(grid.Cell(column, row)));
-    return widest + cellMargins;
+            if (const QString text = grid.Cell(column, row); text.size() > longest.size())
+                longest = text;
+    return grid.fontMetrics().horizontalAdvance(longest) + cellMargins;
 }
 } // namespace
 

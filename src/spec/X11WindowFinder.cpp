@@ -92,20 +92,20 @@ std::uint32_t TX11WindowFinder::Atom(std::string_view name) {
     return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
 }
 
-/// The bytes of a property; empty when there is none or the window has gone.
-std::string TX11WindowFinder::Property(TWindowId window, std::uint32_t property) {
+/// The bytes of a property; nothing when there is none or the window has gone.
+std::optional<std::string> TX11WindowFinder::Property(TWindowId window, std::uint32_t property) {
     const auto cookie =
         xcb_get_property(connection_.get(), 0, window, property, XCB_ATOM_ANY, 0, longestProperty);
     const TReply<xcb_get_property_reply_t> reply(
         xcb_get_property_reply(connection_.get(), cookie, nullptr));
-    if (!reply)
-        return {};
+    if (!reply || reply->type == XCB_ATOM_NONE)
+        return std::nullopt;
     const auto length = static_cast<std::size_t>(xcb_get_property_value_length(reply.get()));
-    return {static_cast<const char *>(xcb_get_property_value(reply.get())), length};
+    return std::string(static_cast<const char *>(xcb_get_property_value(reply.get())), length);
 }
 
 std::vector<std::uint32_t> TX11WindowFinder::Numbers(TWindowId window, std::uint32_t property) {
-    const std::string bytes = Property(window, property);
+    const std::string bytes = Property(window, property).value_or("");
     std::vector<std::uint32_t> numbers(bytes.size() / sizeof(std::uint32_t));
     if (!numbers.empty())
         std::memcpy(numbers.data(), bytes.data(), numbers.size() * sizeof(std::uint32_t));
@@ -120,8 +120,10 @@ std::uint32_t TX11WindowFinder::Number(TWindowId window, std::uint32_t property,
 }
 
 std::vector<TWindowId> TX11WindowFinder::TopLevelWindows() {
-    std::vector<TWindowId> windows = Numbers(root_, Atom("_NET_CLIENT_LIST"));
-    if (windows.empty())
+    const std::uint32_t listed = Atom("_NET_CLIENT_LIST");
+    std::vector<TWindowId> windows = Numbers(root_, listed);
+    // A list that is there but empty is an answer too; the tree costs a question for every window.
+    if (windows.empty() && !Property(root_, listed))
         AddChildren(root_, windows);
     return windows;
 }
@@ -140,12 +142,12 @@ void TX11WindowFinder::AddChildren(TWindowId window, std::vector<TWindowId> &win
 
 /// The second of the two zero-terminated texts of WM_CLASS; the first is the instance's name.
 std::string TX11WindowFinder::ClassOf(TWindowId window) {
-    const std::string both = Property(window, XCB_ATOM_WM_CLASS);
+    const std::string both = Property(window, XCB_ATOM_WM_CLASS).value_or("");
     const std::size_t end = both.find('\0');
     return end == std::string::npos ? std::string() : std::string(both.c_str() + end + 1);
 }
 
 std::string TX11WindowFinder::TitleOf(TWindowId window) {
-    const std::string title = Property(window, Atom("_NET_WM_NAME"));
-    return title.empty() ? Property(window, XCB_ATOM_WM_NAME) : title;
+    const std::string title = Property(window, Atom("_NET_WM_NAME")).value_or("");
+    return title.empty() ? Property(window, XCB_ATOM_WM_NAME).value_or("") : title;
 }

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,7 +33,7 @@ private:
 
     TX11WindowFinder(TConnection connection, TWindowId root);
     std::uint32_t Atom(std::string_view name);
-    std::string Property(TWindowId window, std::uint32_t property);
+    std::optional<std::string> Property(TWindowId window, std::uint32_t property);
     std::vector<std::uint32_t> Numbers(TWindowId window, std::uint32_t property);
     std::uint32_t Number(TWindowId window, std::uint32_t property, std::size_t index);
     std::vector<TWindowId> TopLevelWindows();
