@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <limits>
 
 namespace {
 
@@ -36,53 +37,66 @@ bool IsCount(TCellValue value) {
 }
 
 bool IsHeader(TCellValue value, std::int32_t location) {
-    return (location < 0) | (value == location);
+    return location < 0 || value == location;
 }
-
-/// Where the parts of a map stand. A linear map has no second axis.
-struct TLayout {
-    std::size_t start;
-    std::size_t xCount;
-    std::size_t yCount;
-    std::size_t data;
-    std::size_t dataCount;
-    bool plausible; ///< the second header and count are such; nothing is said about the data
-
-    std::size_t End() const { return data + dataCount; }
-};
 
 /// Whether a map of that pattern may start at a cell, by its first header and count.
 bool MayStartAt(const TSearchGrid &grid, std::size_t position, const TPattern &pattern) {
     return IsHeader(grid.At(position), pattern.rpmLocation) && IsCount(grid.At(position + 1));
 }
 
-/// The layout at a cell where a map may start.
-TLayout LayoutAt(const TSearchGrid &grid, std::size_t start, const TPattern &pattern) {
-    const auto xCount = static_cast<std::size_t>(grid.values[start + 1]);
-    const std::size_t behindX = start + 2 + xCount;
-    if (pattern.shape == TMapShape::Linear)
-        return {start, xCount, 0, behindX, xCount, true};
-    const TCellValue second = grid.At(behindX + 1);
-    const std::size_t yCount = static_cast<std::uint8_t>(second);
-    const bool plausible = IsCount(second) & IsHeader(grid.At(behindX), pattern.loadLocation);
-    return {start, xCount, yCount, behindX + 2 + yCount, xCount * yCount, plausible};
+std::size_t CountAt(const TSearchGrid &grid, std::size_t position) {
+    return static_cast<std::uint8_t>(grid.values[position]);
 }
 
-void Mark(const TSearchGrid &grid, const TLayout &layout, const TPattern &pattern,
-          TMapCounters &counters) {
-    const bool linear = pattern.shape == TMapShape::Linear;
-    const TColor axisColor = linear ? linearAxisColor : twoDAxisColor;
-    grid.colors[layout.start] = linear ? pattern.color : pattern.color + 2;
-    grid.colors[layout.start + 1] = axisCountColor;
-    MarkRun(grid, layout.start + 2, layout.xCount, axisColor);
-    if (!linear) {
-        const std::size_t second = layout.start + 2 + layout.xCount;
-        grid.colors[second] = searchedColor;
-        grid.colors[second + 1] = axisCountColor;
-        MarkRun(grid, second + 2, layout.yCount, axisColor);
+/// Where the data of a map stand; they may reach behind the last cell.
+struct TData {
+    std::size_t first;
+    std::size_t end;
+};
+
+/// Stands for the end of data that cannot be, so that they never fit.
+constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
+
+/// The data of the map at `start`, where one may start; their end is nowhere when the second header
+/// or count are none.
+template <TMapShape shape>
+TData DataAt(const TSearchGrid &grid, std::size_t start, const TPattern &pattern) {
+    const std::size_t xCount = CountAt(grid, start + 1);
+    const std::size_t behindX = start + 2 + xCount;
+    if constexpr (shape == TMapShape::Linear) {
+        return {behindX, behindX + xCount};
+    } else {
+        if (behindX + 1 >= grid.values.size() ||
+            !IsHeader(grid.values[behindX], pattern.loadLocation))
+            return {behindX, nowhere};
+        const std::size_t yCount = CountAt(grid, behindX + 1);
+        const std::size_t first = behindX + 2 + yCount;
+        // A choice of two values and no jump: a bad image makes it a coin tossed.
+        return {first, IsCount(grid.values[behindX + 1]) ? first + xCount * yCount : nowhere};
     }
-    MarkRun(grid, layout.data, layout.dataCount, pattern.color);
-    ++(linear ? counters.linear : counters.twoD);
+}
+
+void MarkAxis(const TSearchGrid &grid, std::size_t count, TColor color) {
+    grid.colors[count] = axisCountColor;
+    MarkRun(grid, count + 1, CountAt(grid, count), color);
+}
+
+void MarkMap(const TSearchGrid &grid, std::size_t start, TData data, const TPattern &pattern,
+             TMapCounters &counters) {
+    if (pattern.shape == TMapShape::Linear) {
+        grid.colors[start] = pattern.color;
+        MarkAxis(grid, start + 1, linearAxisColor);
+        ++counters.linear;
+    } else {
+        const std::size_t second = start + 2 + CountAt(grid, start + 1);
+        grid.colors[start] = pattern.color + 2;
+        MarkAxis(grid, start + 1, twoDAxisColor);
+        grid.colors[second] = searchedColor;
+        MarkAxis(grid, second + 1, twoDAxisColor);
+        ++counters.twoD;
+    }
+    MarkRun(grid, data.first, data.end - data.first, pattern.color);
 }
 
 /// The cells of a word at which a map may start: unmarked, and MayStartAt. `starts` are the cells
@@ -102,31 +116,8 @@ TCellBits StartsIn(std::size_t word, std::span<const TColor> starts, const TSear
            });
 }
 
-} // namespace
-
-TMapStep HighlightMapAt(const TSearchGrid &grid, std::size_t position, TMapShape shape,
-                        TMapContents contents, const TSearchParameters &parameters,
-                        TMapCounters &counters) {
-    const TPattern pattern = PatternOf(shape, contents, parameters);
-    const TMapStep nothing{false, position + 1};
-    if (pattern.range.IsEmpty() || !MayStartAt(grid, position, pattern))
-        return nothing;
-    const TLayout layout = LayoutAt(grid, position, pattern);
-    if (!layout.plausible || layout.End() > grid.values.size())
-        return nothing;
-    const auto data = grid.values.subspan(layout.data, layout.dataCount);
-    if (!std::all_of(data.begin(), data.end(),
-                     [&](TCellValue value) { return pattern.range.Contains(value); }))
-        return nothing;
-    Mark(grid, layout, pattern, counters);
-    return {true, layout.End()};
-}
-
-void HighlightAllMaps(const TSearchGrid &grid, TMapShape shape, TMapContents contents,
-                      const TSearchParameters &parameters, TMapCounters &counters) {
-    const TPattern pattern = PatternOf(shape, contents, parameters);
-    if (pattern.range.IsEmpty() || grid.Rows() <= 2)
-        return;
+template <TMapShape shape>
+void HighlightAll(const TSearchGrid &grid, const TPattern &pattern, TMapCounters &counters) {
     const std::span<const TColor> starts = grid.colors.first((grid.Rows() - 2) * cellsPerRow);
     const TRuns runs(grid.values, pattern.range);
     std::size_t position = 0;
@@ -136,17 +127,48 @@ void HighlightAllMaps(const TSearchGrid &grid, TMapShape shape, TMapContents con
             StartsIn(word, starts, grid, pattern) & ~TCellBits{0} << position % cellsPerWord;
         position = (word + 1) * cellsPerWord;
         // What is marked here lies before the cell at which the search goes on: the bits hold.
-        while (candidates != 0) {
-            const TLayout layout = LayoutAt(
-                grid, word * cellsPerWord + static_cast<std::size_t>(std::countr_zero(candidates)),
-                pattern);
-            candidates &= candidates - 1;
-            // No short cuts: on a bad image each of the conditions is a coin tossed.
-            if (layout.plausible & (runs.EndOfRun(layout.data) >= layout.End())) {
-                Mark(grid, layout, pattern, counters);
-                position = layout.End();
+        for (; candidates != 0; candidates &= candidates - 1) {
+            const std::size_t start =
+                word * cellsPerWord + static_cast<std::size_t>(std::countr_zero(candidates));
+            const TData data = DataAt<shape>(grid, start, pattern);
+            if (runs.EndOfRun(data.first) >= data.end) {
+                MarkMap(grid, start, data, pattern, counters);
+                position = data.end;
                 break;
             }
         }
     }
+}
+
+} // namespace
+
+TMapStep HighlightMapAt(const TSearchGrid &grid, std::size_t position, TMapShape shape,
+                        TMapContents contents, const TSearchParameters &parameters,
+                        TMapCounters &counters) {
+    const TPattern pattern = PatternOf(shape, contents, parameters);
+    const TMapStep nothing{false, position + 1};
+    if (pattern.range.IsEmpty() || !MayStartAt(grid, position, pattern))
+        return nothing;
+    const TData data = shape == TMapShape::Linear
+                           ? DataAt<TMapShape::Linear>(grid, position, pattern)
+                           : DataAt<TMapShape::TwoD>(grid, position, pattern);
+    if (data.end > grid.values.size())
+        return nothing;
+    const auto values = grid.values.subspan(data.first, data.end - data.first);
+    if (!std::all_of(values.begin(), values.end(),
+                     [&](TCellValue value) { return pattern.range.Contains(value); }))
+        return nothing;
+    MarkMap(grid, position, data, pattern, counters);
+    return {true, data.end};
+}
+
+void HighlightAllMaps(const TSearchGrid &grid, TMapShape shape, TMapContents contents,
+                      const TSearchParameters &parameters, TMapCounters &counters) {
+    const TPattern pattern = PatternOf(shape, contents, parameters);
+    if (pattern.range.IsEmpty() || grid.Rows() <= 2)
+        return;
+    if (shape == TMapShape::Linear)
+        HighlightAll<TMapShape::Linear>(grid, pattern, counters);
+    else
+        HighlightAll<TMapShape::TwoD>(grid, pattern, counters);
 }
