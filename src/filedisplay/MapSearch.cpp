@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <bit>
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -58,23 +59,46 @@ struct TData {
 /// Stands for the end of data that cannot be, so that they never fit.
 constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
 
-/// The data of the map at `start`, where one may start; their end is nowhere when the second header
-/// or count are none.
-template <TMapShape shape>
-TData DataAt(const TSearchGrid &grid, std::size_t start, const TPattern &pattern) {
+/// The data of the linear map at `start`, where one may start.
+TData LinearDataAt(const TSearchGrid &grid, std::size_t start) {
+    const std::size_t count = CountAt(grid, start + 1);
+    return {start + 2 + count, start + 2 + 2 * count};
+}
+
+/// The data of the 2-D map at `start`, where one may start; their end is nowhere when `secondCount`
+/// knows no second axis at its place.
+template <typename TSecondCount>
+TData TwoDDataAt(const TSearchGrid &grid, std::size_t start, const TSecondCount &secondCount) {
     const std::size_t xCount = CountAt(grid, start + 1);
-    const std::size_t behindX = start + 2 + xCount;
-    if constexpr (shape == TMapShape::Linear) {
-        return {behindX, behindX + xCount};
-    } else {
-        if (behindX + 1 >= grid.values.size() ||
-            !IsHeader(grid.values[behindX], pattern.loadLocation))
-            return {behindX, nowhere};
-        const std::size_t yCount = CountAt(grid, behindX + 1);
-        const std::size_t first = behindX + 2 + yCount;
-        // A choice of two values and no jump: a bad image makes it a coin tossed.
-        return {first, IsCount(grid.values[behindX + 1]) ? first + xCount * yCount : nowhere};
+    const std::size_t second = start + 2 + xCount;
+    const std::size_t yCount = secondCount(second);
+    const std::size_t first = second + 2 + yCount;
+    return {first, yCount != 0 ? first + xCount * yCount : nowhere};
+}
+
+/// The count of a second axis whose header stands at `position`; 0 when there is none.
+std::size_t SecondCountAt(const TSearchGrid &grid, std::size_t position, std::int32_t location) {
+    const bool fits = IsHeader(grid.At(position), location) && IsCount(grid.At(position + 1));
+    return fits ? CountAt(grid, position + 1) : 0;
+}
+
+/// SecondCountAt of every cell, and of those that lie an axis behind the last: a bad image asks for
+/// it at each of its cells.
+std::vector<std::uint8_t> SecondCounts(const TSearchGrid &grid, std::int32_t location) {
+    std::vector<std::uint8_t> counts(grid.values.size() + cellsPerWord);
+    if (location > 255)
+        return counts;
+    // All bits are compared, or none; written so that the loop vectorises.
+    const auto compared = static_cast<TCellValue>(location < 0 ? 0 : -1);
+    const auto wanted = static_cast<TCellValue>(location < 0 ? 0 : location);
+    const TCellValue *values = grid.values.data();
+    std::uint8_t *count = counts.data();
+    for (std::size_t i = 0; i + 1 < grid.values.size(); ++i) {
+        const TCellValue value = IsCount(values[i + 1]) ? values[i + 1] : TCellValue{0};
+        const bool fits = static_cast<TCellValue>(values[i] & compared) == wanted;
+        count[i] = static_cast<std::uint8_t>(fits ? value : TCellValue{0});
     }
+    return counts;
 }
 
 void MarkAxis(const TSearchGrid &grid, std::size_t count, TColor color) {
@@ -116,8 +140,10 @@ TCellBits StartsIn(std::size_t word, std::span<const TColor> starts, const TSear
            });
 }
 
-template <TMapShape shape>
-void HighlightAll(const TSearchGrid &grid, const TPattern &pattern, TMapCounters &counters) {
+/// `dataAt` answers the data of the map at a cell where one may start.
+template <typename TDataAt>
+void HighlightAll(const TSearchGrid &grid, const TPattern &pattern, const TDataAt &dataAt,
+                  TMapCounters &counters) {
     const std::span<const TColor> starts = grid.colors.first((grid.Rows() - 2) * cellsPerRow);
     const TRuns runs(grid.values, pattern.range);
     std::size_t position = 0;
@@ -130,7 +156,7 @@ void HighlightAll(const TSearchGrid &grid, const TPattern &pattern, TMapCounters
         for (; candidates != 0; candidates &= candidates - 1) {
             const std::size_t start =
                 word * cellsPerWord + static_cast<std::size_t>(std::countr_zero(candidates));
-            const TData data = DataAt<shape>(grid, start, pattern);
+            const TData data = dataAt(start);
             if (runs.EndOfRun(data.first) >= data.end) {
                 MarkMap(grid, start, data, pattern, counters);
                 position = data.end;
@@ -150,8 +176,10 @@ TMapStep HighlightMapAt(const TSearchGrid &grid, std::size_t position, TMapShape
     if (pattern.range.IsEmpty() || !MayStartAt(grid, position, pattern))
         return nothing;
     const TData data = shape == TMapShape::Linear
-                           ? DataAt<TMapShape::Linear>(grid, position, pattern)
-                           : DataAt<TMapShape::TwoD>(grid, position, pattern);
+                           ? LinearDataAt(grid, position)
+                           : TwoDDataAt(grid, position, [&](std::size_t second) {
+                                 return SecondCountAt(grid, second, pattern.loadLocation);
+                             });
     if (data.end > grid.values.size())
         return nothing;
     const auto values = grid.values.subspan(data.first, data.end - data.first);
@@ -167,8 +195,15 @@ void HighlightAllMaps(const TSearchGrid &grid, TMapShape shape, TMapContents con
     const TPattern pattern = PatternOf(shape, contents, parameters);
     if (pattern.range.IsEmpty() || grid.Rows() <= 2)
         return;
-    if (shape == TMapShape::Linear)
-        HighlightAll<TMapShape::Linear>(grid, pattern, counters);
-    else
-        HighlightAll<TMapShape::TwoD>(grid, pattern, counters);
+    if (shape == TMapShape::Linear) {
+        HighlightAll(
+            grid, pattern, [&grid](std::size_t start) { return LinearDataAt(grid, start); },
+            counters);
+        return;
+    }
+    const std::vector<std::uint8_t> counts = SecondCounts(grid, pattern.loadLocation);
+    const auto secondCount = [&counts](std::size_t second) { return std::size_t{counts[second]}; };
+    HighlightAll(
+        grid, pattern, [&](std::size_t start) { return TwoDDataAt(grid, start, secondCount); },
+        counters);
 }
