@@ -173,7 +173,8 @@ TMapStep HighlightMapAt(const TSearchGrid &grid, std::size_t position, TMapShape
                         TMapCounters &counters) {
     const TPattern pattern = PatternOf(shape, contents, parameters);
     const TMapStep nothing{false, position + 1};
-    if (pattern.range.IsEmpty() || !MayStartAt(grid, position, pattern))
+    if (position >= grid.values.size() || pattern.range.IsEmpty() ||
+        !MayStartAt(grid, position, pattern))
         return nothing;
     const TData data = shape == TMapShape::Linear
                            ? LinearDataAt(grid, position)

@@ -35,9 +35,8 @@ void MarkRun(const TSearchGrid &grid, std::size_t first, std::size_t count, TCol
         grid.colors[first] = color;
         return;
     }
-    const unsigned shift = SmallestChannelShift(color);
     for (std::size_t i = first; i < first + count; ++i)
-        grid.colors[i] = color + (static_cast<TColor>(grid.values[i]) << shift);
+        grid.colors[i] = Shaded(color, grid.values[i]);
 }
 
 void ClearAllMarkers(std::span<TColor> colors, TMapCounters &counters) {

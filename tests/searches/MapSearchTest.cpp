@@ -3,6 +3,7 @@
 #include "searches/TestCells.h"
 
 #include <algorithm>
+#include <limits>
 #include <ostream>
 
 #include <gmock/gmock.h>
@@ -360,6 +361,14 @@ TEST(MapAt, MovesOneCellOnWhenThereIsNone) {
             EXPECT_EQ(step.next, position + 1);
         }
     }
+    EXPECT_THAT(searched.cells.Marked(), IsEmpty());
+}
+
+TEST(MapAt, OfNoCellAtAllIsNone) {
+    TSearched searched(TBytes(16, 2));
+    const std::size_t before = std::numeric_limits<std::size_t>::max(); // one cell before the first
+    EXPECT_FALSE(searched.At(before, Linear, Any).found);
+    EXPECT_FALSE(searched.At(before, TwoD, Any).found);
     EXPECT_THAT(searched.cells.Marked(), IsEmpty());
 }
 
