@@ -9,6 +9,9 @@ TExitEdit::TExitEdit(QWidget *parent) : QLineEdit(parent) {
 void TExitEdit::focusOutEvent(QFocusEvent *event) {
     QLineEdit::focusOutEvent(event);
     const Qt::FocusReason reason = event->reason();
+    // When a page is hidden the toolkit moves the focus on as if by Tab.
+    if (!isVisible())
+        return;
     if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
         reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason)
         emit Left();

@@ -9,8 +9,8 @@ public:
     explicit TExitEdit(QWidget *parent);
 
 signals:
-    /// The user moved on by Tab, mouse, shortcut or Enter; not because of a message box, a menu or
-    /// another window.
+    /// The user moved on by Tab, mouse, shortcut or Enter; not because of a message box, a menu,
+    /// another window or a page that is hidden.
     void Left();
 
 protected:

@@ -232,4 +232,23 @@ TEST_F(TFuelPageTest, LeavingTheFullThrottleBoxPreparesItsChartFirst) {
     EXPECT_EQ(page->Panel(TMapKind::WOT).chart->SeriesCount(), 1);
     EXPECT_EQ(page->Panel(TMapKind::PT).chart->SeriesCount(), 7);
 }
+TEST_P(TOffsetEditTest, HidingThePageIsNoLeavingOfItsBox) {
+    QMainWindow host;
+    auto *tabs = new QWidget(&host);
+    auto *other = new QLineEdit(tabs);
+    host.setCentralWidget(tabs);
+    page->setParent(tabs);
+    host.resize(1200, 900);
+    host.show();
+    page->show();
+    host.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&host));
+    Enter("abc");
+    ASSERT_TRUE(Box().hasFocus());
+    EXPECT_TRUE(page->QueryClose());
+    EXPECT_FALSE(page->isVisible());
+    EXPECT_TRUE(other->hasFocus());
+    EXPECT_TRUE(dialogs.messages.empty());
+    page->setParent(nullptr);
+}
 } // namespace

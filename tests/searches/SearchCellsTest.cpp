@@ -1,0 +1,165 @@
+#include "filedisplay/SearchCells.h"
+
+#include "searches/TestCells.h"
+
+#include <limits>
+#include <ostream>
+#include <string>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+using testing::Test;
+using testing::TestWithParam;
+using testing::ValuesIn;
+
+constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
+
+TEST(SearchParameters, StartAsTheContentsViewShowsThem) {
+    const TSearchParameters parameters;
+    EXPECT_EQ(parameters.fuelMinimum, 90);
+    EXPECT_EQ(parameters.fuelMaximum, 200);
+    EXPECT_EQ(parameters.timingMinimum, 10);
+    EXPECT_EQ(parameters.timingMaximum, 90);
+    EXPECT_EQ(parameters.rpmLocation, -1);
+    EXPECT_EQ(parameters.loadLocation, -1);
+    EXPECT_EQ(parameters.pointerMask, 15);
+}
+
+struct TRangeCase {
+    const char *name;
+    std::int32_t minimum;
+    std::int32_t maximum;
+    int first; ///< the bytes in range; first > last: none
+    int last;
+};
+
+std::ostream &operator<<(std::ostream &out, const TRangeCase &c) {
+    return out << c.name;
+}
+
+class ByteRange : public TestWithParam<TRangeCase> {};
+
+const TRangeCase rangeCases[] = {
+    {"fuel", 90, 200, 90, 200},
+    {"one byte", 7, 7, 7, 7},
+    {"every byte", 0, 255, 0, 255},
+    {"unset minimum", -1, 10, 0, 10},
+    {"very low minimum", lowest, 10, 0, 10},
+    {"unset maximum", 0, -1, 1, 0},
+    {"both unset", -1, -1, 1, 0},
+    {"crossed", 10, 9, 1, 0},
+    {"huge maximum", 250, highest, 250, 255},
+    {"byte 0 only", -1, 0, 0, 0},
+    {"beyond the bytes", 256, highest, 1, 0},
+    {"the widest", lowest, highest, 0, 255},
+    {"widest crossed", highest, lowest, 1, 0},
+};
+
+TEST_P(ByteRange, HoldsTheBytesBetweenItsLimits) {
+    const TRangeCase &c = GetParam();
+    const TByteRange range(c.minimum, c.maximum);
+    ASSERT_EQ(range.IsEmpty(), c.first > c.last);
+    if (range.IsEmpty())
+        return;
+    EXPECT_FALSE(range.Contains(-1));
+    for (TCellValue value = 0; value <= 255; ++value)
+        EXPECT_EQ(range.Contains(value), c.first <= value && value <= c.last) << value;
+}
+
+INSTANTIATE_TEST_SUITE_P(Limits, ByteRange, ValuesIn(rangeCases));
+
+struct TShadeCase {
+    const char *name;
+    TColor color;
+    TCellValue value;
+    TColor wanted;
+};
+
+std::ostream &operator<<(std::ostream &out, const TShadeCase &c) {
+    return out << c.name;
+}
+
+class Shade : public TestWithParam<TShadeCase> {};
+
+const TShadeCase shadeCases[] = {
+    {"fuel data: blue", 0x008000, 0x12, 0x128000},
+    {"linear axis: blue is below red", 0x008001, 0x12, 0x128001},
+    {"linear axis of 0 stays exact", 0x008001, 0, 0x008001},
+    {"2-D axis", 0x008002, 0xFF, 0xFF8002},
+    {"timing data: green", 0x800080, 0x12, 0x801280},
+    {"timing data: highest byte", 0x800080, 0xFF, 0x80FF80},
+    {"white carries into the top byte", 0xFFFFFF, 1, 0x100FFFF},
+    {"white and the highest byte", 0xFFFFFF, 0xFF, 0x1FEFFFF},
+    {"white and 0", 0xFFFFFF, 0, 0xFFFFFF},
+    {"black: blue wins a triple tie", 0x000000, 5, 0x050000},
+    {"blue and red tie", 0x10FF10, 5, 0x15FF10},
+    {"green and red tie", 0xFF1010, 5, 0xFF1510},
+    {"green carries into blue", 0xF0E0FF, 0x30, 0xF110FF},
+    {"red", 0xFF8001, 5, 0xFF8006},
+    {"red carries into green", 0xFFFFF0, 0x20, 0x1000010},
+    {"lime: blue and red tie", 0x00FF00, 1, 0x01FF00},
+    {"the sum wraps at 32 bits", 0xFFFFFFFF, 1, 0x0000FFFF},
+};
+
+TEST_P(Shade, AddsTheByteToTheSmallestChannel) {
+    const TShadeCase &c = GetParam();
+    EXPECT_EQ(Shaded(c.color, c.value), c.wanted);
+}
+
+INSTANTIATE_TEST_SUITE_P(Colors, Shade, ValuesIn(shadeCases));
+
+TEST(MarkRun, ShadesEachCellOfARunWithItsOwnByte) {
+    TTestCells cells({1, 2, 3, 4, 5});
+    MarkRun(cells.Grid(), 1, 3, 0x008000);
+    cells.colors.resize(5);
+    EXPECT_THAT(cells.colors,
+                ElementsAre(unmarkedColor, 0x028000, 0x038000, 0x048000, unmarkedColor));
+}
+
+TEST(MarkRun, GivesASingleCellThePlainColor) {
+    TTestCells cells({1, 2, 3});
+    MarkRun(cells.Grid(), 2, 1, 0x008000);
+    EXPECT_EQ(cells.colors[2], 0x008000U);
+    EXPECT_THAT(cells.Marked(), ElementsAre(2U));
+}
+
+TEST(MarkRun, OfNoCellsMarksNothing) {
+    TTestCells cells({1, 2, 3});
+    MarkRun(cells.Grid(), 1, 0, 0x008000);
+    EXPECT_TRUE(cells.Marked().empty());
+}
+
+TEST(MarkRun, ShadesAsOneCellAfterAnotherWould) {
+    for (const TColor color : {0x008000U, 0x800080U, 0xFFFFFFU, 0x808000U, 0x8001U, 0x010203U}) {
+        TTestCells cells({0, 1, 127, 128, 255});
+        MarkRun(cells.Grid(), 0, 5, color);
+        for (std::size_t i = 0; i < 5; ++i)
+            EXPECT_EQ(cells.colors[i], Shaded(color, cells.values[i]));
+    }
+}
+
+TEST(ClearAllMarkers, UnmarksEveryCellAndZeroesBothCounters) {
+    std::vector<TColor> colors{0, 0xFFFFFF, 0x1FEFFFF, unmarkedColor};
+    TMapCounters counters{3, 4};
+    ClearAllMarkers(colors, counters);
+    EXPECT_THAT(colors, Each(0x80000005U));
+    EXPECT_EQ(counters.linear, 0);
+    EXPECT_EQ(counters.twoD, 0);
+}
+
+TEST(SearchGrid, CountsStartedRowsAndAnswersMinusOneBeyondTheLastCell) {
+    const std::vector<TCellValue> values(33, 7);
+    EXPECT_EQ((TSearchGrid{values, {}}.Rows()), 3U);
+    EXPECT_EQ((TSearchGrid{std::span(values).first(32), {}}.Rows()), 2U);
+    EXPECT_EQ((TSearchGrid{{}, {}}.Rows()), 0U);
+    EXPECT_EQ((TSearchGrid{values, {}}.At(32)), 7);
+    EXPECT_EQ((TSearchGrid{values, {}}.At(33)), -1);
+    EXPECT_EQ((TSearchGrid{values, {}}.At(std::numeric_limits<std::size_t>::max())), -1);
+}
+
+} // namespace
