@@ -1,5 +1,6 @@
 #include "spec/main.h"
 
+#include "filedisplay/FileDisplay.h"
 #include "forms/PageControl.h"
 #include "forms/TEmbedFm.h"
 #include "maps/FuelMaps.h"
@@ -47,7 +48,8 @@ void TfrmNotebook::FormCreate() {
             "tabTimingMaps", tr("Timing Maps"));
     AddPlainPage("frmFuelMapsGraphical", "tabFuelMapGraphical", tr("Graphical Fuel Maps"));
     AddPlainPage("frmTimingMapsGraphical", "tabGraphicalTimingMaps", tr("Graphical Timing Maps"));
-    AddPlainPage("frmFileContents", "TabSheet1", tr("File Contents"));
+    AddPage(std::make_unique<TfrmFileContents>(nullptr, workspace, printing_), "TabSheet1",
+            tr("File Contents"));
 }
 
 void TfrmNotebook::AddPlainPage(const QString &pageName, const QString &tabName,

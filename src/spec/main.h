@@ -4,6 +4,7 @@
 #pragma once
 
 #include "forms/KelvaneNotebook.h"
+#include "forms/Printing.h"
 #include "model/Workspace.h"
 #include "spec/SplashScreen.h"
 #include "spec/ThdTimer.h"
@@ -42,6 +43,7 @@ private:
     void PreparePages();
     void AddPlainPage(const QString &pageName, const QString &tabName, const QString &caption);
 
+    TPrinting printing_;
     std::unique_ptr<TSplashScreen> splashThread_;
     TThreadedTimer tmrSplash_{this};
 };

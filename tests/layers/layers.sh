@@ -58,8 +58,8 @@ done < <(grep -rnE --include='*.h' --include='*.cpp' '^[[:space:]]*#[[:space:]]*
 # Every question to the user goes through one interface; comments may name what is behind it.
 while IFS=: read -r path line text; do
     code=${text%%//*}
-    if [[ $path != src/forms/QtDialogs.cpp && $code =~ (^|[^A-Za-z_])(Q(MessageBox|ErrorMessage|[A-Za-z]+Dialog))($|[^A-Za-z_]) ]]; then
-        breach "$path:$line" "dialog classes stand in forms/QtDialogs.cpp alone" "${BASH_REMATCH[2]}"
+    if [[ $path != src/forms/QtDialogs.cpp && $path != src/forms/Printing.cpp && $code =~ (^|[^A-Za-z_])(Q(MessageBox|ErrorMessage|[A-Za-z]+Dialog))($|[^A-Za-z_]) ]]; then
+        breach "$path:$line" "dialog classes stand in forms/QtDialogs.cpp and forms/Printing.cpp alone" "${BASH_REMATCH[2]}"
     fi
 done < <(grep -rnE --include='*.h' --include='*.cpp' 'Q(MessageBox|ErrorMessage|[A-Za-z]+Dialog)' src | sort)
 

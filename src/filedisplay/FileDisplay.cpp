@@ -1,0 +1,175 @@
+#include "filedisplay/FileDisplay.h"
+
+#include "filedisplay/FileGrid.h"
+#include "filedisplay/FileMenu.h"
+#include "filedisplay/filedisplaykey.h"
+#include "forms/Dialogs.h"
+#include "forms/Guard.h"
+#include "forms/Hourglass.h"
+#include "model/ROMTypes.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+TfrmFileContents::TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrinting &printing)
+    : TEmbeddedForm(parent),
+      workspace_(workspace),
+      printing_(printing),
+      grdFile_(new TStringAlignGrid(this)),
+      chkDisplayHex_(new QCheckBox(tr("Display in Hex"), this)),
+      redPrint_(new QTextEdit(this)),
+      PopupMenu1_(new TFileMenu(*this)) {
+    setObjectName("frmFileContents");
+    grdFile_->setObjectName("grdFile");
+    grdFile_->setAccessibleName(tr("File Contents"));
+    chkDisplayHex_->setObjectName("chkDisplayHex");
+    redPrint_->setObjectName("redPrint");
+    redPrint_->hide();
+    PrepareFileGrid(*grdFile_);
+    LayOut();
+    ConnectGrid();
+}
+
+TfrmFileContents::~TfrmFileContents() {
+    delete key_;
+}
+
+void TfrmFileContents::LayOut() {
+    auto *key = new QPushButton(tr("Key"), this);
+    key->setObjectName("Button1");
+    auto *side = new QVBoxLayout;
+    side->addWidget(key);
+    side->addWidget(chkDisplayHex_);
+    side->addStretch(1);
+    auto *row = new QHBoxLayout(this);
+    row->addWidget(grdFile_);
+    row->addLayout(side);
+    row->addStretch(1);
+    ConnectGuarded(key, &QPushButton::clicked, this, [this] { Button1Click(); });
+    ConnectGuarded(chkDisplayHex_, &QCheckBox::clicked, this, [this] { chkDisplayHexClick(); });
+}
+
+void TfrmFileContents::ConnectGrid() {
+    grdFile_->OnSelectCell = [this](int column, int row, bool &) {
+        grdFileSelectCell(column, row);
+    };
+    grdFile_->OnMouseDown = [this](Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
+                                   QPoint at) { grdFileMouseDown(button, modifiers, at); };
+    grdFile_->OnMouseUp = [this](Qt::MouseButton button, Qt::KeyboardModifiers, QPoint) {
+        grdFileMouseUp(button);
+    };
+    grdFile_->OnDblClick = [this] { grdFileDblClick(); };
+    grdFile_->setContextMenuPolicy(Qt::NoContextMenu);
+    auto *menuKey = new QShortcut(Qt::Key_Menu, grdFile_);
+    menuKey->setContext(Qt::WidgetWithChildrenShortcut);
+    ConnectGuarded(menuKey, &QShortcut::activated, this, [this] { PopUpMenu(); });
+}
+
+void TfrmFileContents::ShowPage() {
+    // Another file name is what counts: commits and reloads of the same file do not refresh the
+    // view. Intended.
+    if (workspace_.romFileName != shownFile_) {
+        Rebuild();
+        shownFile_ = workspace_.romFileName;
+    }
+    SetPageVisible(true);
+}
+
+void TfrmFileContents::FormShow() {
+    SizeFileGrid(*grdFile_, height());
+    key_ = new TfrmKey(window(), parameters);
+}
+
+void TfrmFileContents::FormHide() {
+    delete key_;
+}
+
+void TfrmFileContents::resizeEvent(QResizeEvent *event) {
+    TEmbeddedForm::resizeEvent(event);
+    SizeFileGrid(*grdFile_, height());
+}
+
+void TfrmFileContents::Rebuild() {
+    parameters = {};
+    const TROMImage &image = *ROMImage();
+    const std::span bytes(image.data.data(), static_cast<std::size_t>(image.size));
+    FillFileGrid(*grdFile_, bytes, chkDisplayHex_->isChecked());
+    values_.assign(bytes.begin(), bytes.end());
+    colors_.assign(values_.size(), unmarkedColor);
+    SizeFileGrid(*grdFile_, height());
+}
+
+void TfrmFileContents::chkDisplayHexClick() {
+    Rebuild();
+}
+
+void TfrmFileContents::Button1Click() {
+    if (!key_)
+        return;
+    key_->PlaceAt(*window());
+    key_->setVisible(!key_->isVisible());
+}
+
+void TfrmFileContents::grdFileSelectCell(int column, int row) {
+    selected = {column, row};
+}
+
+void TfrmFileContents::grdFileMouseDown(Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
+                                        QPoint at) {
+    if (button != Qt::LeftButton)
+        return;
+    if (modifiers & Qt::ShiftModifier) {
+        mouseExtent = at;
+    } else {
+        mouseAnchor = at;
+        mouseExtent = {-1, -1};
+    }
+}
+
+void TfrmFileContents::grdFileMouseUp(Qt::MouseButton button) {
+    if (button == Qt::RightButton)
+        PopUpMenu();
+    if (button != Qt::LeftButton)
+        return;
+    const TGridRect selection = grdFile_->Selection();
+    if (mouseExtent.x() == -1) {
+        mouseAnchor.setX(selection.left);
+        mouseExtent.setX(selection.right);
+    }
+    if (mouseExtent.y() == -1) {
+        mouseAnchor.setY(selection.top);
+        mouseExtent.setY(selection.bottom);
+    }
+}
+
+void TfrmFileContents::PopUpMenu() {
+    PopupMenu1_->popup(QCursor::pos());
+}
+
+void TfrmFileContents::grdFileDblClick() {
+    Dialogs().ShowMessage(QString("col: %1 row: %2").arg(grdFile_->Col()).arg(grdFile_->Row()));
+}
+
+void TfrmFileContents::Copy1Click() {
+    grdFile_->CopyRectangle({0, 0, grdFile_->ColCount() - 1, grdFile_->RowCount() - 1}, '\t');
+}
+
+void TfrmFileContents::CopySelected1Click() {
+    grdFile_->CopyRectangle(grdFile_->Selection(), ',');
+}
+
+void TfrmFileContents::Print1Click() {
+    redPrint_->clear();
+    Copy1Click();
+    redPrint_->setPlainText(tr("\nFerrolyn\nContents of the ROM image, 16 bytes a row\n\n\n") +
+                            QGuiApplication::clipboard()->text());
+    printing_.Print(*redPrint_->document(), "Ferrolyn");
+}
+
+void TfrmFileContents::PrintSetup1Click() {
+    printing_.RunSetup();
+}

@@ -1,0 +1,23 @@
+// The contents view's grid: the whole ROM image as one row of cells per 16 bytes, and the addresses
+// that its headers give. What the cells' colours mean is SearchCells.h's.
+#pragma once
+
+#include "filedisplay/SearchCells.h"
+#include "forms/Aligrid.h"
+
+#include <span>
+
+/// Sets the grid up once: columns and their headers, and how it behaves. It has no rows yet.
+void PrepareFileGrid(TStringAlignGrid &grid);
+
+/// Shows `bytes` in decimal, or as "$" and two hexadecimal digits. All marks are lost.
+void FillFileGrid(TStringAlignGrid &grid, std::span<const std::uint8_t> bytes, bool hexadecimal);
+
+/// Makes all columns 38 pixels wide and the grid as wide as they need, with room for the scroll bar
+/// when not all rows are visible at `visibleHeight` pixels.
+void SizeFileGrid(TStringAlignGrid &grid, int visibleHeight);
+
+/// Image offset of a data cell (column and row from 1).
+inline std::size_t CellOffset(int column, int row) {
+    return cellsPerRow * static_cast<std::size_t>(row - 1) + static_cast<std::size_t>(column - 1);
+}

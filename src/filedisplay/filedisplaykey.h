@@ -1,0 +1,36 @@
+// The legend of the contents view: what its colours mean and what is searched for. Its colours are
+// fixed and need not be those that the searches set (map data is shown yellow here); this is
+// intended.
+#pragma once
+
+#include "filedisplay/SearchCells.h"
+#include "forms/baseform.h"
+
+#include <QLabel>
+
+class QGroupBox;
+
+class TfrmKey : public TfrmBaseForm {
+    Q_OBJECT
+public:
+    /// `parameters` outlives the window; they are read each time it is shown.
+    TfrmKey(QWidget *owner, const TSearchParameters &parameters);
+
+    /// Moves the window so that its bottom-right corner meets that of `window`.
+    void PlaceAt(const QWidget &window);
+
+protected:
+    void FormShow() override;
+
+private:
+    QWidget *MakeLegend();
+    QWidget *MakeGroup(const QString &title, QLabel *&first, QLabel *&second);
+
+    const TSearchParameters &parameters_;
+    QLabel *lblFuelMin_;
+    QLabel *lblFuelMax_;
+    QLabel *lblTimingMin_;
+    QLabel *lblTimingMax_;
+    QLabel *lblRPMLocation_;
+    QLabel *lblLoadLocation_;
+};

@@ -1,0 +1,35 @@
+#include "forms/Printing.h"
+
+#include "model/Errors.h"
+
+#include <QApplication>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTextDocument>
+
+TPrinting::TPrinting() = default;
+TPrinting::~TPrinting() = default;
+
+QPrinter &TPrinting::Printer() {
+    if (!printer_)
+        printer_ = std::make_unique<QPrinter>();
+    return *printer_;
+}
+
+void TPrinting::RunSetup() {
+    QPrintDialog dialog(&Printer(), QApplication::activeWindow());
+    dialog.setObjectName("PrintDialog1");
+    dialog.exec();
+}
+
+void TPrinting::Print(const QTextDocument &text, const QString &jobTitle) {
+    QPrinter &printer = Printer();
+    if (!printer.isValid())
+        throw EFileError("There is no printer");
+    printer.setPageOrientation(QPageLayout::Landscape);
+    printer.setDocName(jobTitle);
+    text.print(&printer);
+    if (printer.printerState() == QPrinter::Error)
+        throw EFileError(
+            ("The printer does not take the job: " + printer.printerName()).toStdString());
+}
