@@ -5,7 +5,6 @@
 #include "filedisplay/filedisplaykey.h"
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
-#include "forms/Hourglass.h"
 #include "model/ROMTypes.h"
 
 #include <QClipboard>
