@@ -1,7 +1,17 @@
 #include "maps/AreaChart.h"
 
+#include <algorithm>
+#include <array>
+
 #include <QPainter>
 #include <QVariantMap>
+
+namespace {
+constexpr std::array<TColor, 12> seriesColors{
+    0x0000FF, 0x008000, 0x00FFFF, 0xFF0000, 0xFFFFFF, 0x808080, // red to grey
+    0xFF00FF, 0x808000, 0x800000, 0x000080, 0x00FF00, 0x008080, // fuchsia to olive
+};
+} // namespace
 
 TAreaChart::TAreaChart(QWidget *parent, const QString &name) : QWidget(parent) {
     setObjectName(name);
@@ -13,6 +23,46 @@ void TAreaChart::SetTitles(const QString &title, const QString &leftAxisTitle) {
     leftAxisTitle_ = leftAxisTitle;
     setAccessibleName(title);
     update();
+}
+
+void TAreaChart::TurnBy(int degrees) {
+    rotation_ += degrees;
+    update();
+}
+
+void TAreaChart::TiltBy(int degrees) {
+    elevation_ += degrees;
+    update();
+}
+
+void TAreaChart::ZoomBy(int percent) {
+    zoom_ += percent;
+    update();
+}
+
+void TAreaChart::SetDepthTitle(const QString &title) {
+    depthTitle_ = title;
+    update();
+}
+
+void TAreaChart::SetBottomInverted(bool inverted) {
+    bottomInverted_ = inverted;
+    update();
+}
+
+void TAreaChart::StartWithSeries(int count) {
+    RecreateSeries(std::clamp(count, 1, static_cast<int>(seriesColors.size())));
+    for (std::size_t i = 0; i < series_.size(); ++i)
+        series_[i].color = seriesColors[i];
+    if (series_.size() == seriesColors.size()) {
+        series_.front().title = "10%";
+        series_.back().stairs = true;
+    }
+}
+
+void TAreaChart::HideForGood() {
+    hiddenForGood_ = true;
+    SetVisible(false);
 }
 
 QVariantList TAreaChart::SeriesProperty() const {
@@ -28,8 +78,8 @@ QVariantList TAreaChart::SeriesProperty() const {
 }
 
 void TAreaChart::SetVisible(bool visible) {
-    visible_ = visible;
-    setVisible(visible);
+    visible_ = visible && !hiddenForGood_;
+    setVisible(visible_);
 }
 
 int TAreaChart::SeriesCount() const {

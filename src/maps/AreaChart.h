@@ -1,5 +1,5 @@
-// The chart of one map: its series, points, titles and view. Only data and layout are kept here as
-// yet; the widget paints its title and axis titles on an empty wall.
+// The chart of one map: its series, points, titles and view. The widget paints its title and axis
+// titles on an empty wall as yet.
 #pragma once
 
 #include "model/MapViews.h"
@@ -20,22 +20,45 @@ struct TChartPoint {
 struct TChartSeries {
     QString title;
     std::vector<TChartPoint> points;
+    TColor color = clRed; ///< of the legend and of nothing else: points have colours of their own
+    bool stairs = false;  ///< drawn in steps instead of slopes
 };
 
 class TAreaChart : public QWidget, public IMapChart {
     Q_OBJECT
     Q_PROPERTY(QString title READ Title)
     Q_PROPERTY(QString leftAxisTitle READ LeftAxisTitle)
-    Q_PROPERTY(int rotation MEMBER rotation)
-    Q_PROPERTY(int elevation MEMBER elevation)
-    Q_PROPERTY(int zoom MEMBER zoom)
+    Q_PROPERTY(QString depthTitle READ DepthTitle)
+    Q_PROPERTY(bool bottomInverted READ BottomInverted)
+    Q_PROPERTY(int rotation READ Rotation)
+    Q_PROPERTY(int elevation READ Elevation)
+    Q_PROPERTY(int zoom READ Zoom)
     Q_PROPERTY(QVariantList series READ SeriesProperty)
 public:
     TAreaChart(QWidget *parent, const QString &name);
 
-    int rotation = 340;  ///< degrees about the vertical axis
-    int elevation = 351; ///< degrees about the horizontal axis
-    int zoom = 56;       ///< percent
+    /// The view: degrees about the vertical axis, degrees about the horizontal axis, percent. Plain
+    /// numbers without bounds; the drawing reduces the angles and takes at least 1 percent.
+    int Rotation() const { return rotation_; }
+    int Elevation() const { return elevation_; }
+    int Zoom() const { return zoom_; }
+    void TurnBy(int degrees);
+    void TiltBy(int degrees);
+    void ZoomBy(int percent);
+
+    /// Title of the load axis, which runs away from the viewer.
+    void SetDepthTitle(const QString &title);
+    const QString &DepthTitle() const { return depthTitle_; }
+    /// Whether the first RPM stands at the right.
+    void SetBottomInverted(bool inverted);
+    bool BottomInverted() const { return bottomInverted_; }
+
+    /// Gives the chart the `count` (1 to 12) series that it has before any map is shown: without
+    /// points, in the colours red, green, yellow, blue, white, grey, fuchsia, teal, navy, maroon,
+    /// lime, olive; of twelve the first is titled "10%" and the last drawn as stairs.
+    void StartWithSeries(int count);
+    /// Hides the chart whatever SetVisible says later.
+    void HideForGood();
 
     /// Title above the drawing and title of the left axis.
     void SetTitles(const QString &title, const QString &leftAxisTitle);
@@ -70,6 +93,12 @@ private:
 
     QString title_;
     QString leftAxisTitle_;
+    QString depthTitle_;
+    bool bottomInverted_ = false;
+    int rotation_ = 340;
+    int elevation_ = 351;
+    int zoom_ = 56;
     bool visible_ = true;
+    bool hiddenForGood_ = false;
     std::vector<TChartSeries> series_;
 };

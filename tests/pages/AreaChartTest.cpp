@@ -20,6 +20,42 @@ TEST_F(TAreaChartTest, StartsWithTheInitialView) {
     EXPECT_TRUE(chart.Visible());
 }
 
+TEST_F(TAreaChartTest, TurnsTiltsAndZoomsWithoutBounds) {
+    chart.TurnBy(-345);
+    chart.TiltBy(10);
+    chart.ZoomBy(-60);
+    EXPECT_EQ(chart.property("rotation").toInt(), -5);
+    EXPECT_EQ(chart.property("elevation").toInt(), 361);
+    EXPECT_EQ(chart.property("zoom").toInt(), -4);
+}
+
+TEST_F(TAreaChartTest, StartsWithTwelveColouredSeries) {
+    chart.StartWithSeries(12);
+    ASSERT_EQ(chart.SeriesCount(), 12);
+    EXPECT_EQ(chart.Series()[0].title, "10%");
+    EXPECT_EQ(chart.Series()[0].color, 0x0000FFU);
+    EXPECT_EQ(chart.Series()[7].color, 0x808000U);
+    EXPECT_EQ(chart.Series()[11].color, 0x008080U);
+    EXPECT_FALSE(chart.Series()[10].stairs);
+    EXPECT_TRUE(chart.Series()[11].stairs);
+}
+
+TEST_F(TAreaChartTest, StartsWithOneRedSeries) {
+    chart.StartWithSeries(1);
+    ASSERT_EQ(chart.SeriesCount(), 1);
+    EXPECT_EQ(chart.Series()[0].title, "");
+    EXPECT_EQ(chart.Series()[0].color, clRed);
+    EXPECT_FALSE(chart.Series()[0].stairs);
+}
+
+TEST_F(TAreaChartTest, HiddenForGoodStaysHidden) {
+    chart.SetVisible(true);
+    chart.HideForGood();
+    chart.SetVisible(true);
+    EXPECT_FALSE(chart.Visible());
+    EXPECT_TRUE(chart.isHidden());
+}
+
 TEST_F(TAreaChartTest, SeriesKeepTitlesPointsAndExactColours) {
     chart.RecreateSeries(2);
     chart.SetSeriesTitle(1, "40%");
