@@ -85,6 +85,9 @@ void TMapPanel::MakePanel() {
 void TMapPanel::MakeChart() {
     commit->setObjectName(traits.commit);
     reset->setObjectName(traits.reset);
+    const bool partThrottle = traits.kind == TMapKind::PT;
+    chart->StartWithSeries(partThrottle ? 12 : 1);
+    chart->SetBottomInverted(partThrottle);
     auto *buttons = new QVBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(commit);

@@ -1,6 +1,7 @@
 // One map's row on a map page: on the left its panel (title, offset box, grid), on the right its
-// chart with the buttons "Commit" and "Reset". Only the controls and their places; what they do is
-// the page's, in Maps.h.
+// chart with the buttons "Commit" and "Reset". The chart starts with the series that it has before
+// any map is shown: twelve for part throttle, one for the others. Only the controls and their
+// places; what they do is the page's, in Maps.h.
 #pragma once
 
 #include "maps/AreaChart.h"

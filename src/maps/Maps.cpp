@@ -56,6 +56,7 @@ void TfrmMaps::MakeControls() {
         auto *row = new TMapPanel(content, PanelTraits(kind));
         panels_[static_cast<std::size_t>(kind)] = row;
         ConnectPanel(*row);
+        row->chart->SetDepthTitle(DepthTitle());
         rows->addWidget(row, kind == TMapKind::PT ? 1 : 0);
     }
     QScrollArea *scroll = MakePlainScroll(content, this);
@@ -262,8 +263,8 @@ void TfrmMaps::UnlockAxis(TMapKind kind) {
 }
 
 void TfrmMaps::btnRecalculateClick() {
-    if (ToolWindow)
-        ToolWindow->setVisible(!ToolWindow->isVisible());
+    if (QWidget *tool = ToolWindow.data())
+        tool->setVisible(!tool->isVisible());
 }
 
 void TfrmMaps::btnCloseClick() {

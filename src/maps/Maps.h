@@ -1,7 +1,7 @@
 // The page that shows and edits one map set: part throttle, idle and full throttle map, each as a
-// grid beside its chart. Never used by itself: FuelMaps.h and TimingMaps.h derive from it. All
-// editing happens on the grids' texts; the maps are touched when a grid is loaded, committed or
-// reset.
+// grid beside its chart. Never used by itself: FuelMaps.h, TimingMaps.h and MapsGraphical.h derive
+// from it. All editing happens on the grids' texts; the maps are touched when a grid is loaded,
+// committed or reset.
 #pragma once
 
 #include "forms/TEmbedFm.h"
@@ -103,8 +103,12 @@ protected:
     virtual void MakeControls();
     void CloseEditors();
     void CommitAll();
+    /// The title of the charts' load axis.
+    virtual QString DepthTitle() const = 0;
     /// The line of controls below the maps; derived pages add theirs in front.
     QHBoxLayout &BottomLine() { return *bottomLine_; }
+    /// "Interpret Byte Values", once the controls are made.
+    QCheckBox &InterpretBox() { return *chkInterpret_; }
 
     TWorkspace &workspace;
 
