@@ -28,6 +28,8 @@ TfrmFileContents::TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrin
     chkDisplayHex_->setObjectName("chkDisplayHex");
     redPrint_->setObjectName("redPrint");
     redPrint_->hide();
+    // All 17 columns fit the width of a landscape page.
+    redPrint_->setTabStopDistance(redPrint_->fontMetrics().horizontalAdvance("0000x "));
     PrepareFileGrid(*grdFile_);
     LayOut();
     ConnectGrid();

@@ -49,6 +49,12 @@ TMapPanel::TMapPanel(QWidget *parent, const TMapPanelTraits &rowTraits)
     row->addWidget(chart, 1);
 }
 
+void TMapPanel::HideForGood() {
+    panel->hide();
+    chart->HideForGood();
+    hide();
+}
+
 QSize TMapPanel::minimumSizeHint() const {
     return {smallestWidth, QWidget::minimumSizeHint().height()};
 }

@@ -56,6 +56,9 @@ public:
     QAction *unlockAction;
     TMapGrid gridView; ///< the grid as the model sees it
 
+    /// Hides panel and chart whatever the fit rule says later, and leaves their room to the others.
+    void HideForGood();
+
     /// Narrow enough for the smallest window: the grid then shows fewer columns at once.
     QSize minimumSizeHint() const override;
 

@@ -47,6 +47,18 @@ void TfrmMaps::Prepare() {
         MakeControls();
 }
 
+void TfrmMaps::ShowOnly(TMapKind kind) {
+    only_ = kind;
+    if (chkInterpret_)
+        HideOthers(kind);
+}
+
+void TfrmMaps::HideOthers(TMapKind kind) {
+    for (TMapPanel *row : panels_)
+        if (row->traits.kind != kind)
+            row->HideForGood();
+}
+
 void TfrmMaps::MakeControls() {
     chkInterpret_ = new QCheckBox(tr("Interpret Byte Values"), this);
     bottomLine_ = new QHBoxLayout;
@@ -59,6 +71,8 @@ void TfrmMaps::MakeControls() {
         row->chart->SetDepthTitle(DepthTitle());
         rows->addWidget(row, kind == TMapKind::PT ? 1 : 0);
     }
+    if (only_)
+        HideOthers(*only_);
     QScrollArea *scroll = MakePlainScroll(content, this);
 
     auto *btnRecalculate = new QPushButton(tr("Recalculate"), this);

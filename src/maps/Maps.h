@@ -9,6 +9,7 @@
 #include "model/Workspace.h"
 
 #include <array>
+#include <optional>
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -35,6 +36,8 @@ public:
     /// constructor does not, so that the program's window need not wait for pages that nobody sees
     /// yet.
     void Prepare();
+    /// Hides the rows of the two other maps for good, whatever the fit rule says of them.
+    void ShowOnly(TMapKind kind);
     /// Loads the three maps and shows the page.
     void ShowPage() override;
     /// Asks "Commit Changes?" when edits are uncommitted, hides the page; always true.
@@ -114,6 +117,7 @@ protected:
 
 private:
     void ConnectPanel(TMapPanel &row);
+    void HideOthers(TMapKind kind);
     void LoadMap(TMapKind kind);
     void FillMap(TMapKind kind);
     void ShowTitles(TMapKind kind);
@@ -125,6 +129,7 @@ private:
     void UnlockAxis(TMapKind kind);
 
     std::array<TMapPanel *, 3> panels_{};
+    std::optional<TMapKind> only_; ///< the one map that is shown, when the page shows but one
     QCheckBox *chkInterpret_ = nullptr;
     QHBoxLayout *bottomLine_ = nullptr;
 };
