@@ -202,6 +202,7 @@ TEST_F(TQuickChartTest, AMapThatDoesNotFitHidesTheChart) {
     window->show();
     EXPECT_FALSE(Chart().Visible());
     EXPECT_EQ(Offset(), "$4000");
+    EXPECT_GT(FindControl<QWidget>(*window, "btnUp").parentWidget()->y(), window->height() / 2);
     window->hide();
     window->SetMapOffset(fuelPT);
     window->show();
