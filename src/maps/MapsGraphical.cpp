@@ -31,6 +31,7 @@ void TfrmMapsGraphical::ShowChartOnly() {
         Panel(kind).chart->HideForGood();
         Panel(kind).hide();
     }
+    Panel(TMapKind::PT).parentWidget()->layout()->setContentsMargins(0, 0, 0, 0);
     Panel(TMapKind::PT).commit->hide();
     Panel(TMapKind::PT).reset->hide();
     InterpretBox().hide();

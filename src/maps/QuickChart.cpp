@@ -33,6 +33,10 @@ void TfrmQuickChart::MakeControls() {
     chart_->StartWithSeries(12);
     chart_->SetBottomInverted(true);
     chart_->SetDepthTitle(tr("% Load"));
+    // The buttons stay in their place when the map does not fit.
+    QSizePolicy size = chart_->sizePolicy();
+    size.setRetainSizeWhenHidden(true);
+    chart_->setSizePolicy(size);
     edtOffset_->setObjectName("edtOffset");
     edtOffset_->setReadOnly(true);
     edtOffset_->setFixedWidth(edtOffset_->fontMetrics().horizontalAdvance("$FFFFFFFF") + 24);

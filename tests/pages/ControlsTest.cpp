@@ -3,6 +3,7 @@
 #include "forms/Help.h"
 #include "forms/PageControl.h"
 #include "maps/Maps.h"
+#include "maps/QuickChart.h"
 #include "maps/ToolWindow.h"
 #include "pages/PageFixture.h"
 #include "spec/main.h"
@@ -16,7 +17,18 @@
 #include <QStatusBar>
 
 namespace {
-enum class TForm { ROM, Fuel, Timing, Tools, Window, Offsets, Splash };
+enum class TForm {
+    ROM,
+    Fuel,
+    Timing,
+    FuelChart,
+    TimingChart,
+    QuickChart,
+    Tools,
+    Window,
+    Offsets,
+    Splash
+};
 
 /// First states that are not the usual ones (enabled, visible, unchecked, writable), as letters:
 /// d disabled, h hidden, c checked, r read-only.
@@ -98,6 +110,87 @@ const TControl controls[] = {
     {TForm::Timing, "grdPTMap", "TStringAlignGrid", nullptr, "Right-click for more options", ""},
     {TForm::Timing, "chkInterpret", "QCheckBox", "Interpret Byte Values", "", ""},
 
+    {TForm::FuelChart, "chtPTMap", "TAreaChart", nullptr, nullptr, ""},
+    {TForm::FuelChart, "chtIdMap", "TAreaChart", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "chtFTMap", "TAreaChart", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "btnUp", "QToolButton", "", "Tilt up", ""},
+    {TForm::FuelChart, "btnDown", "QToolButton", "", "Tilt down", ""},
+    {TForm::FuelChart, "btnLeft", "QToolButton", "", "Turn left", ""},
+    {TForm::FuelChart, "btnRight", "QToolButton", "", "Turn right", ""},
+    {TForm::FuelChart, "udZoomUp", "QToolButton", "", "Zoom in", ""},
+    {TForm::FuelChart, "udZoomDown", "QToolButton", "", "Zoom out", ""},
+    {TForm::FuelChart, "udZoom", "QWidget", nullptr, nullptr, ""},
+    {TForm::FuelChart, "btnRecalculate", "QPushButton", "Recalculate", nullptr, ""},
+    {TForm::FuelChart, "btnClose", "QPushButton", "Close Page", nullptr, ""},
+    {TForm::FuelChart, "grdPTMap", "TStringAlignGrid", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "grdIdMap", "TStringAlignGrid", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "grdFTMap", "TStringAlignGrid", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "lblPTGrid", "QLabel", "Partial Throttle /\\ Trim Map", "", "h"},
+    {TForm::FuelChart, "lblIdGrid", "QLabel", "Idle /\\ Trim Map", "", "h"},
+    {TForm::FuelChart, "lblFTGrid", "QLabel", "Full Throttle /\\ Trim Map", "", "h"},
+    {TForm::FuelChart, "edtPTOffset", "QLineEdit", "$0000", doubleClick, "hr"},
+    {TForm::FuelChart, "edtIdOffset", "QLineEdit", "$0000", doubleClick, "hr"},
+    {TForm::FuelChart, "edtFTOffset", "QLineEdit", "$0000", doubleClick, "hr"},
+    {TForm::FuelChart, "Panel1", "QFrame", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "Panel2", "QFrame", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "Panel3", "QFrame", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "chkInterpret", "QCheckBox", "Interpret Byte Values", "", "h"},
+    {TForm::FuelChart, "btnSavePT", "QPushButton", "Commit", nullptr, "h"},
+    {TForm::FuelChart, "btnSaveIdle", "QPushButton", "Commit", nullptr, "h"},
+    {TForm::FuelChart, "btnSaveFT", "QPushButton", "Commit", nullptr, "h"},
+    {TForm::FuelChart, "btnResetPT", "QPushButton", "Reset", nullptr, "h"},
+    {TForm::FuelChart, "btnResetIdle", "QPushButton", "Reset", nullptr, "h"},
+    {TForm::FuelChart, "btnResetFT", "QPushButton", "Reset", nullptr, "h"},
+    {TForm::FuelChart, "btnHelp", "QPushButton", "Help", "", "h"},
+
+    {TForm::TimingChart, "chtPTMap", "TAreaChart", nullptr, nullptr, ""},
+    {TForm::TimingChart, "chtIdMap", "TAreaChart", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "chtFTMap", "TAreaChart", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "btnUp", "QToolButton", "", "Tilt up", ""},
+    {TForm::TimingChart, "btnDown", "QToolButton", "", "Tilt down", ""},
+    {TForm::TimingChart, "btnLeft", "QToolButton", "", "Turn left", ""},
+    {TForm::TimingChart, "btnRight", "QToolButton", "", "Turn right", ""},
+    {TForm::TimingChart, "udZoomUp", "QToolButton", "", "Zoom in", ""},
+    {TForm::TimingChart, "udZoomDown", "QToolButton", "", "Zoom out", ""},
+    {TForm::TimingChart, "udZoom", "QWidget", nullptr, nullptr, ""},
+    {TForm::TimingChart, "btnRecalculate", "QPushButton", "Recalculate", nullptr, ""},
+    {TForm::TimingChart, "btnClose", "QPushButton", "Close Page", nullptr, ""},
+    {TForm::TimingChart, "grdPTMap", "TStringAlignGrid", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "grdIdMap", "TStringAlignGrid", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "grdFTMap", "TStringAlignGrid", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "lblPTGrid", "QLabel", "Partial Throttle Ign Timing Map", "", "h"},
+    {TForm::TimingChart, "lblIdGrid", "QLabel", "Idle Ign Timing Map", "", "h"},
+    {TForm::TimingChart, "lblFTGrid", "QLabel", "Full Throttle Ign Timing Map", "", "h"},
+    {TForm::TimingChart, "edtPTOffset", "QLineEdit", "$0000", doubleClick, "hr"},
+    {TForm::TimingChart, "edtIdOffset", "QLineEdit", "$0000", doubleClick, "hr"},
+    {TForm::TimingChart, "edtFTOffset", "QLineEdit", "$0000", doubleClick, "hr"},
+    {TForm::TimingChart, "Panel1", "QFrame", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "Panel2", "QFrame", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "Panel3", "QFrame", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "chkInterpret", "QCheckBox", "Interpret Byte Values", "", "h"},
+    {TForm::TimingChart, "btnSavePT", "QPushButton", "Commit", nullptr, "h"},
+    {TForm::TimingChart, "btnSaveIdle", "QPushButton", "Commit", nullptr, "h"},
+    {TForm::TimingChart, "btnSaveFT", "QPushButton", "Commit", nullptr, "h"},
+    {TForm::TimingChart, "btnResetPT", "QPushButton", "Reset", nullptr, "h"},
+    {TForm::TimingChart, "btnResetIdle", "QPushButton", "Reset", nullptr, "h"},
+    {TForm::TimingChart, "btnResetFT", "QPushButton", "Reset", nullptr, "h"},
+    {TForm::TimingChart, "btnHelp", "QPushButton", "Help", "", "h"},
+
+    {TForm::QuickChart, "chtMap", "TAreaChart", nullptr, nullptr, ""},
+    {TForm::QuickChart, "edtOffset", "QLineEdit", "", "", "r"},
+    {TForm::QuickChart, "btnUp", "QToolButton", "", "Tilt up", ""},
+    {TForm::QuickChart, "btnDown", "QToolButton", "", "Tilt down", ""},
+    {TForm::QuickChart, "btnLeft", "QToolButton", "", "Turn left", ""},
+    {TForm::QuickChart, "btnRight", "QToolButton", "", "Turn right", ""},
+    {TForm::QuickChart, "udZoomUp", "QToolButton", "", "Zoom in", ""},
+    {TForm::QuickChart, "udZoomDown", "QToolButton", "", "Zoom out", ""},
+    {TForm::QuickChart, "udZoom", "QWidget", nullptr, nullptr, ""},
+    {TForm::QuickChart, "pnlMain", "QFrame", nullptr, "", ""},
+    {TForm::QuickChart, "btnOK", "QPushButton", "&Ok", "", "h"},
+    {TForm::QuickChart, "btnCancel", "QPushButton", "Cancel", "", "h"},
+    {TForm::QuickChart, "btnFilter", "QPushButton", "Filter", "", "h"},
+    {TForm::QuickChart, "btnHelp", "QPushButton", "Help", "", "h"},
+
     {TForm::Tools, "rdoOperation", "TRadioGroup", "&Operation", "", ""},
     {TForm::Tools, "rdoRange", "TRadioGroup", "&Range", "", ""},
     {TForm::Tools, "rdoScale", "TRadioGroup", "&Scale", "", ""},
@@ -137,8 +230,9 @@ protected:
     TControlsTest() {
         TfrmBaseForm::ProgRegKey = "key";
         offsets = std::make_unique<TfrmOffsetEntry>(nullptr, window.workspace);
-        window.Page(1)->ShowPage();
-        window.Page(2)->ShowPage();
+        quickChart = std::make_unique<TfrmQuickChart>(nullptr);
+        for (int mapPage = 1; mapPage <= 4; ++mapPage)
+            window.Page(mapPage)->ShowPage();
     }
     ~TControlsTest() override { TfrmBaseForm::ProgRegKey.clear(); }
 
@@ -150,6 +244,12 @@ protected:
             return *window.Page(1);
         case TForm::Timing:
             return *window.Page(2);
+        case TForm::FuelChart:
+            return *window.Page(3);
+        case TForm::TimingChart:
+            return *window.Page(4);
+        case TForm::QuickChart:
+            return *quickChart;
         case TForm::Tools:
             return *dynamic_cast<TfrmMaps &>(*window.Page(1)).ToolWindow;
         case TForm::Window:
@@ -204,6 +304,7 @@ protected:
 
     TfrmNotebook window;
     std::unique_ptr<TfrmOffsetEntry> offsets;
+    std::unique_ptr<TfrmQuickChart> quickChart;
     TfrmSplash splash;
 };
 
@@ -260,6 +361,8 @@ TEST_F(TControlsTest, WindowsHaveTheirNamesAndCaptions) {
     EXPECT_EQ(offsets->windowTitle(), "Offset Entry");
     EXPECT_EQ(Form(TForm::Tools).objectName(), "frmToolWindow");
     EXPECT_EQ(Form(TForm::Tools).property("windowTitle").toString(), "Tools");
+    EXPECT_EQ(quickChart->objectName(), "frmQuickChart");
+    EXPECT_EQ(quickChart->windowTitle(), "Quick Map");
     EXPECT_EQ(splash.objectName(), "frmSplash");
     EXPECT_EQ(splash.size(), QSize(492, 151));
 }
@@ -272,7 +375,8 @@ TEST_F(TControlsTest, TheHelpWindowHasItsMemo) {
 }
 
 TEST_F(TControlsTest, NamesAreUniqueOnEachForm) {
-    for (const TForm form : {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::Offsets}) {
+    for (const TForm form : {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::FuelChart,
+                             TForm::TimingChart, TForm::QuickChart, TForm::Offsets}) {
         std::map<QString, int> counts;
         for (const QWidget *widget : Form(form).findChildren<QWidget *>())
             if (!widget->objectName().startsWith("qt_") && !widget->objectName().isEmpty())
