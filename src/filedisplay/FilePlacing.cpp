@@ -42,6 +42,8 @@ std::int32_t TfrmFileContents::AddressOf(TGridCell cell) const {
 }
 
 void TfrmFileContents::UpdateNotebookMap(TMapSet &set, TMapKind kind) {
+    if (values_.empty())
+        return; // there is no cell
     std::array offsets{set.PTMap->GetLocation(), set.IdleMap->GetLocation(),
                        set.WOTMap->GetLocation()};
     offsets[static_cast<std::size_t>(kind)] = AddressOf({grdFile_->Col(), grdFile_->Row()});

@@ -14,6 +14,7 @@
 #include <map>
 
 #include <QAction>
+#include <QPushButton>
 #include <QStatusBar>
 
 namespace {
@@ -24,6 +25,8 @@ enum class TForm {
     FuelChart,
     TimingChart,
     QuickChart,
+    Contents,
+    Key,
     Tools,
     Window,
     Offsets,
@@ -191,6 +194,77 @@ const TControl controls[] = {
     {TForm::QuickChart, "btnFilter", "QPushButton", "Filter", "", "h"},
     {TForm::QuickChart, "btnHelp", "QPushButton", "Help", "", "h"},
 
+    {TForm::Contents, "grdFile", "TStringAlignGrid", nullptr, "", ""},
+    {TForm::Contents, "Button1", "QPushButton", "Key", "", ""},
+    {TForm::Contents, "chkDisplayHex", "QCheckBox", "Display in Hex", "", ""},
+    {TForm::Contents, "redPrint", "QTextEdit", nullptr, "", "h"},
+    {TForm::Contents, "btnHelp", "QPushButton", "Help", "", "h"},
+    {TForm::Contents, "PopupMenu1", "QMenu", nullptr, nullptr, ""},
+    {TForm::Contents, "HighlightMapFromCurrentCell1", "QMenu", "Highlight Map From Current Cell",
+     nullptr, ""},
+    {TForm::Contents, "SetSearchParameters1", "QMenu", "Set Search Parameters", nullptr, ""},
+    {TForm::Contents, "ManualSearches1", "QMenu", "Manual Searches", nullptr, ""},
+    {TForm::Contents, "SearchandHighlightMaps1", "QMenu", "Search and Highlight Maps", nullptr, ""},
+    {TForm::Contents, "mnuGraphPT", "QMenu", "Update Notebook Map", nullptr, ""},
+    {TForm::Contents, "AddNotebookMap1", "QMenu", "Add Notebook Map", nullptr, ""},
+    {TForm::Contents, "QuickMap1", "QMenu", "Quick Map", nullptr, ""},
+    {TForm::Contents, "Copy1", "QAction", "Copy", nullptr, ""},
+    {TForm::Contents, "CopySelected1", "QAction", "Copy Selected", nullptr, ""},
+    {TForm::Contents, "Print1", "QAction", "Print", nullptr, ""},
+    {TForm::Contents, "PrintSetup1", "QAction", "Print Setup", nullptr, ""},
+    {TForm::Contents, "ClearAllMarkers1", "QAction", "Clear All Markers", nullptr, ""},
+    {TForm::Contents, "Fuel3", "QAction", "Fuel - Part Throttle", nullptr, ""},
+    {TForm::Contents, "Fuel4", "QAction", "Fuel - WOT/Idle", nullptr, ""},
+    {TForm::Contents, "Timing3", "QAction", "Timing - Part Throttle", nullptr, ""},
+    {TForm::Contents, "Timing4", "QAction", "Timing - WOT/Idle", nullptr, ""},
+    {TForm::Contents, "MinFuelVal1", "QAction", "Fuel Val Min", nullptr, ""},
+    {TForm::Contents, "MaxFuelVal1", "QAction", "Fuel Value Max", nullptr, ""},
+    {TForm::Contents, "MinTimingVal1", "QAction", "Timing Val Min", nullptr, ""},
+    {TForm::Contents, "MaxTimingVal1", "QAction", "Timing Val Max", nullptr, ""},
+    {TForm::Contents, "RPMRAMLocation1", "QAction", "RPM RAM Location", nullptr, ""},
+    {TForm::Contents, "LoadRAMLocation1", "QAction", "% Load RAM Location", nullptr, ""},
+    {TForm::Contents, "FindConsecutivePossFuelVals", "QAction", "Mark Possible Fuel Vals", nullptr,
+     ""},
+    {TForm::Contents, "FindConsecutivePossTimeVals", "QAction", "Mark Possible Timing Vals",
+     nullptr, ""},
+    {TForm::Contents, "HighlightAValue1", "QAction", "Mark All Instances of a Specific Value",
+     nullptr, ""},
+    {TForm::Contents, "FindMapPointers1", "QAction", "Find Map Pointers by offset Address", nullptr,
+     ""},
+    {TForm::Contents, "Fuel5", "QAction", "Fuel - Part Throttle", nullptr, ""},
+    {TForm::Contents, "Fuel6", "QAction", "Fuel - WOT/Idle", nullptr, ""},
+    {TForm::Contents, "Timing5", "QAction", "Timing - Part Throttle", nullptr, ""},
+    {TForm::Contents, "Timing6", "QAction", "Timing - WOT/Idle", nullptr, ""},
+    {TForm::Contents, "Any1", "QAction", "All 2D Maps (any values)", nullptr, ""},
+    {TForm::Contents, "Any2", "QAction", "All Linear Maps (any values)", nullptr, ""},
+    {TForm::Contents, "Fuel1", "QAction", "Fuel Maps - Part Throttle", nullptr, ""},
+    {TForm::Contents, "Fuel2", "QAction", "Fuel Maps - Idle", nullptr, ""},
+    {TForm::Contents, "WOTFuel1", "QAction", "Fuel Maps - WOT", nullptr, ""},
+    {TForm::Contents, "Timing1", "QAction", "Timing Maps - Part Throttle", nullptr, ""},
+    {TForm::Contents, "Timing2", "QAction", "Timing Maps - Idle", nullptr, ""},
+    {TForm::Contents, "WOTTiming1", "QAction", "Timing Maps - WOT", nullptr, ""},
+    {TForm::Contents, "AllHighlighted1", "QAction", "All Highlighted", nullptr, ""},
+    {TForm::Contents, "SelectedCellisMapOffset1", "QAction", "Selected Cell is 2D Map Offset",
+     nullptr, ""},
+    {TForm::Contents, "SelectedCellisLinearMapOffset1", "QAction",
+     "Selected Cell is Linear Map Offset", nullptr, ""},
+    {TForm::Contents, "SelectedCellisMapPointerOffset1", "QAction",
+     "Selected Cell is address of 2D Map Address", nullptr, ""},
+    {TForm::Contents, "SelectedCellisLinearMapPointer1", "QAction",
+     "Selected Cell is address of Linear Map Offset", nullptr, ""},
+
+    {TForm::Key, "lblFuelMin", "QLabel", "min: 90", "", ""},
+    {TForm::Key, "lblFuelMax", "QLabel", "max: 200", "", ""},
+    {TForm::Key, "lblTimingMin", "QLabel", "min: 10", "", ""},
+    {TForm::Key, "lblTimingMax", "QLabel", "max: 90", "", ""},
+    {TForm::Key, "lblRPMLocation", "QLabel", "RPM: (not specified)", "", ""},
+    {TForm::Key, "lblLoadLocation", "QLabel", "Load: (not specified)", "", ""},
+    {TForm::Key, "pnlMain", "QFrame", nullptr, "", ""},
+    {TForm::Key, "btnOK", "QPushButton", "&Ok", "", ""},
+    {TForm::Key, "btnCancel", "QPushButton", "Cancel", "", "h"},
+    {TForm::Key, "btnFilter", "QPushButton", "Filter", "", "h"},
+    {TForm::Key, "btnHelp", "QPushButton", "Help", "", "h"},
+
     {TForm::Tools, "rdoOperation", "TRadioGroup", "&Operation", "", ""},
     {TForm::Tools, "rdoRange", "TRadioGroup", "&Range", "", ""},
     {TForm::Tools, "rdoScale", "TRadioGroup", "&Scale", "", ""},
@@ -233,6 +307,8 @@ protected:
         quickChart = std::make_unique<TfrmQuickChart>(nullptr);
         for (int mapPage = 1; mapPage <= 4; ++mapPage)
             window.Page(mapPage)->ShowPage();
+        window.Page(5)->ShowPage();
+        FindControl<QPushButton>(*window.Page(5), "Button1").click();
     }
     ~TControlsTest() override { TfrmBaseForm::ProgRegKey.clear(); }
 
@@ -250,6 +326,10 @@ protected:
             return *window.Page(4);
         case TForm::QuickChart:
             return *quickChart;
+        case TForm::Contents:
+            return *window.Page(5);
+        case TForm::Key:
+            return FindControl<QWidget>(window, "frmKey");
         case TForm::Tools:
             return *dynamic_cast<TfrmMaps &>(*window.Page(1)).ToolWindow;
         case TForm::Window:
@@ -375,8 +455,9 @@ TEST_F(TControlsTest, TheHelpWindowHasItsMemo) {
 }
 
 TEST_F(TControlsTest, NamesAreUniqueOnEachForm) {
-    for (const TForm form : {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::FuelChart,
-                             TForm::TimingChart, TForm::QuickChart, TForm::Offsets}) {
+    for (const TForm form :
+         {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::FuelChart, TForm::TimingChart,
+          TForm::QuickChart, TForm::Contents, TForm::Offsets}) {
         std::map<QString, int> counts;
         for (const QWidget *widget : Form(form).findChildren<QWidget *>())
             if (!widget->objectName().startsWith("qt_") && !widget->objectName().isEmpty())
