@@ -193,9 +193,9 @@ TEST_P(TStepTest, TheViewHasNoBounds) {
     EXPECT_EQ(View(), Expected(400));
 }
 
-TEST_P(TStepTest, TheKeyDoesTheSameFromWhereverInThePage) {
-    if (GetParam().key == Qt::Key_unknown)
-        return;
+class TKeyTest : public TStepTest {};
+
+TEST_P(TKeyTest, DoesTheSameFromWhereverInThePage) {
     int presses = 0;
     for (const char *name : {"", "btnClose", "btnLeft", "udZoomUp", "chtPTMap"}) {
         QWidget &control = *name ? Find<QWidget>(name) : *page;
@@ -205,12 +205,17 @@ TEST_P(TStepTest, TheKeyDoesTheSameFromWhereverInThePage) {
         EXPECT_EQ(host.focusWidget(), page) << name;
     }
 }
-INSTANTIATE_TEST_SUITE_P(Steps, TStepTest,
-                         testing::Values(TStep{"btnUp", Qt::Key_Up, {0, -1, 0}},
-                                         TStep{"btnDown", Qt::Key_Down, {0, 1, 0}},
-                                         TStep{"btnLeft", Qt::Key_Left, {1, 0, 0}},
-                                         TStep{"btnRight", Qt::Key_Right, {-1, 0, 0}},
-                                         TStep{"udZoomUp", Qt::Key_unknown, {0, 0, 5}},
+
+constexpr TStep keySteps[] = {
+    {"btnUp", Qt::Key_Up, {0, -1, 0}},
+    {"btnDown", Qt::Key_Down, {0, 1, 0}},
+    {"btnLeft", Qt::Key_Left, {1, 0, 0}},
+    {"btnRight", Qt::Key_Right, {-1, 0, 0}},
+};
+INSTANTIATE_TEST_SUITE_P(Steps, TKeyTest, testing::ValuesIn(keySteps));
+INSTANTIATE_TEST_SUITE_P(Steps, TStepTest, testing::ValuesIn(keySteps));
+INSTANTIATE_TEST_SUITE_P(Zoom, TStepTest,
+                         testing::Values(TStep{"udZoomUp", Qt::Key_unknown, {0, 0, 5}},
                                          TStep{"udZoomDown", Qt::Key_unknown, {0, 0, -5}}));
 
 TEST_F(TGraphicalMapsTest, OtherKeysReachTheControls) {
@@ -241,8 +246,11 @@ TEST_F(TGraphicalMapsTest, AClickIntoThePageMakesTheKeysWork) {
 }
 
 TEST_F(TGraphicalMapsTest, HeldButtonsRepeat) {
-    for (const char *name : {"btnUp", "btnDown", "btnLeft", "btnRight", "udZoomUp", "udZoomDown"})
+    for (const char *name : {"btnUp", "btnDown", "btnLeft", "btnRight", "udZoomUp", "udZoomDown"}) {
         EXPECT_TRUE(Find<QToolButton>(name).autoRepeat()) << name;
+        // A held button that lost the focus to the page would be let go.
+        EXPECT_FALSE(Find<QToolButton>(name).focusPolicy() == Qt::StrongFocus) << name;
+    }
     EXPECT_EQ(Find<QToolButton>("udZoomUp").parent(), &Find<QWidget>("udZoom"));
     EXPECT_EQ(Find<QToolButton>("udZoomDown").parent(), &Find<QWidget>("udZoom"));
     EXPECT_LT(Find<QWidget>("udZoomUp").y(), Find<QWidget>("udZoomDown").y());
