@@ -109,10 +109,10 @@ void TfrmFileContents::chkDisplayHexClick() {
 }
 
 void TfrmFileContents::Button1Click() {
-    if (!key_)
-        return;
-    key_->PlaceAt(*window());
-    key_->setVisible(!key_->isVisible());
+    if (TfrmKey *key = key_) {
+        key->PlaceAt(*window());
+        key->setVisible(!key->isVisible());
+    }
 }
 
 void TfrmFileContents::grdFileSelectCell(int column, int row) {

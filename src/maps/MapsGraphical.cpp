@@ -25,12 +25,8 @@ void TfrmMapsGraphical::MakeControls() {
 }
 
 void TfrmMapsGraphical::ShowChartOnly() {
-    for (const TMapKind kind : {TMapKind::PT, TMapKind::Idle, TMapKind::WOT})
-        Panel(kind).panel->hide();
-    for (const TMapKind kind : {TMapKind::Idle, TMapKind::WOT}) {
-        Panel(kind).chart->HideForGood();
-        Panel(kind).hide();
-    }
+    ShowOnly(TMapKind::PT);
+    Panel(TMapKind::PT).panel->hide();
     Panel(TMapKind::PT).parentWidget()->layout()->setContentsMargins(0, 0, 0, 0);
     Panel(TMapKind::PT).commit->hide();
     Panel(TMapKind::PT).reset->hide();
