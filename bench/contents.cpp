@@ -5,7 +5,12 @@
 
 #include "Measure.h"
 #include "Start.h"
+#include "filedisplay/FileDisplay.h"
 #include "filedisplay/FileGrid.h"
+#include "forms/KelvaneNotebook.h"
+#include "forms/TEmbedFm.h"
+#include "model/ROMTypes.h"
+#include "spec/Application.h"
 
 #include <array>
 #include <filesystem>
@@ -25,6 +30,7 @@ constexpr int rounds = 31;
 constexpr int programRounds = 7;
 constexpr int visibleRows = 40;
 constexpr int columns = 17;
+constexpr int foundMaps = 200;
 
 std::vector<std::uint8_t> RandomBytes(std::size_t size) {
     std::mt19937 random(1);
@@ -90,6 +96,60 @@ TPair Repainting(const std::vector<std::uint8_t> &bytes) {
         [&] { return Time(direct); });
 }
 
+/// An image of 64 KiB with 200 fuel maps of 2 x 2 points.
+void LoadFoundMaps() {
+    constexpr std::array<std::uint8_t, 12> map{1, 2, 5, 6, 1, 2, 7, 8, 100, 100, 100, 100};
+    ROMImage()->data.fill(255);
+    ROMImage()->size = 0x10000;
+    for (int i = 0; i < foundMaps; ++i)
+        std::copy(map.begin(), map.end(), ROMImage()->data.begin() + 0x100 * (i + 1));
+}
+
+/// The notebook with the contents view, in which the maps have been searched for.
+class TSearchedNotebook {
+public:
+    TSearchedNotebook() {
+        auto page = std::make_unique<TfrmFileContents>(nullptr, workspace_, printing_);
+        page_ = page.get();
+        window_.AddPage(std::move(page), "TabSheet1", "File Contents");
+        window_.show();
+        workspace_.romFileName = "found.BIN";
+        page_->ShowPage();
+        page_->Fuel5Click();
+        QApplication::processEvents();
+    }
+    double AddPages() {
+        const double time = Time([this] { page_->AllHighlighted1Click(); });
+        if (window_.AddedPages().size() != foundMaps)
+            throw std::runtime_error("not all maps got a page");
+        return time;
+    }
+
+private:
+    TWorkspace workspace_;
+    TPrinting printing_;
+    TfrmKelvaneNotebook window_;
+    TfrmFileContents *page_;
+};
+
+double AddEmptyPages() {
+    TfrmKelvaneNotebook window;
+    window.AddPage(std::make_unique<TEmbeddedForm>(), "TabSheet1", "File Contents");
+    window.show();
+    QApplication::processEvents();
+    return Time([&window] {
+        for (int i = 0; i < foundMaps; ++i)
+            window.AddPage(std::make_unique<TEmbeddedForm>(), "tab", "2-D Fuel Map at $0000");
+    });
+}
+
+/// Pages for all found maps beside as many pages without anything on them.
+TPair AddingPages() {
+    LoadFoundMaps();
+    return Measure(
+        rounds, [] { return TSearchedNotebook().AddPages(); }, [] { return AddEmptyPages(); });
+}
+
 /// Resident memory of the program with the image shown, and with the empty view.
 TPair Memory(const fs::path &image) {
     std::vector<double> figures[2];
@@ -109,6 +169,7 @@ bool MeasureAll(const fs::path &image) {
         table.Ratio("rebuild the view / fill a vector, ms" + suffix, Rebuilding(bytes), 2);
         table.Ratio("repaint 40 rows / draw their texts, ms" + suffix, Repainting(bytes), 3);
     }
+    table.Ratio("pages for 200 found maps / 200 empty pages, ms", AddingPages(), 3);
     const std::vector<std::uint8_t> bytes = RandomBytes(0x100000);
     std::ofstream(image, std::ios::binary)
         .write(reinterpret_cast<const char *>(bytes.data()),
@@ -120,6 +181,7 @@ bool MeasureAll(const fs::path &image) {
 
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
+    SetUpApplication();
     const fs::path image =
         fs::temp_directory_path() / ("ferrolyn-bench-" + std::to_string(getpid()) + ".BIN");
     bool good = false;

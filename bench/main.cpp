@@ -7,6 +7,7 @@
 #include "Start.h"
 #include "forms/Aligrid.h"
 #include "maps/FuelMaps.h"
+#include "maps/ToolWindow.h"
 #include "model/ROMTypes.h"
 
 #include <cstdio>
@@ -147,6 +148,26 @@ TPair ShowingAPage() {
         rounds, [&] { return page.Show(); }, [&] { return empty.Show(); });
 }
 
+// ---- bulk adjustment ---------------------------------------------------------------------------
+
+/// One bulk adjustment of a whole 31 x 20 map beside filling its grid again.
+TPair Adjusting() {
+    TWorkspace workspace;
+    PlaceLargestMaps(workspace);
+    TfrmFuelMaps page(nullptr, workspace, workspace.fuelMapSet);
+    page.ShowPage();
+    TMapPanel &row = page.Panel(TMapKind::PT);
+    TMap &map = page.Map(TMapKind::PT);
+    const auto refill = [&] {
+        std::string location;
+        map.FillGrid(row.gridView, location, map.GetCellFormat(), row.traits.maxRows,
+                     row.traits.maxColumns);
+    };
+    return Measure(
+        rounds, [&] { return Time([&] { page.ToolWindow->btnExecClick(); }); },
+        [&] { return Time(refill); });
+}
+
 // ---- starting ----------------------------------------------------------------------------------
 
 struct TStarts {
@@ -176,6 +197,7 @@ bool MeasureAll(const fs::path &image) {
     TTable table;
     table.Ratio("load a 1 MiB image / read the file, ms", Loading(image), 3);
     table.Ratio("show a page of 31 x 20 and 31 x 1 / empty grids, ms", ShowingAPage(), 3);
+    table.Ratio("adjust a map of 31 x 20 / fill its grid, ms", Adjusting(), 2);
     const TStarts start = Starting(image);
     table.Ratio("start to the window shown / empty program, ms", start.milliseconds, 1.5);
     table.Difference("memory with 1 MiB loaded - empty program, MiB", start.mebibytes, 15);
