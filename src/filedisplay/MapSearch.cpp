@@ -109,11 +109,22 @@ TColor AxisColor(const TPattern &pattern) {
     return pattern.shape == TMapShape::Linear ? linearAxisColor : twoDAxisColor;
 }
 
-/// The axis values and data of all found maps, to be painted in one go: where maps are small, a
+/// The axis values and data of found maps, which it paints many at a time: where maps are small, a
 /// loop over each run would cost far more than the search.
 class TFoundRuns {
 public:
-    explicit TFoundRuns(std::size_t cells) : roles_(cells + 2 * block) {}
+    /// Keeps the references.
+    TFoundRuns(const TSearchGrid &grid, const TPattern &pattern) : grid_(grid), pattern_(pattern) {}
+
+    /// To be called before the runs from `first` to before `end` are added; paints when need be.
+    void MakeRoom(std::size_t first, std::size_t end) {
+        if (end <= begin_ + capacity)
+            return;
+        Paint();
+        roles_.fill(noRole);
+        begin_ = first - first % cellsPerWord;
+        end_ = first;
+    }
 
     /// To be called in reading order. Writes whole blocks, over the cells behind the run too: how
     /// many blocks a run needs is seldom in doubt, how many cells always, and a wrong guess of the
@@ -126,35 +137,38 @@ public:
             SetBlock(first, role);
     }
 
-    void Paint(const TSearchGrid &grid, const TPattern &pattern) {
+    /// To be called behind the last Add, too.
+    void Paint() {
         SetBlock(end_, noRole);
-        for (std::size_t first = 0; first < grid.values.size(); first += cellsPerWord) {
-            std::uint8_t roles = 0;
+        for (std::size_t first = begin_; first < end_; first += cellsPerWord) {
+            const std::uint8_t *roles = &roles_[first - begin_];
+            std::uint8_t any = noRole;
             for (std::size_t i = 0; i < cellsPerWord; ++i)
-                roles |= roles_[first + i];
-            if (roles != noRole)
-                PaintCells(grid, first, std::min(cellsPerWord, grid.values.size() - first),
-                           pattern);
+                any |= roles[i];
+            if (any != noRole)
+                PaintCells(first, std::min(cellsPerWord, grid_.values.size() - first));
         }
     }
 
 private:
-    static constexpr std::size_t block = 32; ///< holds the longest axis
+    static constexpr std::size_t block = 16;
+    static constexpr std::size_t capacity = 64 * cellsPerWord;
 
-    void SetBlock(std::size_t first, TRole role) { std::memset(&roles_[first], role, block); }
+    void SetBlock(std::size_t first, TRole role) {
+        std::memset(&roles_[first - begin_], role, block);
+    }
 
-    void PaintCells(const TSearchGrid &grid, std::size_t first, std::size_t count,
-                    const TPattern &pattern) const {
-        const TCellValue *values = &grid.values[first];
-        const std::uint8_t *roles = &roles_[first];
-        TColor *colors = &grid.colors[first];
-        const TColor axis = AxisColor(pattern);
-        const TColor data = pattern.color;
+    void PaintCells(std::size_t first, std::size_t count) const {
+        const TCellValue *values = &grid_.values[first];
+        const std::uint8_t *roles = &roles_[first - begin_];
+        TColor *colors = &grid_.colors[first];
+        const TColor axis = AxisColor(pattern_);
+        const TColor data = pattern_.color;
         const int axisShift = SmallestChannelShift(axis);
         const int dataShift = SmallestChannelShift(data);
         // Masks instead of choices, because the loop vectorises better.
         for (std::size_t i = 0; i < count; ++i) {
-            const TColor value = static_cast<std::uint8_t>(values[i]);
+            const TColor value = static_cast<std::uint16_t>(values[i]);
             const TColor isAxis = TColor{0} - (roles[i] & TColor{axisRole});
             const TColor isData = TColor{0} - (roles[i] / TColor{dataRole});
             colors[i] = (colors[i] & ~(isAxis | isData)) |
@@ -163,8 +177,11 @@ private:
         }
     }
 
-    std::size_t end_ = 0;             ///< of the last run
-    std::vector<std::uint8_t> roles_; ///< a TRole for each cell, and room for two blocks behind
+    const TSearchGrid &grid_;
+    const TPattern &pattern_;
+    std::size_t begin_ = 0; ///< the cell of the first role
+    std::size_t end_ = 0;   ///< of the last run
+    std::array<std::uint8_t, capacity + 2 * block> roles_{};
 };
 
 /// Tests all cells of a word at once for maps that start there, at the same cost whatever the bytes
@@ -332,7 +349,7 @@ private:
 
 void HighlightAll(const TSearchGrid &grid, const TPattern &pattern, TMapCounters &counters) {
     TMapStarts starts(grid, pattern);
-    TFoundRuns runs(grid.values.size());
+    TFoundRuns runs(grid, pattern);
     // Where maps stand side by side, a look at the one cell behind a map is cheaper than one at all
     // cells of its word; elsewhere the wrong guesses make it dearer.
     constexpr int many = 4;
@@ -348,14 +365,16 @@ void HighlightAll(const TSearchGrid &grid, const TPattern &pattern, TMapCounters
             sideBySide = 0;
             continue;
         }
+        runs.MakeRoom(start, data.end);
         MarkMap(grid, start, data, pattern, counters,
                 [&runs](std::size_t first, std::size_t count, TRole role) {
                     runs.Add(first, count, role);
                 });
-        sideBySide = start == position ? sideBySide + 1 : 0;
+        // A product, because whether they do is a wrong guess each second time on a bad image.
+        sideBySide = (sideBySide + 1) * (start == position ? 1 : 0);
         position = data.end;
     }
-    runs.Paint(grid, pattern);
+    runs.Paint();
 }
 
 } // namespace
