@@ -52,11 +52,16 @@ TCellBits BitsOf(std::span<const TCell> cells, std::size_t word, TTest test) {
 /// Gives `color` to the cells of word `word` whose bit is set. Bits behind the last cell must be 0.
 void MarkBits(std::span<TColor> colors, std::size_t word, TCellBits bits, TColor color);
 
-/// Where runs of bytes in one range end, looked up in constant time.
+/// The runs of cells in one range, looked up in constant time.
 class TRuns {
 public:
     /// How far behind the last cell EndOfRun may be asked.
     static constexpr std::size_t margin = 6 * cellsPerWord;
+
+    /// LengthsIn knows no longer runs.
+    static constexpr std::size_t maxLength = 64 * cellsPerWord;
+
+    using TLengths = std::array<std::uint16_t, cellsPerWord>;
 
     /// Keeps nothing of `values`.
     TRuns(std::span<const TCellValue> values, const TByteRange &range);
@@ -68,6 +73,13 @@ public:
         const auto near = position + static_cast<std::size_t>(std::countr_zero(outside));
         return outside != 0 ? near : word.firstOutsideBehind;
     }
+
+    /// Whether a cell of word `word` is in range.
+    bool AnyIn(std::size_t word) const { return words_[word].outside != ~TCellBits{0}; }
+
+    /// For each cell of word `word`: how many cells from it on are in range; of a longer run than
+    /// maxLength, at least maxLength.
+    TLengths LengthsIn(std::size_t word) const;
 
 private:
     struct TWord {

@@ -3,7 +3,9 @@
 #include "filedisplay/CellBits.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -37,6 +39,11 @@ bool IsCount(TCellValue value) {
     return static_cast<std::uint16_t>(value - minCount) <= maxCount - minCount;
 }
 
+/// The same of a byte, of which a vectorised loop takes twice as many at once.
+bool IsCount(std::uint8_t byte) {
+    return static_cast<std::uint8_t>(byte - minCount) <= maxCount - minCount;
+}
+
 bool IsHeader(TCellValue value, std::int32_t location) {
     return location < 0 || value == location;
 }
@@ -59,111 +66,315 @@ struct TData {
 /// Stands for the end of data that cannot be, so that they never fit.
 constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
 
-/// The data of the linear map at `start`, where one may start.
-TData LinearDataAt(const TSearchGrid &grid, std::size_t start) {
-    const std::size_t count = CountAt(grid, start + 1);
-    return {start + 2 + count, start + 2 + 2 * count};
-}
-
-/// The data of the 2-D map at `start`, where one may start; their end is nowhere when `secondCount`
-/// knows no second axis at its place.
-template <typename TSecondCount>
-TData TwoDDataAt(const TSearchGrid &grid, std::size_t start, const TSecondCount &secondCount) {
+/// The data of the map at `start`, where one may start; their end is nowhere when a 2-D map has no
+/// second axis at its place.
+TData DataAt(const TSearchGrid &grid, std::size_t start, const TPattern &pattern) {
     const std::size_t xCount = CountAt(grid, start + 1);
     const std::size_t second = start + 2 + xCount;
-    const std::size_t yCount = secondCount(second);
+    if (pattern.shape == TMapShape::Linear)
+        return {second, second + xCount};
+    if (!IsHeader(grid.At(second), pattern.loadLocation) || !IsCount(grid.At(second + 1)))
+        return {second, nowhere};
+    const std::size_t yCount = CountAt(grid, second + 1);
     const std::size_t first = second + 2 + yCount;
-    return {first, yCount != 0 ? first + xCount * yCount : nowhere};
+    return {first, first + xCount * yCount};
 }
 
-/// The count of a second axis whose header stands at `position`; 0 when there is none.
-std::size_t SecondCountAt(const TSearchGrid &grid, std::size_t position, std::int32_t location) {
-    const bool fits = IsHeader(grid.At(position), location) && IsCount(grid.At(position + 1));
-    return fits ? CountAt(grid, position + 1) : 0;
-}
+/// What the cells of a run are in their map.
+enum TRole : std::uint8_t { noRole, axisRole, dataRole };
 
-/// SecondCountAt of every cell, and of those that lie an axis behind the last: a bad image asks for
-/// it at each of its cells.
-std::vector<std::uint8_t> SecondCounts(const TSearchGrid &grid, std::int32_t location) {
-    std::vector<std::uint8_t> counts(grid.values.size() + cellsPerWord);
-    if (location > 255)
-        return counts;
-    // All bits are compared, or none; written so that the loop vectorises.
-    const auto compared = static_cast<TCellValue>(location < 0 ? 0 : -1);
-    const auto wanted = static_cast<TCellValue>(location < 0 ? 0 : location);
-    const TCellValue *values = grid.values.data();
-    std::uint8_t *count = counts.data();
-    for (std::size_t i = 0; i + 1 < grid.values.size(); ++i) {
-        const TCellValue value = IsCount(values[i + 1]) ? values[i + 1] : TCellValue{0};
-        const bool fits = static_cast<TCellValue>(values[i] & compared) == wanted;
-        count[i] = static_cast<std::uint8_t>(fits ? value : TCellValue{0});
-    }
-    return counts;
-}
-
-void MarkAxis(const TSearchGrid &grid, std::size_t count, TColor color) {
-    grid.colors[count] = axisCountColor;
-    MarkRun(grid, count + 1, CountAt(grid, count), color);
-}
-
+/// Marks the map, but leaves its runs to `markRun(first, count, role)`, called in reading order.
+template <typename TMarkRun>
 void MarkMap(const TSearchGrid &grid, std::size_t start, TData data, const TPattern &pattern,
-             TMapCounters &counters) {
+             TMapCounters &counters, const TMarkRun &markRun) {
+    const auto markAxis = [&](std::size_t count) {
+        grid.colors[count] = axisCountColor;
+        markRun(count + 1, CountAt(grid, count), axisRole);
+    };
+    markAxis(start + 1);
     if (pattern.shape == TMapShape::Linear) {
         grid.colors[start] = pattern.color;
-        MarkAxis(grid, start + 1, linearAxisColor);
         ++counters.linear;
     } else {
         const std::size_t second = start + 2 + CountAt(grid, start + 1);
         grid.colors[start] = pattern.color + 2;
-        MarkAxis(grid, start + 1, twoDAxisColor);
         grid.colors[second] = searchedColor;
-        MarkAxis(grid, second + 1, twoDAxisColor);
+        markAxis(second + 1);
         ++counters.twoD;
     }
-    MarkRun(grid, data.first, data.end - data.first, pattern.color);
+    markRun(data.first, data.end - data.first, dataRole);
 }
 
-/// The cells of a word at which a map may start: unmarked, and MayStartAt. `starts` are the cells
-/// that may start a map at all.
-TCellBits StartsIn(std::size_t word, std::span<const TColor> starts, const TSearchGrid &grid,
-                   const TPattern &pattern) {
-    const TCellBits unmarked =
-        BitsOf(starts, word, [](TColor color) { return color == unmarkedColor; });
-    const TCellBits counts = BitsOf(grid.values.subspan(1), word,
-                                    [range = TByteRange(minCount, maxCount)](TCellValue value) {
-                                        return range.Contains(value);
-                                    });
-    if (pattern.rpmLocation < 0)
-        return unmarked & counts;
-    return unmarked & counts & BitsOf(grid.values, word, [&pattern](TCellValue value) {
-               return value == pattern.rpmLocation;
-           });
+TColor AxisColor(const TPattern &pattern) {
+    return pattern.shape == TMapShape::Linear ? linearAxisColor : twoDAxisColor;
 }
 
-/// `dataAt` answers the data of the map at a cell where one may start.
-template <typename TDataAt>
-void HighlightAll(const TSearchGrid &grid, const TPattern &pattern, const TDataAt &dataAt,
-                  TMapCounters &counters) {
-    const std::span<const TColor> starts = grid.colors.first((grid.Rows() - 2) * cellsPerRow);
-    const TRuns runs(grid.values, pattern.range);
-    std::size_t position = 0;
-    while (position < starts.size()) {
-        const std::size_t word = position / cellsPerWord;
-        TCellBits candidates =
-            StartsIn(word, starts, grid, pattern) & ~TCellBits{0} << position % cellsPerWord;
-        position = (word + 1) * cellsPerWord;
-        // What is marked here lies before the cell at which the search goes on: the bits hold.
-        for (; candidates != 0; candidates &= candidates - 1) {
-            const std::size_t start =
-                word * cellsPerWord + static_cast<std::size_t>(std::countr_zero(candidates));
-            const TData data = dataAt(start);
-            if (runs.EndOfRun(data.first) >= data.end) {
-                MarkMap(grid, start, data, pattern, counters);
-                position = data.end;
-                break;
-            }
+/// The axis values and data of found maps, which it paints many at a time: where maps are small, a
+/// loop over each run would cost far more than the search.
+class TFoundRuns {
+public:
+    /// Keeps the references.
+    TFoundRuns(const TSearchGrid &grid, const TPattern &pattern) : grid_(grid), pattern_(pattern) {}
+
+    /// To be called before the runs from `first` to before `end` are added; paints when need be.
+    void MakeRoom(std::size_t first, std::size_t end) {
+        if (end <= begin_ + capacity)
+            return;
+        Paint();
+        roles_.fill(noRole);
+        begin_ = first - first % cellsPerWord;
+        end_ = first;
+    }
+
+    /// To be called in reading order. Writes whole blocks, over the cells behind the run too: how
+    /// many blocks a run needs is seldom in doubt, how many cells always, and a wrong guess of the
+    /// processor is dear.
+    void Add(std::size_t first, std::size_t count, TRole role) {
+        if (first != end_)
+            SetBlock(end_, noRole);
+        end_ = first + count;
+        for (; first < end_; first += block)
+            SetBlock(first, role);
+    }
+
+    /// To be called behind the last Add, too.
+    void Paint() {
+        SetBlock(end_, noRole);
+        for (std::size_t first = begin_; first < end_; first += cellsPerWord) {
+            const std::uint8_t *roles = &roles_[first - begin_];
+            std::uint8_t any = noRole;
+            for (std::size_t i = 0; i < cellsPerWord; ++i)
+                any |= roles[i];
+            if (any != noRole)
+                PaintCells(first, std::min(cellsPerWord, grid_.values.size() - first));
         }
     }
+
+private:
+    static constexpr std::size_t block = 16;
+    static constexpr std::size_t capacity = 64 * cellsPerWord;
+
+    void SetBlock(std::size_t first, TRole role) {
+        std::memset(&roles_[first - begin_], role, block);
+    }
+
+    void PaintCells(std::size_t first, std::size_t count) const {
+        const TCellValue *values = &grid_.values[first];
+        const std::uint8_t *roles = &roles_[first - begin_];
+        TColor *colors = &grid_.colors[first];
+        const TColor axis = AxisColor(pattern_);
+        const TColor data = pattern_.color;
+        const int axisShift = SmallestChannelShift(axis);
+        const int dataShift = SmallestChannelShift(data);
+        // Masks instead of choices, because the loop vectorises better.
+        for (std::size_t i = 0; i < count; ++i) {
+            const TColor value = static_cast<std::uint16_t>(values[i]);
+            const TColor isAxis = TColor{0} - (roles[i] & TColor{axisRole});
+            const TColor isData = TColor{0} - (roles[i] / TColor{dataRole});
+            colors[i] = (colors[i] & ~(isAxis | isData)) |
+                        ((axis + (value << axisShift)) & isAxis) |
+                        ((data + (value << dataShift)) & isData);
+        }
+    }
+
+    const TSearchGrid &grid_;
+    const TPattern &pattern_;
+    std::size_t begin_ = 0; ///< the cell of the first role
+    std::size_t end_ = 0;   ///< of the last run
+    std::array<std::uint8_t, capacity + 2 * block> roles_{};
+};
+
+/// Tests all cells of a word at once for maps that start there, at the same cost whatever the bytes
+/// are: a test that ends at the first misfit makes the processor guess, and wrongly on a bad image.
+/// It looks at two words, for a map that starts in the first has all but the rest of its data
+/// there.
+class TMapWindow {
+public:
+    /// Keeps the references.
+    TMapWindow(const TSearchGrid &grid, const TPattern &pattern, const TRuns &runs)
+        : grid_(grid), pattern_(pattern), runs_(runs) {
+        yCounts_.fill(1);
+    }
+
+    /// The cells of `word` at which a map fits, whatever their colours are.
+    TCellBits FitsIn(std::size_t word) {
+        if (!runs_.AnyIn(word) && !runs_.AnyIn(word + 1))
+            return 0;
+        MoveTo(word);
+        return pattern_.shape == TMapShape::Linear ? LinearFits() : TwoDFits();
+    }
+
+private:
+    using TCounts = std::array<std::uint8_t, cellsPerWord>;
+    using TSpareCells = std::array<std::int16_t, cellsPerWord>;
+
+    /// Stands for a count that no map has. What it leads to lies behind the two words, where all
+    /// lengths are 0, so that nothing fits.
+    static constexpr std::uint8_t noCount = 255;
+
+    void MoveTo(std::size_t word) {
+        if (word != word_ + 1)
+            Prepare(word);
+        std::copy_n(xCounts_.begin() + cellsPerWord, cellsPerWord, xCounts_.begin());
+        std::copy_n(yCounts_.begin() + cellsPerWord, cellsPerWord, yCounts_.begin());
+        std::copy_n(lengths_.begin() + cellsPerWord, cellsPerWord, lengths_.begin());
+        Prepare(word + 1);
+        word_ = word;
+    }
+
+    /// Fills the places of the second word.
+    void Prepare(std::size_t word) {
+        const TCounts xCounts = CountsIn(word, pattern_.rpmLocation);
+        std::copy(xCounts.begin(), xCounts.end(), xCounts_.begin() + cellsPerWord);
+        if (pattern_.shape == TMapShape::TwoD) {
+            const bool same = pattern_.loadLocation == pattern_.rpmLocation;
+            const TCounts yCounts = same ? xCounts : CountsIn(word, pattern_.loadLocation);
+            std::copy(yCounts.begin(), yCounts.end(), yCounts_.begin() + cellsPerWord);
+        }
+        const TRuns::TLengths lengths = runs_.LengthsIn(word);
+        std::copy(lengths.begin(), lengths.end(), lengths_.begin() + cellsPerWord);
+    }
+
+    /// For each cell of a word: the count behind it when it is a header, else noCount.
+    TCounts CountsIn(std::size_t word, std::int32_t location) const {
+        // All bits of a header are compared, or none.
+        const auto compared = static_cast<std::uint8_t>(location < 0 ? 0 : 0xFF);
+        const auto wanted = static_cast<std::uint8_t>(location);
+        const auto count = [=](TCellValue header, TCellValue value) {
+            const auto byte = static_cast<std::uint8_t>(value); // -1 becomes 255, no count either
+            const bool fits = static_cast<std::uint8_t>((header ^ wanted) & compared) == 0;
+            const std::uint8_t known = IsCount(byte) ? byte : noCount;
+            return fits ? known : noCount;
+        };
+        const std::size_t first = word * cellsPerWord;
+        TCounts counts;
+        if (first + cellsPerWord < grid_.values.size()) {
+            const TCellValue *values = &grid_.values[first];
+            for (std::size_t i = 0; i < cellsPerWord; ++i)
+                counts[i] = count(values[i], values[i + 1]);
+        } else {
+            for (std::size_t i = 0; i < cellsPerWord; ++i)
+                counts[i] = count(grid_.At(first + i), grid_.At(first + i + 1));
+        }
+        return counts;
+    }
+
+    TCellBits LinearFits() const {
+        TSpareCells spare;
+        for (std::size_t row = 0; row < cellsPerWord; row += 8)
+            for (std::size_t i = row; i < row + 8; ++i)
+                spare[i] = static_cast<std::int16_t>(lengths_[i + 2 + xCounts_[i]]);
+        for (std::size_t i = 0; i < cellsPerWord; ++i)
+            spare[i] = static_cast<std::int16_t>(spare[i] - xCounts_[i]);
+        return EnoughIn(spare);
+    }
+
+    TCellBits TwoDFits() const {
+        TSpareCells spare;
+#pragma GCC unroll 8
+        for (std::size_t i = 0; i < cellsPerWord; ++i) {
+            const std::size_t x = xCounts_[i];
+            const std::size_t y = yCounts_[i + 2 + x];
+            spare[i] = static_cast<std::int16_t>(lengths_[i + 4 + x + y] - x * y);
+        }
+        return EnoughIn(spare);
+    }
+
+    /// Where the run is not shorter than the data.
+    static TCellBits EnoughIn(const TSpareCells &spare) {
+        return BitsOf(std::span<const std::int16_t>(spare), 0,
+                      [](std::int16_t cells) { return cells >= 0; });
+    }
+
+    static constexpr std::size_t none = std::numeric_limits<std::size_t>::max() - 1;
+
+    const TSearchGrid &grid_;
+    const TPattern &pattern_;
+    const TRuns &runs_;
+    std::size_t word_ = none; ///< the first of the two
+    // Of the cells of both words, and behind them what noCount leads to.
+    std::array<std::uint8_t, 2 * cellsPerWord> xCounts_{};
+    std::array<std::uint8_t, 2 * cellsPerWord + noCount> yCounts_{};
+    std::array<std::uint16_t, 2 * cellsPerWord + 2 * noCount> lengths_{}; ///< of runs of data
+};
+
+/// Finds the unmarked cells at which a map starts. The last two rows have none.
+class TMapStarts {
+public:
+    static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+
+    /// Keeps the references.
+    TMapStarts(const TSearchGrid &grid, const TPattern &pattern)
+        : grid_(grid),
+          pattern_(pattern),
+          cells_(grid.colors.first((grid.Rows() - 2) * cellsPerRow)),
+          runs_(grid.values, pattern.range),
+          window_(grid, pattern, runs_) {}
+
+    /// The first one at or behind `position`, or `none`.
+    std::size_t From(std::size_t position) {
+        for (; position < cells_.size(); position = (word_ + 1) * cellsPerWord) {
+            if (position / cellsPerWord != word_)
+                LookAt(position / cellsPerWord);
+            const TCellBits ahead = starts_ & ~TCellBits{0} << position % cellsPerWord;
+            if (ahead != 0)
+                return word_ * cellsPerWord + static_cast<std::size_t>(std::countr_zero(ahead));
+        }
+        return none;
+    }
+
+    /// Whether `position` is one, provided that the data which a map would have there Fit.
+    bool MayBeAt(std::size_t position) const {
+        return position < cells_.size() && cells_[position] == unmarkedColor &&
+               MayStartAt(grid_, position, pattern_);
+    }
+    bool Fit(TData data) const { return runs_.EndOfRun(data.first) >= data.end; }
+
+private:
+    void LookAt(std::size_t word) {
+        word_ = word;
+        starts_ = window_.FitsIn(word);
+        if (starts_ != 0)
+            starts_ &= BitsOf(cells_, word, [](TColor color) { return color == unmarkedColor; });
+    }
+
+    const TSearchGrid &grid_;
+    const TPattern &pattern_;
+    std::span<const TColor> cells_;
+    TRuns runs_;
+    TMapWindow window_;
+    std::size_t word_ = none; ///< the one that was looked at last
+    TCellBits starts_ = 0;    ///< in that word
+};
+
+void HighlightAll(const TSearchGrid &grid, const TPattern &pattern, TMapCounters &counters) {
+    TMapStarts starts(grid, pattern);
+    TFoundRuns runs(grid, pattern);
+    // Where maps stand side by side, a look at the one cell behind a map is cheaper than one at all
+    // cells of its word; elsewhere the wrong guesses make it dearer.
+    constexpr int many = 4;
+    int sideBySide = 0;
+    std::size_t position = 0;
+    while (true) {
+        const bool guessed = sideBySide >= many && starts.MayBeAt(position);
+        const std::size_t start = guessed ? position : starts.From(position);
+        if (start == TMapStarts::none)
+            break;
+        const TData data = DataAt(grid, start, pattern);
+        if (guessed && !starts.Fit(data)) {
+            sideBySide = 0;
+            continue;
+        }
+        runs.MakeRoom(start, data.end);
+        MarkMap(grid, start, data, pattern, counters,
+                [&runs](std::size_t first, std::size_t count, TRole role) {
+                    runs.Add(first, count, role);
+                });
+        // A product, because whether they do is a wrong guess each second time on a bad image.
+        sideBySide = (sideBySide + 1) * (start == position ? 1 : 0);
+        position = data.end;
+    }
+    runs.Paint();
 }
 
 } // namespace
@@ -176,35 +387,25 @@ TMapStep HighlightMapAt(const TSearchGrid &grid, std::size_t position, TMapShape
     if (position >= grid.values.size() || pattern.range.IsEmpty() ||
         !MayStartAt(grid, position, pattern))
         return nothing;
-    const TData data = shape == TMapShape::Linear
-                           ? LinearDataAt(grid, position)
-                           : TwoDDataAt(grid, position, [&](std::size_t second) {
-                                 return SecondCountAt(grid, second, pattern.loadLocation);
-                             });
+    const TData data = DataAt(grid, position, pattern);
     if (data.end > grid.values.size())
         return nothing;
     const auto values = grid.values.subspan(data.first, data.end - data.first);
     if (!std::all_of(values.begin(), values.end(),
                      [&](TCellValue value) { return pattern.range.Contains(value); }))
         return nothing;
-    MarkMap(grid, position, data, pattern, counters);
+    MarkMap(grid, position, data, pattern, counters,
+            [&](std::size_t first, std::size_t count, TRole role) {
+                MarkRun(grid, first, count, role == axisRole ? AxisColor(pattern) : pattern.color);
+            });
     return {true, data.end};
 }
 
 void HighlightAllMaps(const TSearchGrid &grid, TMapShape shape, TMapContents contents,
                       const TSearchParameters &parameters, TMapCounters &counters) {
     const TPattern pattern = PatternOf(shape, contents, parameters);
-    if (pattern.range.IsEmpty() || grid.Rows() <= 2)
-        return;
-    if (shape == TMapShape::Linear) {
-        HighlightAll(
-            grid, pattern, [&grid](std::size_t start) { return LinearDataAt(grid, start); },
-            counters);
-        return;
-    }
-    const std::vector<std::uint8_t> counts = SecondCounts(grid, pattern.loadLocation);
-    const auto secondCount = [&counts](std::size_t second) { return std::size_t{counts[second]}; };
-    HighlightAll(
-        grid, pattern, [&](std::size_t start) { return TwoDDataAt(grid, start, secondCount); },
-        counters);
+    const bool bytes =
+        pattern.rpmLocation <= 255 && (shape == TMapShape::Linear || pattern.loadLocation <= 255);
+    if (bytes && !pattern.range.IsEmpty() && grid.Rows() > 2)
+        HighlightAll(grid, pattern, counters);
 }

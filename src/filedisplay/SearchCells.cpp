@@ -2,20 +2,6 @@
 
 #include <algorithm>
 
-namespace {
-
-/// How far left a byte goes to stand in the smallest channel of `color`.
-unsigned SmallestChannelShift(TColor color) {
-    const TColor blue = color >> 16 & 0xFF;
-    const TColor green = color >> 8 & 0xFF;
-    const TColor red = color & 0xFF;
-    if (blue <= green && blue <= red)
-        return 16;
-    return green <= blue && green <= red ? 8 : 0;
-}
-
-} // namespace
-
 TByteRange::TByteRange(std::int32_t minimum, std::int32_t maximum) {
     const std::int32_t low = std::max(minimum, 0);
     const std::int32_t high = std::min(maximum, 255);
@@ -24,6 +10,15 @@ TByteRange::TByteRange(std::int32_t minimum, std::int32_t maximum) {
         low_ = static_cast<std::uint16_t>(low);
         width_ = static_cast<std::uint16_t>(high - low);
     }
+}
+
+int SmallestChannelShift(TColor color) {
+    const TColor blue = color >> 16 & 0xFF;
+    const TColor green = color >> 8 & 0xFF;
+    const TColor red = color & 0xFF;
+    if (blue <= green && blue <= red)
+        return 16;
+    return green <= blue && green <= red ? 8 : 0;
 }
 
 TColor Shaded(TColor color, TCellValue value) {

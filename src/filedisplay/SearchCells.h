@@ -76,8 +76,12 @@ struct TMapCounters {
     int twoD = 0;
 };
 
-/// `color` with `value` (0 to 255) added to its smallest channel; blue wins a tie, then green. The
-/// sum carries into the next channel, on purpose: white and 1 give 0x100FFFF.
+/// How far left a byte goes to stand in the smallest channel of `color`: 16, 8 or 0. Blue wins a
+/// tie, then green.
+int SmallestChannelShift(TColor color);
+
+/// `color` with `value` (0 to 255) added to its smallest channel. The sum carries into the next
+/// channel, on purpose: white and 1 give 0x100FFFF.
 TColor Shaded(TColor color, TCellValue value);
 
 /// Colours `count` cells from `first` on, each shaded with its own byte; a single cell gets the

@@ -54,6 +54,32 @@ TEST_P(CellBits, TellWhereARunOfBytesEnds) {
     }
 }
 
+TEST_P(CellBits, TellHowFarARunGoesOnFromEachCell) {
+    for (const unsigned kinds : {1U, 2U, 20U, 2000U}) {
+        const std::vector<TCellValue> values = RandomValues(GetParam(), kinds, kinds);
+        const TRuns runs(values, TByteRange(kinds == 1 ? 0 : 1, 255));
+        for (std::size_t word = 0; word * 64 <= values.size(); ++word) {
+            bool any = false;
+            for (std::size_t i = 0; i < 64; ++i) {
+                const std::size_t length = runs.EndOfRun(word * 64 + i) - (word * 64 + i);
+                EXPECT_EQ(runs.LengthsIn(word)[i], length) << "cell " << i << " of word " << word;
+                any = any || length > 0;
+            }
+            EXPECT_EQ(runs.AnyIn(word), any) << "word " << word;
+        }
+    }
+}
+
+TEST(CellBits, TellNoMoreThanThatARunIsLong) {
+    const std::vector<TCellValue> values(0x20000, 7);
+    const TRuns runs(values, TByteRange(7, 7));
+    EXPECT_GE(runs.LengthsIn(0)[0], TRuns::maxLength);
+    EXPECT_EQ(runs.LengthsIn(0x7FF)[62], 2U);
+    const std::size_t word = (values.size() - TRuns::maxLength) / 64;
+    EXPECT_EQ(runs.LengthsIn(word)[0], TRuns::maxLength);
+    EXPECT_EQ(runs.LengthsIn(word)[1], TRuns::maxLength - 1);
+}
+
 INSTANTIATE_TEST_SUITE_P(Sizes, CellBits,
                          Values(0U, 1U, 15U, 16U, 17U, 63U, 64U, 65U, 127U, 128U, 129U, 1000U));
 

@@ -231,6 +231,74 @@ TEST(AllMaps, StandSideBySideWithoutAGap) {
     EXPECT_EQ(searched.counters.linear, 3);
 }
 
+struct TRowOfMaps {
+    const char *name;
+    TBytes between;   ///< bytes behind the tenth map
+    bool firstMarked; ///< whether the eleventh map's first cell has a colour
+    int found;
+};
+
+std::ostream &operator<<(std::ostream &out, const TRowOfMaps &row) {
+    return out << row.name;
+}
+
+class MapsSideBySide : public TestWithParam<TRowOfMaps> {};
+
+const TRowOfMaps rowsOfMaps[] = {
+    {"no gap", {}, false, 20},
+    {"a gap of one byte", {0xFF}, false, 20},
+    {"a marked one", {}, true, 19},
+    {"a count that is none", {0x70, 31}, false, 20},
+    {"a map whose last byte does not fit", LinearMap(2, 100, 0x70, 99), false, 20},
+};
+
+TEST_P(MapsSideBySide, AreFoundBehindWhatInterruptsThem) {
+    const TRowOfMaps &row = GetParam();
+    for (const TMapShape shape : {Linear, TwoD}) {
+        const TBytes map = shape == Linear ? LinearMap(2, 100) : TwoDMap(2, 2, 100);
+        TBytes between = row.between;
+        if (!between.empty())
+            between.back() = 0xFF;
+        TBytes bytes;
+        for (int i = 0; i < 20; ++i) {
+            bytes.insert(bytes.end(), map.begin(), map.end());
+            if (i == 9)
+                bytes.insert(bytes.end(), between.begin(), between.end());
+        }
+        const std::size_t eleventh = 10 * map.size() + between.size();
+        TSearched searched(ImageWith(bytes, 0, bytes.size() + 64));
+        searched.parameters.rpmLocation = 0x70;
+        if (row.firstMarked)
+            searched.cells.colors[eleventh] = 0x00FF00;
+        searched.All(shape, Fuel);
+        EXPECT_EQ(searched.counters.linear + searched.counters.twoD, row.found);
+        EXPECT_EQ(searched.cells.colors[10 * map.size() - 1], 0x648000U);
+        EXPECT_EQ(searched.cells.colors[eleventh + map.size() - 1],
+                  row.firstMarked ? unmarkedColor : 0x648000U);
+        EXPECT_EQ(searched.cells.colors[bytes.size() - 1], 0x648000U);
+        for (std::size_t i = 10 * map.size(); i < eleventh; ++i)
+            EXPECT_EQ(searched.cells.colors[i], unmarkedColor) << i;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, MapsSideBySide, ValuesIn(rowsOfMaps));
+
+TEST(AllMaps, StandFarApart) {
+    const TBytes map = TwoDMap(30, 30, 100);
+    for (const std::size_t gap : {3000U, 3100U, 3132U, 3133U, 4096U, 50000U}) {
+        TBytes bytes = map;
+        Append(bytes, gap, 0xFF);
+        TSearched searched(ImageWith(Joined({bytes, bytes, map}), 7, 3 * bytes.size()));
+        searched.All(TwoD, Fuel);
+        std::vector<std::size_t> wanted;
+        for (std::size_t first = 7; first < 3 * bytes.size(); first += bytes.size()) {
+            const std::vector<std::size_t> one = Positions(first, first + map.size());
+            wanted.insert(wanted.end(), one.begin(), one.end());
+        }
+        EXPECT_EQ(searched.cells.Marked(), wanted) << gap;
+    }
+}
+
 TEST(AllMaps, StartAtNoMarkedCell) {
     for (const TColor color : {0x008080U, 0x000000U, 0xFFFFFFU, 0x1FEFFFFU, 0x80000008U}) {
         TSearched searched(ImageWith(LinearMap(2, 100), 10, 80));
@@ -326,6 +394,16 @@ TEST_P(RamLocations, RestrictTheHeaders) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Headers, RamLocations, ValuesIn(locationCases));
+
+TEST(AllMaps, HaveNoHeaderInACellWithoutAByte) {
+    for (const TMapShape shape : {Linear, TwoD}) {
+        TSearched searched(TBytes(49, 0xFF));
+        searched.parameters.rpmLocation = 0xFF;
+        searched.parameters.loadLocation = 0xFF;
+        searched.All(shape, Any);
+        EXPECT_THAT(searched.cells.Marked(), IsEmpty());
+    }
+}
 
 TEST(AllMaps, FollowAnUnsetRangeByPlainComparison) {
     TSearched low(ImageWith(LinearMap(2, 0), 20, 96));

@@ -285,4 +285,34 @@ TEST(LargeImages, AreSearchedToTheirLastByte) {
     }
 }
 
+/// Small maps side by side or nearly so, more than are painted at a time.
+TEST(LargeImages, OfSmallMapsAreSearchedAlike) {
+    for (const unsigned seed : {1U, 2U, 3U, 4U}) {
+        TRandom random(seed);
+        TBytes image;
+        while (image.size() < 20000) {
+            const int high = seed % 2 == 0 ? 2 : 6;
+            const TBytes map = OneIn(random, 2)
+                                   ? LinearMap(Pick(random, 2, high), 100)
+                                   : TwoDMap(Pick(random, 2, high), Pick(random, 2, high), 100);
+            image.insert(image.end(), map.begin(), map.end());
+            if (OneIn(random, 10))
+                Append(image, random() % 20, 0xFF);
+        }
+        for (const bool twoD : {false, true}) {
+            TTwins twins(random, image);
+            TSearchParameters parameters;
+            parameters.rpmLocation = seed < 3 ? 0x70 : -1;
+            TMapCounters counters;
+            HighlightAllMaps(twins.real.Grid(), twoD ? TMapShape::TwoD : TMapShape::Linear,
+                             TMapContents::Fuel, parameters, counters);
+            twins.literal.SearchAndHighlight({twoD, 90, 200, 0x008000, parameters.rpmLocation, -1});
+            EXPECT_GT(counters.linear + counters.twoD, 200);
+            EXPECT_EQ(counters.linear, twins.literal.linearFound);
+            EXPECT_EQ(counters.twoD, twins.literal.twoDFound);
+            twins.ExpectSameColors();
+        }
+    }
+}
+
 } // namespace

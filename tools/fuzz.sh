@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Runs every fuzz target for a while and fails when one finds something.
+#   tools/fuzz.sh MINUTES    of each target
+# What a target learns is kept in build/fuzz/corpus/NAME for the next run; what it finds goes to build/fuzz/findings/NAME. To look
+# at a finding, give its file to build/fuzz/fuzz/fuzz_NAME. A small input that tells something new belongs into fuzz/corpus/NAME:
+# the tests replay it.
+. "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+minutes=${1:-}
+if ! [[ $minutes =~ ^[1-9][0-9]*$ ]] || [ $# -ne 1 ]; then
+    sed -n '2,3s/^# *//p' "$0" >&2
+    exit 2
+fi
+
+"$top/tools/packages.sh" build clang
+build fuzz fuzz_targets
+
+found=()
+for source in "$top"/fuzz/[a-z]*.cpp; do
+    name=$(basename "$source" .cpp)
+    corpus=$top/build/fuzz/corpus/$name
+    findings=$top/build/fuzz/findings/$name
+    mkdir -p "$corpus" "$findings"
+    step "fuzzing '$name' for $minutes min"
+    # The first folder is the one that is written to. 30 s for one input would be a finding as well.
+    "$top/build/fuzz/fuzz/fuzz_$name" "$corpus" "$top/fuzz/corpus/$name" -max_total_time=$((minutes * 60)) -timeout=30 \
+        -artifact_prefix="$findings/" -print_final_stats=1 || found+=("$name")
+done
+
+if [ ${#found[@]} -ne 0 ]; then
+    step "fuzzing: ${found[*]} found something, see $top/build/fuzz/findings"
+    exit 1
+fi
+say "found nothing"
