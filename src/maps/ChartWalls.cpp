@@ -1,0 +1,231 @@
+#include "maps/ChartWalls.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+/// What one point has of its wall: from half-way to the point before to half-way to the next.
+struct TPiece {
+    double left, middle, right; ///< along the bottom; the middle is the point's own place
+    double leftHeight, height, rightHeight;
+    TColor color;
+};
+
+/// One wall in its slot.
+struct TSlab {
+    std::vector<TPiece> pieces; ///< from left to right
+    bool stairs;
+    double nearZ;
+    double farZ;
+};
+
+double HeightOf(const TWallPoint &point, const TChartScale &scale) {
+    return IsReadable(point) ? scale.Height(point.value) : 0;
+}
+
+TPiece Mirrored(const TPiece &piece) {
+    return {1 - piece.right, 1 - piece.middle, 1 - piece.left, piece.rightHeight,
+            piece.height,    piece.leftHeight, piece.color};
+}
+
+std::vector<TPiece> PiecesOf(const TWall &wall, int places, const TWallLayout &layout) {
+    const int count = static_cast<int>(wall.points.size());
+    std::vector<double> heights;
+    for (const TWallPoint &point : wall.points)
+        heights.push_back(HeightOf(point, layout.scale));
+    // Half the way to a neighbour; a wall of one point is a step of its own.
+    const double half = 0.5 / std::max(places - 1, 1);
+    std::vector<TPiece> pieces;
+    for (int i = 0; i < count; ++i) {
+        const auto height = [&](int index) {
+            return heights[static_cast<std::size_t>(std::clamp(index, 0, count - 1))];
+        };
+        const double middle = places > 1 ? PlaceOf(i, places, false) : 0.5;
+        const bool alone = count == 1;
+        TPiece piece{i > 0 || places == 1 ? middle - half : middle,
+                     middle,
+                     i < count - 1 || alone ? middle + half : middle,
+                     (height(i - 1) + height(i)) / 2,
+                     height(i),
+                     (height(i + 1) + height(i)) / 2,
+                     wall.points[static_cast<std::size_t>(i)].color};
+        if (wall.stairs || alone)
+            piece.leftHeight = piece.rightHeight = piece.height;
+        pieces.push_back(layout.firstAtRight ? Mirrored(piece) : piece);
+    }
+    if (layout.firstAtRight)
+        std::reverse(pieces.begin(), pieces.end());
+    return pieces;
+}
+
+/// Turns slabs into faces, one after the other from the far to the near one.
+class TFaceBuilder {
+public:
+    TFaceBuilder(const TChartProjection &projection, std::vector<TChartFace> &faces)
+        : projection_(projection), away_(projection.Away()), faces_(faces) {}
+
+    void Add(const TSlab &slab) {
+        const std::size_t count = slab.pieces.size();
+        for (std::size_t step = 0; step < count; ++step)
+            AddInside(slab, away_.x > 0 ? count - 1 - step : step);
+        if (away_.z != 0)
+            for (std::size_t i = 0; i < count; ++i)
+                AddFront(slab, i);
+    }
+
+private:
+    static constexpr unsigned leftAcross = 1, backRim = 2, rightAcross = 4, frontRim = 8;
+
+    /// All of a piece but the side along the wall, which lies before all others of its slab.
+    void AddInside(const TSlab &slab, std::size_t index) {
+        const TPiece &piece = slab.pieces[index];
+        if (away_.y > 0)
+            AddFloor(slab, piece);
+        if (slab.stairs || piece.left == piece.middle || piece.middle == piece.right) {
+            AddTop(slab, piece, {piece.left, piece.leftHeight}, {piece.right, piece.rightHeight},
+                   slab.stairs ? leftAcross | rightAcross
+                               : (piece.left == piece.middle ? leftAcross : rightAcross));
+        } else {
+            const TPlace top{piece.middle, piece.height};
+            const TPlace ends[2] = {{piece.left, piece.leftHeight},
+                                    {piece.right, piece.rightHeight}};
+            for (const bool right : {away_.x > 0, away_.x <= 0})
+                right ? AddTop(slab, piece, top, ends[1], leftAcross)
+                      : AddTop(slab, piece, ends[0], top, rightAcross);
+        }
+        if (away_.x != 0)
+            AddEnd(slab, index);
+    }
+
+    struct TPlace {
+        double x;
+        double y;
+    };
+
+    void AddTop(const TSlab &slab, const TPiece &piece, TPlace left, TPlace right,
+                unsigned ridges) {
+        // The near rim belongs to the side along the wall, where that is seen.
+        const bool nearIsFront = slab.nearZ < slab.farZ;
+        ridges |= nearIsFront ? backRim : frontRim;
+        if (away_.z == 0)
+            ridges |= backRim | frontRim;
+        const double front = std::min(slab.nearZ, slab.farZ);
+        const double back = std::max(slab.nearZ, slab.farZ);
+        TChartFace face = Face({{left.x, left.y, front},
+                                {left.x, left.y, back},
+                                {right.x, right.y, back},
+                                {right.x, right.y, front}},
+                               piece.color, ridges);
+        if (IsSeen(face))
+            faces_.push_back(face);
+    }
+
+    void AddFloor(const TSlab &slab, const TPiece &piece) {
+        faces_.push_back(Face({{piece.left, 0, slab.nearZ},
+                               {piece.left, 0, slab.farZ},
+                               {piece.right, 0, slab.farZ},
+                               {piece.right, 0, slab.nearZ}},
+                              piece.color, backRim | frontRim));
+    }
+
+    /// The near end of a piece, as far as it rises over the next one.
+    void AddEnd(const TSlab &slab, std::size_t index) {
+        const bool atRight = away_.x < 0;
+        const TPiece &piece = slab.pieces[index];
+        const double top = atRight ? piece.rightHeight : piece.leftHeight;
+        const double foot = HeightBeside(slab, index, atRight);
+        if (top <= foot)
+            return;
+        const double x = atRight ? piece.right : piece.left;
+        faces_.push_back(Face({{x, foot, slab.nearZ},
+                               {x, top, slab.nearZ},
+                               {x, top, slab.farZ},
+                               {x, foot, slab.farZ}},
+                              piece.color, 15));
+    }
+
+    /// Height of the neighbour at the common edge; 0 where there is none.
+    static double HeightBeside(const TSlab &slab, std::size_t index, bool atRight) {
+        if (atRight)
+            return index + 1 < slab.pieces.size() ? slab.pieces[index + 1].leftHeight : 0;
+        return index > 0 ? slab.pieces[index - 1].rightHeight : 0;
+    }
+
+    void AddFront(const TSlab &slab, std::size_t index) {
+        const TPiece &piece = slab.pieces[index];
+        const double z = slab.nearZ;
+        TChartFace face{{}, 0, piece.color, 0};
+        unsigned ridges = 0;
+        const auto add = [&](double x, double y, bool ridge) {
+            ridges |= (ridge ? 1U : 0U) << face.count;
+            face.corners[face.count++] = projection_.Map({x, y, z});
+        };
+        const auto step = [&](bool atRight) {
+            return HeightBeside(slab, index, atRight) !=
+                   (atRight ? piece.rightHeight : piece.leftHeight);
+        };
+        add(piece.left, 0, step(false));
+        add(piece.left, piece.leftHeight, true);
+        if (!slab.stairs && piece.left < piece.middle && piece.middle < piece.right)
+            add(piece.middle, piece.height, true);
+        add(piece.right, piece.rightHeight, step(true));
+        add(piece.right, 0, true);
+        face.ridges = static_cast<std::uint8_t>(ridges);
+        faces_.push_back(face);
+    }
+
+    TChartFace Face(const TBoxPoint (&corners)[4], TColor color, unsigned ridges) const {
+        TChartFace face{{}, 4, color, static_cast<std::uint8_t>(ridges)};
+        for (std::size_t i = 0; i < face.count; ++i)
+            face.corners[i] = projection_.Map(corners[i]);
+        return face;
+    }
+
+    /// Whether the face turns its upper side to the viewer: its corners then run clockwise.
+    static bool IsSeen(const TChartFace &face) {
+        const auto &[a, b, c, d, unused] = face.corners;
+        return (c.x - a.x) * (d.y - b.y) - (c.y - a.y) * (d.x - b.x) > 0;
+    }
+
+    const TChartProjection &projection_;
+    const TBoxPoint away_;
+    std::vector<TChartFace> &faces_;
+};
+} // namespace
+
+int PlaceCount(const std::vector<TWall> &walls) {
+    std::size_t count = 0;
+    for (const TWall &wall : walls)
+        count = std::max(count, wall.points.size());
+    return static_cast<int>(count);
+}
+
+double PlaceOf(int index, int count, bool firstAtRight) {
+    if (count < 2)
+        return 0.5;
+    const double place = static_cast<double>(index) / (count - 1);
+    return firstAtRight ? 1 - place : place;
+}
+
+double SlotOf(int index, int count) {
+    return 1 - (index + 0.5) / std::max(count, 1);
+}
+
+std::vector<TChartFace> FacesOf(const std::vector<TWall> &walls, const TWallLayout &layout,
+                                const TChartProjection &projection) {
+    std::vector<TChartFace> faces;
+    TFaceBuilder builder(projection, faces);
+    const int count = static_cast<int>(walls.size());
+    const int places = PlaceCount(walls);
+    const bool fromBehind = projection.Away().z < 0;
+    const double half = layout.thickness / 2 / std::max(count, 1);
+    for (int step = 0; step < count; ++step) {
+        const int index = fromBehind ? count - 1 - step : step;
+        const TWall &wall = walls[static_cast<std::size_t>(index)];
+        const double middle = SlotOf(index, count);
+        builder.Add({PiecesOf(wall, places, layout), wall.stairs,
+                     fromBehind ? middle + half : middle - half,
+                     fromBehind ? middle - half : middle + half});
+    }
+    return faces;
+}
