@@ -137,11 +137,13 @@ private:
         if (top <= foot)
             return;
         const double x = atRight ? piece.right : piece.left;
-        faces_.push_back(Face({{x, foot, slab.nearZ},
-                               {x, top, slab.nearZ},
-                               {x, top, slab.farZ},
-                               {x, foot, slab.farZ}},
-                              piece.color, 15));
+        TChartFace face = Face({{x, foot, slab.nearZ},
+                                {x, top, slab.nearZ},
+                                {x, top, slab.farZ},
+                                {x, foot, slab.farZ}},
+                               piece.color, 15);
+        face.end = true;
+        faces_.push_back(face);
     }
 
     /// Height of the neighbour at the common edge; 0 where there is none.
@@ -218,7 +220,7 @@ std::vector<TChartFace> FacesOf(const std::vector<TWall> &walls, const TWallLayo
     const int count = static_cast<int>(walls.size());
     const int places = PlaceCount(walls);
     const bool fromBehind = projection.Away().z < 0;
-    const double half = layout.thickness / 2 / std::max(count, 1);
+    const double half = 0.5 / std::max(count, 1);
     for (int step = 0; step < count; ++step) {
         const int index = fromBehind ? count - 1 - step : step;
         const TWall &wall = walls[static_cast<std::size_t>(index)];

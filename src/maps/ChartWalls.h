@@ -21,13 +21,13 @@ struct TChartFace {
     std::size_t count;   ///< of corners: 4 or 5
     TColor color;        ///< of the face's point
     std::uint8_t ridges; ///< bit i: the edge from corner i to the next one is an edge of the wall
+    bool end = false;    ///< lies across the wall: its end, or the side of a step
 };
 
 /// How walls are set up in the box.
 struct TWallLayout {
     TChartScale scale;
     bool firstAtRight = false; ///< the first point of each wall stands at the right
-    double thickness = 1;      ///< of a wall, as a part of its slot
 };
 
 /// Number of points of the longest wall: the places along the bottom.
