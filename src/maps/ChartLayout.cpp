@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include <QFontMetricsF>
+#include <QMarginsF>
 
 namespace {
 // Distances in line heights.
@@ -36,7 +37,9 @@ double DepthOf(std::size_t walls) {
 struct TMark {
     double part; ///< along the edge
     QString text;
+    double width; ///< of the text
 };
+using TMarks = std::vector<TMark>;
 
 class TLayouter {
 public:
@@ -65,18 +68,19 @@ public:
         }
         box.setBottom(box.bottom() - beside - line_ - titleSpace);
         const TChartScale scale = FittingScale(box);
-        box.setLeft(box.left() + beside + Limited(Widest(Texts(ValueMarks(scale)))) + titleSpace);
-        box.setRight(std::min(box.right() - beside - Limited(Widest(contents_.depthLabels)),
+        const TMarks values = ValueMarks(scale);
+        const TMarks seriesTitles = SlotMarks();
+        box.setLeft(box.left() + beside + Limited(Widest(values)) + titleSpace);
+        box.setRight(std::min(box.right() - beside - Limited(Widest(seriesTitles)),
                               TakenFrom() - margin * line_));
         LeaveRoomForOffsets(box);
         const TChartProjection projection = Projection(box);
         projection_ = &projection;
 
-        PlaceAxis(TLabelKind::Left, LeftEdge(projection), ValueMarks(scale), contents_.leftTitle,
-                  axisTitles);
+        PlaceAxis(TLabelKind::Left, LeftEdge(projection), values, contents_.leftTitle, axisTitles);
         PlaceAxis(TLabelKind::Bottom, BottomEdge(projection), PlaceMarks(), contents_.bottomTitle,
                   axisTitles);
-        PlaceAxis(TLabelKind::Depth, DepthEdge(projection), SlotMarks(), contents_.depthTitle,
+        PlaceAxis(TLabelKind::Depth, DepthEdge(projection), seriesTitles, contents_.depthTitle,
                   axisTitles);
         return {projection,         scale,           font_, titleFont_, drawing, line_,
                 std::move(labels_), std::move(axes_)};
@@ -93,17 +97,11 @@ private:
     double Limited(double width) const {
         return std::min(width, largestSide * place_.rect.width());
     }
-    double Widest(const QStringList &texts) const {
+    static double Widest(const TMarks &marks) {
         double widest = 0;
-        for (const QString &text : texts)
-            widest = std::max(widest, metrics_.horizontalAdvance(text));
-        return widest;
-    }
-    static QStringList Texts(const std::vector<TMark> &marks) {
-        QStringList texts;
         for (const TMark &mark : marks)
-            texts << mark.text;
-        return texts;
+            widest = std::max(widest, mark.width);
+        return widest;
     }
 
     TChartProjection Projection(const QRectF &box) const {
@@ -137,26 +135,29 @@ private:
                        static_cast<int>(std::clamp(steps, 1.0, double(mostValueSteps))));
     }
 
-    static std::vector<TMark> ValueMarks(const TChartScale &scale) {
-        std::vector<TMark> marks;
+    TMark Mark(double part, const QString &text) const {
+        return {part, text, metrics_.horizontalAdvance(text)};
+    }
+    TMarks ValueMarks(const TChartScale &scale) const {
+        TMarks marks;
         for (int i = 0; i < scale.TickCount(); ++i)
             marks.push_back(
-                {scale.Height(scale.Tick(i)), QString::fromStdString(scale.TickText(i))});
+                Mark(scale.Height(scale.Tick(i)), QString::fromStdString(scale.TickText(i))));
         return marks;
     }
-    std::vector<TMark> PlaceMarks() const {
+    TMarks PlaceMarks() const {
         const int count = PlaceCount(contents_.walls);
-        std::vector<TMark> marks;
+        TMarks marks;
         for (int i = 0; i < count; ++i)
             marks.push_back(
-                {PlaceOf(i, count, contents_.firstAtRight), contents_.bottomLabels.value(i)});
+                Mark(PlaceOf(i, count, contents_.firstAtRight), contents_.bottomLabels.value(i)));
         return marks;
     }
-    std::vector<TMark> SlotMarks() const {
+    TMarks SlotMarks() const {
         const int count = static_cast<int>(contents_.walls.size());
-        std::vector<TMark> marks;
+        TMarks marks;
         for (int i = 0; i < count; ++i)
-            marks.push_back({SlotOf(i, count), contents_.depthLabels.value(i)});
+            marks.push_back(Mark(SlotOf(i, count), contents_.depthLabels.value(i)));
         return marks;
     }
 
@@ -178,8 +179,11 @@ private:
         for (const TChartLabel &label : labels_)
             if (label.rect.intersects(rect))
                 return false;
-        return std::none_of(place_.taken.begin(), place_.taken.end(),
-                            [&](const QRectF &taken) { return taken.intersects(rect); });
+        const double gap = besideGap * line_;
+        const QMarginsF around(gap, gap, gap, gap);
+        return std::none_of(place_.taken.begin(), place_.taken.end(), [&](const QRectF &taken) {
+            return taken.marginsAdded(around).intersects(rect);
+        });
     }
 
     /// A rectangle just outside of the line through `at` along an edge, `gap` away from it.
@@ -198,12 +202,12 @@ private:
     }
 
     QRectF MarkRect(const TChartEdge &edge, const TMark &mark) const {
-        return Beside(edge, At(edge, mark.part), {metrics_.horizontalAdvance(mark.text), line_},
+        return Beside(edge, At(edge, mark.part), {mark.width, line_},
                       (tickLength + tickGap) * line_);
     }
 
     /// The smallest step that keeps the labels of an axis apart.
-    std::size_t Stride(const TChartEdge &edge, const std::vector<TMark> &marks) const {
+    std::size_t Stride(const TChartEdge &edge, const TMarks &marks) const {
         const double gap = besideGap * line_;
         std::size_t stride = 1;
         for (std::size_t i = stride; i < marks.size(); i += stride) {
@@ -216,7 +220,7 @@ private:
         return stride;
     }
 
-    void PlaceAxis(TLabelKind kind, const TChartEdge &edge, const std::vector<TMark> &marks,
+    void PlaceAxis(TLabelKind kind, const TChartEdge &edge, const TMarks &marks,
                    const QString &title, bool withTitle) {
         if (edge.length < line_)
             return;

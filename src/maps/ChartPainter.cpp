@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <vector>
 
 #include <QPaintEngine>
 #include <QPainter>
@@ -15,9 +16,9 @@ namespace {
 // Shares of the text's colour over the background.
 constexpr double gridShare = 0.16;
 constexpr double axisShare = 0.6;
-/// Share of black or white over a face's colour.
+/// Share of black or white in the lines over a face's colour.
 constexpr double fullRidgeShare = 0.45;
-constexpr double faintestRidges = 0.35; ///< of the full share
+constexpr double faintestRidges = 0.45; ///< of the full share
 constexpr double fullRidgesApart = 0.8; ///< line heights
 constexpr double endShade = 0.3;        ///< share of black over the ends of walls
 constexpr double lineWidth = 1.0 / 16;  // line heights
@@ -87,29 +88,27 @@ private:
     }
 
     void PaintWalls() {
+        painter_.setRenderHint(QPainter::Antialiasing, false);
+        painter_.setPen(Qt::NoPen);
         const TWallLayout walls{layout_.scale, contents_.firstAtRight};
-        for (const TChartFace &face : FacesOf(contents_.walls, walls, layout_.projection))
+        for (const TChartFace &face : FacesOf(contents_.walls, walls, layout_.projection)) {
+            if (face.covers)
+                PaintRidges();
             PaintFace(face);
+        }
+        PaintRidges();
     }
 
     void PaintFace(const TChartFace &face) {
         UseColor(face);
         std::array<QPointF, 5> corners;
         std::transform(face.corners.begin(), face.corners.end(), corners.begin(), OnScreen);
-        painter_.setRenderHint(QPainter::Antialiasing, false);
-        painter_.setPen(fillPen_);
         painter_.drawConvexPolygon(corners.data(), static_cast<int>(face.count));
-        if (!style_.ridges || face.ridges == 0)
+        if (!style_.ridges)
             return;
-        std::array<QLineF, 5> lines;
-        int count = 0;
         for (std::size_t i = 0; i < face.count; ++i)
             if (face.ridges >> i & 1U)
-                lines[static_cast<std::size_t>(count++)] = {corners[i],
-                                                            corners[(i + 1) % face.count]};
-        painter_.setRenderHint(QPainter::Antialiasing, style_.smooth);
-        painter_.setPen(ridgePen_);
-        painter_.drawLines(lines.data(), count);
+                ridges_->emplace_back(corners[i], corners[(i + 1) % face.count]);
     }
 
     void UseColor(const TChartFace &face) {
@@ -120,10 +119,29 @@ private:
         const QColor color = PaintedColor(face.color, palette_);
         const QColor fill = face.end ? Blended(Qt::black, color, endShade) : color;
         painter_.setBrush(fill);
-        ridgePen_ = LinePen(Blended(ReadableOn(fill), fill, ridgeShare_));
+        ridges_ = ReadableOn(color) == QColor(Qt::white) ? &lightRidges_ : &darkRidges_;
         // Where a device draws its own pixels later, neighbours would leave hair lines between
         // them.
-        fillPen_ = onPixels_ ? QPen(Qt::NoPen) : QPen(fill, 0);
+        if (!onPixels_)
+            painter_.setPen(QPen(fill, 0));
+    }
+
+    /// Paints the lines that have gathered; changing between faces and lines is slow.
+    void PaintRidges() {
+        if (lightRidges_.empty() && darkRidges_.empty())
+            return;
+        const QPen before = painter_.pen();
+        painter_.setRenderHint(QPainter::Antialiasing, style_.smooth);
+        PaintRidges(lightRidges_, Qt::white);
+        PaintRidges(darkRidges_, Qt::black);
+        painter_.setRenderHint(QPainter::Antialiasing, false);
+        painter_.setPen(before);
+    }
+    void PaintRidges(std::vector<QLineF> &ridges, QColor color) {
+        color.setAlphaF(static_cast<float>(ridgeShare_));
+        painter_.setPen(LinePen(color));
+        painter_.drawLines(ridges.data(), static_cast<int>(ridges.size()));
+        ridges.clear();
     }
 
     void PaintAxes() {
@@ -164,8 +182,9 @@ private:
     const double ridgeShare_;
     std::optional<TColor> color_;
     bool end_ = false;
-    QPen fillPen_;
-    QPen ridgePen_;
+    std::vector<QLineF> lightRidges_; ///< over dark faces
+    std::vector<QLineF> darkRidges_;  ///< over light faces
+    std::vector<QLineF> *ridges_ = &lightRidges_;
 };
 } // namespace
 

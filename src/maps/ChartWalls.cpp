@@ -66,6 +66,7 @@ public:
 
     void Add(const TSlab &slab) {
         const std::size_t count = slab.pieces.size();
+        sideBySide_ = false;
         for (std::size_t step = 0; step < count; ++step)
             AddInside(slab, away_.x > 0 ? count - 1 - step : step);
         if (away_.z != 0)
@@ -81,18 +82,7 @@ private:
         const TPiece &piece = slab.pieces[index];
         if (away_.y > 0)
             AddFloor(slab, piece);
-        if (slab.stairs || piece.left == piece.middle || piece.middle == piece.right) {
-            AddTop(slab, piece, {piece.left, piece.leftHeight}, {piece.right, piece.rightHeight},
-                   slab.stairs ? leftAcross | rightAcross
-                               : (piece.left == piece.middle ? leftAcross : rightAcross));
-        } else {
-            const TPlace top{piece.middle, piece.height};
-            const TPlace ends[2] = {{piece.left, piece.leftHeight},
-                                    {piece.right, piece.rightHeight}};
-            for (const bool right : {away_.x > 0, away_.x <= 0})
-                right ? AddTop(slab, piece, top, ends[1], leftAcross)
-                      : AddTop(slab, piece, ends[0], top, rightAcross);
-        }
+        AddTops(slab, piece);
         if (away_.x != 0)
             AddEnd(slab, index);
     }
@@ -102,8 +92,29 @@ private:
         double y;
     };
 
-    void AddTop(const TSlab &slab, const TPiece &piece, TPlace left, TPlace right,
-                unsigned ridges) {
+    /// The upper sides, with a line across where the point stands, or round a step.
+    void AddTops(const TSlab &slab, const TPiece &piece) {
+        const TPlace left{piece.left, piece.leftHeight};
+        const TPlace right{piece.right, piece.rightHeight};
+        if (slab.stairs || piece.left == piece.middle || piece.middle == piece.right) {
+            AddIfSeen(Top(slab, piece, left, right,
+                          slab.stairs ? leftAcross | rightAcross
+                                      : (piece.left == piece.middle ? leftAcross : rightAcross)));
+            return;
+        }
+        const TPlace point{piece.middle, piece.height};
+        TChartFace first = Top(slab, piece, left, point, rightAcross);
+        TChartFace second = Top(slab, piece, point, right, leftAcross);
+        if (away_.x > 0)
+            std::swap(first, second);
+        if (IsSeen(second)) // has the line across once
+            first.ridges &= backRim | frontRim;
+        AddIfSeen(first);
+        AddIfSeen(second);
+    }
+
+    TChartFace Top(const TSlab &slab, const TPiece &piece, TPlace left, TPlace right,
+                   unsigned ridges) const {
         // The near rim belongs to the side along the wall, where that is seen.
         const bool nearIsFront = slab.nearZ < slab.farZ;
         ridges |= nearIsFront ? backRim : frontRim;
@@ -111,12 +122,20 @@ private:
             ridges |= backRim | frontRim;
         const double front = std::min(slab.nearZ, slab.farZ);
         const double back = std::max(slab.nearZ, slab.farZ);
-        TChartFace face = Face({{left.x, left.y, front},
-                                {left.x, left.y, back},
-                                {right.x, right.y, back},
-                                {right.x, right.y, front}},
-                               piece.color, ridges);
-        if (IsSeen(face))
+        return Face({{left.x, left.y, front},
+                     {left.x, left.y, back},
+                     {right.x, right.y, back},
+                     {right.x, right.y, front}},
+                    piece.color, ridges);
+    }
+
+    void AddIfSeen(TChartFace face) {
+        // Upper sides that are all seen lie side by side; behind a hidden one there is a slope that
+        // the next one may cover.
+        const bool seen = IsSeen(face);
+        face.covers = !sideBySide_;
+        sideBySide_ = seen;
+        if (seen)
             faces_.push_back(face);
     }
 
@@ -137,13 +156,15 @@ private:
         if (top <= foot)
             return;
         const double x = atRight ? piece.right : piece.left;
-        TChartFace face = Face({{x, foot, slab.nearZ},
-                                {x, top, slab.nearZ},
-                                {x, top, slab.farZ},
-                                {x, foot, slab.farZ}},
-                               piece.color, 15);
+        TChartFace face =
+            Face({{x, foot, slab.nearZ},
+                  {x, top, slab.nearZ},
+                  {x, top, slab.farZ},
+                  {x, foot, slab.farZ}},
+                 piece.color, away_.z == 0 ? 7 : 6); // the side along the wall has the near edge
         face.end = true;
         faces_.push_back(face);
+        sideBySide_ = false;
     }
 
     /// Height of the neighbour at the common edge; 0 where there is none.
@@ -171,8 +192,9 @@ private:
         if (!slab.stairs && piece.left < piece.middle && piece.middle < piece.right)
             add(piece.middle, piece.height, true);
         add(piece.right, piece.rightHeight, step(true));
-        add(piece.right, 0, true);
+        add(piece.right, 0, false);
         face.ridges = static_cast<std::uint8_t>(ridges);
+        face.covers = index == 0;
         faces_.push_back(face);
     }
 
@@ -192,6 +214,7 @@ private:
     const TChartProjection &projection_;
     const TBoxPoint away_;
     std::vector<TChartFace> &faces_;
+    bool sideBySide_ = false; ///< the last upper side of the slab was seen and nothing came after
 };
 } // namespace
 

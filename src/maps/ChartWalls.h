@@ -22,6 +22,8 @@ struct TChartFace {
     TColor color;        ///< of the face's point
     std::uint8_t ridges; ///< bit i: the edge from corner i to the next one is an edge of the wall
     bool end = false;    ///< lies across the wall: its end, or the side of a step
+    bool covers =
+        true; ///< may hide ridges of faces before it; those of a run without may follow it
 };
 
 /// How walls are set up in the box.
