@@ -177,7 +177,7 @@ void TAreaChart::Describe() {
 }
 
 void TAreaChart::Paint(QPainter &painter, const QRectF &rect) const {
-    PaintChart(painter, Contents(), {rect, font(), painter.device(), {}}, palette(), {});
+    PaintChart(painter, Contents(), {rect, font(), painter.device(), {}}, palette());
 }
 
 void TAreaChart::paintEvent(QPaintEvent *) {
@@ -189,9 +189,7 @@ void TAreaChart::paintEvent(QPaintEvent *) {
             widget && widget->isVisibleTo(this))
             place.taken.emplace_back(widget->geometry());
     QPainter painter(this);
-    TChartStyle style;
-    style.smooth = !dragged_; // a frame in motion has to be quick
-    PaintChart(painter, Contents(), place, palette(), style);
+    PaintChart(painter, Contents(), place, palette());
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
@@ -225,7 +223,6 @@ void TAreaChart::mouseReleaseEvent(QMouseEvent *event) {
     }
     dragged_.reset();
     unsetCursor();
-    update();
 }
 
 void TAreaChart::wheelEvent(QWheelEvent *event) {

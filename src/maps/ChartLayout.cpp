@@ -167,10 +167,9 @@ private:
         const QString text =
             titleMetrics_.elidedText(contents_.title, Qt::ElideRight, room_.width());
         const QSizeF size(titleMetrics_.horizontalAdvance(text), titleMetrics_.height());
-        if (size.width() > room_.width())
-            return;
-        labels_.push_back({TLabelKind::Title, text,
-                           QRectF({room_.center().x() - size.width() / 2, room_.top()}, size)});
+        const QRectF rect({room_.center().x() - size.width() / 2, room_.top()}, size);
+        if (!text.isEmpty() && place_.rect.contains(rect))
+            labels_.push_back({TLabelKind::Title, text, rect});
     }
 
     bool IsFree(const QRectF &rect) const {

@@ -26,12 +26,11 @@ constexpr double lineWidth = 1.0 / 16;  // line heights
 class TChartPainting {
 public:
     TChartPainting(QPainter &painter, const TChartLayout &layout, const TChartContents &contents,
-                   const QPalette &palette, const TChartStyle &style)
+                   const QPalette &palette)
         : painter_(painter),
           layout_(layout),
           contents_(contents),
           palette_(palette),
-          style_(style),
           onPixels_(painter.paintEngine()->type() == QPaintEngine::Raster),
           ridgeShare_(RidgeShare()) {}
 
@@ -70,7 +69,7 @@ private:
 
     /// Lines at the value axis' ticks over the two far sides, and the floor's outline.
     void PaintGrid() {
-        painter_.setRenderHint(QPainter::Antialiasing, style_.smooth);
+        painter_.setRenderHint(QPainter::Antialiasing);
         painter_.setPen(LinePen(Ink(gridShare)));
         const TBoxPoint away = layout_.projection.Away();
         const double farX = away.x > 0 ? 1 : 0;
@@ -104,8 +103,6 @@ private:
         std::array<QPointF, 5> corners;
         std::transform(face.corners.begin(), face.corners.end(), corners.begin(), OnScreen);
         painter_.drawConvexPolygon(corners.data(), static_cast<int>(face.count));
-        if (!style_.ridges)
-            return;
         for (std::size_t i = 0; i < face.count; ++i)
             if (face.ridges >> i & 1U)
                 ridges_->emplace_back(corners[i], corners[(i + 1) % face.count]);
@@ -131,7 +128,7 @@ private:
         if (lightRidges_.empty() && darkRidges_.empty())
             return;
         const QPen before = painter_.pen();
-        painter_.setRenderHint(QPainter::Antialiasing, style_.smooth);
+        painter_.setRenderHint(QPainter::Antialiasing);
         PaintRidges(lightRidges_, Qt::white);
         PaintRidges(darkRidges_, Qt::black);
         painter_.setRenderHint(QPainter::Antialiasing, false);
@@ -139,13 +136,18 @@ private:
     }
     void PaintRidges(std::vector<QLineF> &ridges, QColor color) {
         color.setAlphaF(static_cast<float>(ridgeShare_));
-        painter_.setPen(LinePen(color));
+        QPen pen = LinePen(color);
+        if (onPixels_) { // wider ones than a pixel of the device are slower by far
+            pen.setCosmetic(true);
+            pen.setWidth(1);
+        }
+        painter_.setPen(pen);
         painter_.drawLines(ridges.data(), static_cast<int>(ridges.size()));
         ridges.clear();
     }
 
     void PaintAxes() {
-        painter_.setRenderHint(QPainter::Antialiasing, style_.smooth);
+        painter_.setRenderHint(QPainter::Antialiasing);
         painter_.setPen(LinePen(Ink(axisShare)));
         painter_.drawLines(layout_.axes.data(), static_cast<int>(layout_.axes.size()));
     }
@@ -177,7 +179,6 @@ private:
     const TChartLayout &layout_;
     const TChartContents &contents_;
     const QPalette &palette_;
-    const TChartStyle style_;
     const bool onPixels_;
     const double ridgeShare_;
     std::optional<TColor> color_;
@@ -189,11 +190,11 @@ private:
 } // namespace
 
 void PaintChart(QPainter &painter, const TChartContents &contents, const TChartPlace &place,
-                const QPalette &palette, const TChartStyle &style) {
+                const QPalette &palette) {
     const TChartLayout layout = LayOut(contents, place);
     painter.save();
     painter.setClipRect(place.rect, Qt::IntersectClip);
     painter.fillRect(place.rect, palette.color(QPalette::Base));
-    TChartPainting(painter, layout, contents, palette, style).Run();
+    TChartPainting(painter, layout, contents, palette).Run();
     painter.restore();
 }

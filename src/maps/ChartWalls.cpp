@@ -72,17 +72,16 @@ public:
         if (away_.z != 0)
             for (std::size_t i = 0; i < count; ++i)
                 AddFront(slab, i);
+        if (away_.y > 0)
+            AddFloor(slab);
     }
 
 private:
     static constexpr unsigned leftAcross = 1, backRim = 2, rightAcross = 4, frontRim = 8;
 
-    /// All of a piece but the side along the wall, which lies before all others of its slab.
+    /// What lies behind the side along the wall and over the floor.
     void AddInside(const TSlab &slab, std::size_t index) {
-        const TPiece &piece = slab.pieces[index];
-        if (away_.y > 0)
-            AddFloor(slab, piece);
-        AddTops(slab, piece);
+        AddTops(slab, slab.pieces[index]);
         if (away_.x != 0)
             AddEnd(slab, index);
     }
@@ -139,12 +138,19 @@ private:
             faces_.push_back(face);
     }
 
-    void AddFloor(const TSlab &slab, const TPiece &piece) {
-        faces_.push_back(Face({{piece.left, 0, slab.nearZ},
-                               {piece.left, 0, slab.farZ},
-                               {piece.right, 0, slab.farZ},
-                               {piece.right, 0, slab.nearZ}},
-                              piece.color, backRim | frontRim));
+    /// The lower side, which is the nearest one to a viewer below.
+    void AddFloor(const TSlab &slab) {
+        bool first = true;
+        for (const TPiece &piece : slab.pieces) {
+            TChartFace face = Face({{piece.left, 0, slab.nearZ},
+                                    {piece.left, 0, slab.farZ},
+                                    {piece.right, 0, slab.farZ},
+                                    {piece.right, 0, slab.nearZ}},
+                                   piece.color, backRim | frontRim);
+            face.covers = first;
+            first = false;
+            faces_.push_back(face);
+        }
     }
 
     /// The near end of a piece, as far as it rises over the next one.
@@ -153,6 +159,7 @@ private:
         const TPiece &piece = slab.pieces[index];
         const double top = atRight ? piece.rightHeight : piece.leftHeight;
         const double foot = HeightBeside(slab, index, atRight);
+        sideBySide_ = sideBySide_ && top == foot;
         if (top <= foot)
             return;
         const double x = atRight ? piece.right : piece.left;
@@ -164,7 +171,6 @@ private:
                  piece.color, away_.z == 0 ? 7 : 6); // the side along the wall has the near edge
         face.end = true;
         faces_.push_back(face);
-        sideBySide_ = false;
     }
 
     /// Height of the neighbour at the common edge; 0 where there is none.
@@ -214,7 +220,7 @@ private:
     const TChartProjection &projection_;
     const TBoxPoint away_;
     std::vector<TChartFace> &faces_;
-    bool sideBySide_ = false; ///< the last upper side of the slab was seen and nothing came after
+    bool sideBySide_ = false; ///< the last upper side of the slab was seen, no step after it
 };
 } // namespace
 
