@@ -3,20 +3,17 @@
 //   ferrolyn_bench
 // Figures of a release build on a quiet machine are the ones to go by.
 
+#include "Measure.h"
+#include "Start.h"
 #include "forms/Aligrid.h"
 #include "maps/FuelMaps.h"
 #include "model/ROMTypes.h"
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <functional>
-#include <spawn.h>
 #include <stdexcept>
 #include <string>
-#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
@@ -25,7 +22,6 @@
 #include <QVBoxLayout>
 
 namespace {
-using TClock = std::chrono::steady_clock;
 namespace fs = std::filesystem;
 
 constexpr int megabyte = 0x100000;
@@ -33,64 +29,6 @@ constexpr int starts = 15; // of each program
 constexpr int rounds = 61; // of everything else
 constexpr int rpmPoints = 31;
 constexpr int loadPoints = 20;
-
-double Milliseconds(TClock::duration time) {
-    return std::chrono::duration<double, std::milli>(time).count();
-}
-
-double Median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-struct TPair {
-    double ours;
-    double plain;
-};
-
-/// Medians of both; they take turns, so that a busy machine slows both.
-TPair Measure(int times, const std::function<double()> &ours,
-              const std::function<double()> &plain) {
-    std::vector<double> a;
-    std::vector<double> b;
-    for (int i = 0; i < times; ++i) {
-        a.push_back(ours());
-        b.push_back(plain());
-    }
-    return {Median(a), Median(b)};
-}
-
-double Time(const std::function<void()> &work) {
-    const auto start = TClock::now();
-    work();
-    return Milliseconds(TClock::now() - start);
-}
-
-/// Prints the table; what is over its limit is marked.
-class TTable {
-public:
-    TTable() {
-        std::printf("%-58s %10s %10s %8s %8s\n", "measured", "ours", "plain", "result", "limit");
-    }
-    void Ratio(const char *what, TPair figures, double limit) {
-        Line(what, figures, figures.ours / figures.plain, limit);
-    }
-    void Difference(const char *what, TPair figures, double limit) {
-        Line(what, figures, figures.ours - figures.plain, limit);
-    }
-    bool AnyOver() const { return over_; }
-
-private:
-    void Line(const char *what, TPair figures, double result, double limit) {
-        const bool over = result > limit;
-        over_ = over_ || over;
-        std::printf("%-58s %10.3f %10.3f %8.2f %8.2f%s\n", what, figures.ours, figures.plain,
-                    result, limit, over ? "  OVER" : "");
-        std::fflush(stdout);
-    }
-    bool over_ = false;
-};
 
 // ---- loading -----------------------------------------------------------------------------------
 
@@ -211,58 +149,18 @@ TPair ShowingAPage() {
 
 // ---- starting ----------------------------------------------------------------------------------
 
-struct TStart {
-    double milliseconds;
-    double mebibytes;
-};
-
-/// Runs a measured program to its end and reads what it tells.
-TStart Run(const fs::path &program, const fs::path &image) {
-    int channel[2];
-    if (pipe(channel) != 0)
-        throw std::runtime_error("no pipe");
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, channel[1], STDOUT_FILENO);
-    posix_spawn_file_actions_addclose(&actions, channel[0]);
-    posix_spawn_file_actions_addclose(&actions, channel[1]);
-    std::string name = program.string();
-    std::string argument = image.string();
-    char *arguments[] = {name.data(), argument.data(), nullptr};
-    pid_t child = 0;
-    const auto start = TClock::now();
-    const int failed = posix_spawn(&child, name.c_str(), &actions, nullptr, arguments, environ);
-    posix_spawn_file_actions_destroy(&actions);
-    close(channel[1]);
-    if (failed)
-        throw std::runtime_error("cannot start " + name);
-    FILE *told = fdopen(channel[0], "r");
-    char word[16] = {};
-    long kibibytes = 0;
-    const bool shown = std::fscanf(told, "%15s", word) == 1;
-    const double time = Milliseconds(TClock::now() - start);
-    const bool ended = std::fscanf(told, "%ld", &kibibytes) == 1;
-    std::fclose(told);
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (!shown || !ended || status != 0)
-        throw std::runtime_error(name + " failed");
-    return {time, static_cast<double>(kibibytes) / 1024};
-}
-
 struct TStarts {
     TPair milliseconds;
     TPair mebibytes;
 };
 
 TStarts Starting(const fs::path &image) {
-    const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path();
     std::vector<double> times[2];
     std::vector<double> memory[2];
     for (int i = 0; i < starts + 1; ++i) {
         int which = 0;
         for (const char *name : {"ferrolyn_bench_window", "ferrolyn_bench_empty"}) {
-            const TStart start = Run(folder / name, image);
+            const TStart start = Start(name, {image});
             if (i > 0) { // the first start reads the files into the system's cache
                 times[which].push_back(start.milliseconds);
                 memory[which].push_back(start.mebibytes);

@@ -14,8 +14,8 @@ packages_of() {
         wayland) echo qt6-wayland ;;
         # A virtual screen with a window manager, and what drives a window from outside.
         screen) echo fonts-dejavu-core xvfb openbox x11-utils wmctrl xdotool ;;
-        # Test libraries.
-        test) echo libgtest-dev libgmock-dev $(packages_of screen) ;;
+        # Test libraries, and what reads a printed page back.
+        test) echo libgtest-dev libgmock-dev poppler-utils $(packages_of screen) ;;
         # The second compiler and its sanitizers.
         clang) echo clang libclang-rt-14-dev ;;
         style) echo clang-format ;;

@@ -28,6 +28,8 @@ TfrmFileContents::TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrin
     chkDisplayHex_->setObjectName("chkDisplayHex");
     redPrint_->setObjectName("redPrint");
     redPrint_->hide();
+    // All 17 columns fit the width of a landscape page.
+    redPrint_->setTabStopDistance(redPrint_->fontMetrics().horizontalAdvance("0000x "));
     PrepareFileGrid(*grdFile_);
     LayOut();
     ConnectGrid();
@@ -107,10 +109,10 @@ void TfrmFileContents::chkDisplayHexClick() {
 }
 
 void TfrmFileContents::Button1Click() {
-    if (!key_)
-        return;
-    key_->PlaceAt(*window());
-    key_->setVisible(!key_->isVisible());
+    if (TfrmKey *key = key_) {
+        key->PlaceAt(*window());
+        key->setVisible(!key->isVisible());
+    }
 }
 
 void TfrmFileContents::grdFileSelectCell(int column, int row) {

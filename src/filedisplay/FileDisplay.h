@@ -3,6 +3,7 @@
 #pragma once
 
 #include "filedisplay/MapSearch.h"
+#include "filedisplay/MapStarts.h"
 #include "filedisplay/Searches.h"
 #include "forms/Aligrid.h"
 #include "forms/Printing.h"
@@ -49,16 +50,47 @@ public:
     void PrintSetup1Click();
     void btnHelpClick() { Help(); }
 
-    /// Asks for one search parameter; what is no number stores -1.
-    void EnterParam(std::int32_t TSearchParameters::*parameter, const QString &prompt);
+    /// Asks for one search parameter, prompting with both texts run together without a blank, as is
+    /// intended; what is no number stores -1.
+    void EnterParamClick(std::int32_t TSearchParameters::*parameter, const QString &firstText,
+                         const QString &secondText);
     void FindConsecutivePossFuelValsClick();
     void FindConsecutivePossTimeValsClick();
     void HighlightAValue1Click();
     void FindMapPointers1Click();
     void ClearAllMarkers1Click();
-    /// Marks the map that starts at the selected cell and moves that on; nothing without one.
-    void HighlightFromSelected(TMapShape shape, TMapContents contents);
-    void HighlightAll(TMapShape shape, TMapContents contents);
+
+    // "Highlight Map From Current Cell"
+    void Fuel3Click() { HighlightFromSelected(TMapShape::TwoD, TMapContents::Fuel); }
+    void Fuel4Click() { HighlightFromSelected(TMapShape::Linear, TMapContents::Fuel); }
+    void Timing3Click() { HighlightFromSelected(TMapShape::TwoD, TMapContents::Timing); }
+    void Timing4Click() { HighlightFromSelected(TMapShape::Linear, TMapContents::Timing); }
+
+    // "Search and Highlight Maps"
+    void Fuel5Click() { HighlightAll(TMapShape::TwoD, TMapContents::Fuel); }
+    void Fuel6Click() { HighlightAll(TMapShape::Linear, TMapContents::Fuel); }
+    void Timing5Click() { HighlightAll(TMapShape::TwoD, TMapContents::Timing); }
+    void Timing6Click() { HighlightAll(TMapShape::Linear, TMapContents::Timing); }
+    void Any1Click() { HighlightAll(TMapShape::TwoD, TMapContents::Any); }
+    void Any2Click() { HighlightAll(TMapShape::Linear, TMapContents::Any); }
+
+    // "Update Notebook Map": moves one map of the workspace to the grid's current cell.
+    void Fuel1Click() { UpdateNotebookMap(workspace_.fuelMapSet, TMapKind::PT); }
+    void Fuel2Click() { UpdateNotebookMap(workspace_.fuelMapSet, TMapKind::Idle); }
+    void WOTFuel1Click() { UpdateNotebookMap(workspace_.fuelMapSet, TMapKind::WOT); }
+    void Timing1Click() { UpdateNotebookMap(workspace_.timingMapSet, TMapKind::PT); }
+    void Timing2Click() { UpdateNotebookMap(workspace_.timingMapSet, TMapKind::Idle); }
+    void WOTTiming1Click() { UpdateNotebookMap(workspace_.timingMapSet, TMapKind::WOT); }
+
+    /// "Add Notebook Map": a page in the notebook for every cell that carries the colour of a map's
+    /// start, unless an added page shows that map already.
+    void AllHighlighted1Click();
+
+    // "Quick Map": a chart of the map at the recorded cell, or at the address that stands there.
+    void SelectedCellisMapOffset1Click() { QuickMap(TMapShape::TwoD, false); }
+    void SelectedCellisLinearMapOffset1Click() { QuickMap(TMapShape::Linear, false); }
+    void SelectedCellisMapPointerOffset1Click() { QuickMap(TMapShape::TwoD, true); }
+    void SelectedCellisLinearMapPointer1Click() { QuickMap(TMapShape::Linear, true); }
 
 protected:
     /// Creates and frees the key window.
@@ -74,7 +106,17 @@ private:
     void Rebuild();
     /// Runs a search on the cells and gives the grid the colours that it changed.
     void Run(const TSearch &search);
+    /// A search of the whole image, which leaves no cell selected.
     void ScanAll(const TSearch &search);
+    /// Marks the map that starts at the selected cell and moves that on; nothing without one.
+    void HighlightFromSelected(TMapShape shape, TMapContents contents);
+    void HighlightAll(TMapShape shape, TMapContents contents);
+    /// What the headers of a cell's row and column say as a hexadecimal number; only three digits
+    /// of the row count, so that beyond 64 KiB it is another address. Intended.
+    std::int32_t AddressOf(TGridCell cell) const;
+    void UpdateNotebookMap(TMapSet &set, TMapKind kind);
+    void AddMapPage(const TMapStart &start, std::int32_t address);
+    void QuickMap(TMapShape shape, bool throughPointer);
     void PopUpMenu();
 
     TWorkspace &workspace_;

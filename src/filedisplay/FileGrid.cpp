@@ -1,5 +1,6 @@
 #include "filedisplay/FileGrid.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -12,6 +13,17 @@ using TByteTexts = std::array<QString, byteValues>;
 
 QString Hexadecimal(int value, int digits) {
     return QString("%1").arg(value, digits, 16, QChar('0')).toUpper();
+}
+
+/// The address cell of a row: its number in at least three upper-case digits, and an "x". The
+/// largest view has 65,536 of them, so no format does it.
+QString AddressText(unsigned row) {
+    std::array<QChar, 9> text;
+    std::size_t first = text.size();
+    text[--first] = 'x';
+    for (int digits = 0; digits < 3 || row != 0; ++digits, row >>= 4)
+        text[--first] = QLatin1Char("0123456789ABCDEF"[row & 0xF]);
+    return QString(&text[first], static_cast<int>(text.size() - first));
 }
 
 TByteTexts MakeByteTexts(bool hexadecimal) {
@@ -50,11 +62,16 @@ void FillFileGrid(TStringAlignGrid &grid, std::span<const std::uint8_t> bytes, b
     grid.SetFixedRows(1);
     const TByteTexts &texts = ByteTexts(hexadecimal);
     grid.SetRowCount(1 + static_cast<int>((bytes.size() + cellsPerRow - 1) / cellsPerRow));
-    for (int row = 1; row < grid.RowCount(); ++row)
-        grid.SetCell(0, row, Hexadecimal(row - 1, 3) + "x");
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        grid.SetCell(static_cast<int>(i % cellsPerRow) + 1, static_cast<int>(i / cellsPerRow) + 1,
-                     texts[bytes[i]]);
+    std::array<const QString *, dataColumns + 1> row{};
+    for (std::size_t first = 0; first < bytes.size(); first += cellsPerRow) {
+        const std::size_t index = first / cellsPerRow;
+        const std::size_t count = std::min(cellsPerRow, bytes.size() - first);
+        const QString address = AddressText(static_cast<unsigned>(index));
+        row[0] = &address;
+        for (std::size_t column = 0; column < count; ++column)
+            row[column + 1] = &texts[bytes[first + column]];
+        grid.SetRowTexts(static_cast<int>(index) + 1, std::span(row).first(count + 1));
+    }
 }
 
 void SizeFileGrid(TStringAlignGrid &grid, int visibleHeight) {

@@ -21,3 +21,8 @@ void SizeFileGrid(TStringAlignGrid &grid, int visibleHeight);
 inline std::size_t CellOffset(int column, int row) {
     return cellsPerRow * static_cast<std::size_t>(row - 1) + static_cast<std::size_t>(column - 1);
 }
+
+/// The data cell of an image offset.
+inline TGridCell CellAt(std::size_t offset) {
+    return {static_cast<int>(offset % cellsPerRow) + 1, static_cast<int>(offset / cellsPerRow) + 1};
+}

@@ -6,143 +6,116 @@
 #include <array>
 #include <utility>
 
+struct TFileMenu::TItem {
+    const char *name;
+    const char *caption;
+    void (TfrmFileContents::*handler)();
+};
+
 namespace {
 struct TParameterItem {
     const char *name;
     const char *caption;
-    const char *prompt; ///< two texts run together without a blank; this is intended
+    const char *firstText;
+    const char *secondText;
     std::int32_t TSearchParameters::*parameter;
 };
 
 constexpr std::array<TParameterItem, 6> parameterItems{{
-    {"MinFuelVal1", "Fuel Val Min", "Minimum PossibleFuel value to include",
+    {"MinFuelVal1", "Fuel Val Min", "Minimum Possible", "Fuel value to include",
      &TSearchParameters::fuelMinimum},
-    {"MaxFuelVal1", "Fuel Value Max", "Maximum PossibleFuel value to include",
+    {"MaxFuelVal1", "Fuel Value Max", "Maximum Possible", "Fuel value to include",
      &TSearchParameters::fuelMaximum},
-    {"MinTimingVal1", "Timing Val Min", "Minimum PossibleTiming value to include",
+    {"MinTimingVal1", "Timing Val Min", "Minimum Possible", "Timing value to include",
      &TSearchParameters::timingMinimum},
-    {"MaxTimingVal1", "Timing Val Max", "Maximum PossibleTiming value to include",
+    {"MaxTimingVal1", "Timing Val Max", "Maximum Possible", "Timing value to include",
      &TSearchParameters::timingMaximum},
-    {"RPMRAMLocation1", "RPM RAM Location", "RAM location of RPM reading",
+    {"RPMRAMLocation1", "RPM RAM Location", "", "RAM location of RPM reading",
      &TSearchParameters::rpmLocation},
-    {"LoadRAMLocation1", "% Load RAM Location", "RAM Location of % Load reading",
+    {"LoadRAMLocation1", "% Load RAM Location", "", "RAM Location of % Load reading",
      &TSearchParameters::loadLocation},
-}};
-
-struct TMapItem {
-    const char *name;
-    const char *caption;
-    TMapShape shape;
-    TMapContents contents;
-};
-
-constexpr std::array<TMapItem, 4> fromCellItems{{
-    {"Fuel3", "Fuel - Part Throttle", TMapShape::TwoD, TMapContents::Fuel},
-    {"Fuel4", "Fuel - WOT/Idle", TMapShape::Linear, TMapContents::Fuel},
-    {"Timing3", "Timing - Part Throttle", TMapShape::TwoD, TMapContents::Timing},
-    {"Timing4", "Timing - WOT/Idle", TMapShape::Linear, TMapContents::Timing},
-}};
-
-constexpr std::array<TMapItem, 6> wholeImageItems{{
-    {"Fuel5", "Fuel - Part Throttle", TMapShape::TwoD, TMapContents::Fuel},
-    {"Fuel6", "Fuel - WOT/Idle", TMapShape::Linear, TMapContents::Fuel},
-    {"Timing5", "Timing - Part Throttle", TMapShape::TwoD, TMapContents::Timing},
-    {"Timing6", "Timing - WOT/Idle", TMapShape::Linear, TMapContents::Timing},
-    {"Any1", "All 2D Maps (any values)", TMapShape::TwoD, TMapContents::Any},
-    {"Any2", "All Linear Maps (any values)", TMapShape::Linear, TMapContents::Any},
 }};
 } // namespace
 
 TFileMenu::TFileMenu(TfrmFileContents &page) : QMenu(&page), page_(page) {
+    using TPage = TfrmFileContents;
     setObjectName("PopupMenu1");
-    AddText();
+    AddItems(*this, {{"Copy1", "Copy", &TPage::Copy1Click},
+                     {"CopySelected1", "Copy Selected", &TPage::CopySelected1Click},
+                     {"Print1", "Print", &TPage::Print1Click},
+                     {"PrintSetup1", "Print Setup", &TPage::PrintSetup1Click}});
     addSeparator();
-    Add(*this, "ClearAllMarkers1", tr("Clear All Markers"),
-        [this] { page_.ClearAllMarkers1Click(); });
-    AddFromCurrentCell();
+    AddItems(*this, {{"ClearAllMarkers1", "Clear All Markers", &TPage::ClearAllMarkers1Click}});
+    AddSubmenu("HighlightMapFromCurrentCell1", tr("Highlight Map From Current Cell"),
+               {{"Fuel3", "Fuel - Part Throttle", &TPage::Fuel3Click},
+                {"Fuel4", "Fuel - WOT/Idle", &TPage::Fuel4Click},
+                {"Timing3", "Timing - Part Throttle", &TPage::Timing3Click},
+                {"Timing4", "Timing - WOT/Idle", &TPage::Timing4Click}});
     addSeparator();
     AddParameters();
-    AddManualSearches();
-    AddMapSearches();
+    AddSubmenu("ManualSearches1", tr("Manual Searches"),
+               {{"FindConsecutivePossFuelVals", "Mark Possible Fuel Vals",
+                 &TPage::FindConsecutivePossFuelValsClick},
+                {"FindConsecutivePossTimeVals", "Mark Possible Timing Vals",
+                 &TPage::FindConsecutivePossTimeValsClick},
+                {"HighlightAValue1", "Mark All Instances of a Specific Value",
+                 &TPage::HighlightAValue1Click},
+                {"FindMapPointers1", "Find Map Pointers by offset Address",
+                 &TPage::FindMapPointers1Click}});
+    AddSubmenu("SearchandHighlightMaps1", tr("Search and Highlight Maps"),
+               {{"Fuel5", "Fuel - Part Throttle", &TPage::Fuel5Click},
+                {"Fuel6", "Fuel - WOT/Idle", &TPage::Fuel6Click},
+                {"Timing5", "Timing - Part Throttle", &TPage::Timing5Click},
+                {"Timing6", "Timing - WOT/Idle", &TPage::Timing6Click},
+                {"Any1", "All 2D Maps (any values)", &TPage::Any1Click},
+                {"Any2", "All Linear Maps (any values)", &TPage::Any2Click}});
     addSeparator();
-    AddPlacing();
+    AddSubmenu("mnuGraphPT", tr("Update Notebook Map"),
+               {{"Fuel1", "Fuel Maps - Part Throttle", &TPage::Fuel1Click},
+                {"Fuel2", "Fuel Maps - Idle", &TPage::Fuel2Click},
+                {"WOTFuel1", "Fuel Maps - WOT", &TPage::WOTFuel1Click},
+                {"Timing1", "Timing Maps - Part Throttle", &TPage::Timing1Click},
+                {"Timing2", "Timing Maps - Idle", &TPage::Timing2Click},
+                {"WOTTiming1", "Timing Maps - WOT", &TPage::WOTTiming1Click}});
+    AddSubmenu("AddNotebookMap1", tr("Add Notebook Map"),
+               {{"AllHighlighted1", "All Highlighted", &TPage::AllHighlighted1Click}});
+    AddSubmenu("QuickMap1", tr("Quick Map"),
+               {{"SelectedCellisMapOffset1", "Selected Cell is 2D Map Offset",
+                 &TPage::SelectedCellisMapOffset1Click},
+                {"SelectedCellisLinearMapOffset1", "Selected Cell is Linear Map Offset",
+                 &TPage::SelectedCellisLinearMapOffset1Click},
+                {"SelectedCellisMapPointerOffset1", "Selected Cell is address of 2D Map Address",
+                 &TPage::SelectedCellisMapPointerOffset1Click},
+                {"SelectedCellisLinearMapPointer1", "Selected Cell is address of Linear Map Offset",
+                 &TPage::SelectedCellisLinearMapPointer1Click}});
 }
 
-void TFileMenu::Add(QMenu &menu, const char *name, const QString &caption,
-                    std::function<void()> handler) {
+QAction &TFileMenu::Add(QMenu &menu, const char *name, const QString &caption,
+                        std::function<void()> handler) {
     QAction *action = menu.addAction(caption);
     action->setObjectName(name);
     ConnectGuarded(action, &QAction::triggered, this, std::move(handler));
+    return *action;
 }
 
-QMenu &TFileMenu::AddSubmenu(const char *name, const QString &caption) {
+void TFileMenu::AddItems(QMenu &menu, std::initializer_list<TItem> items) {
+    for (const TItem &item : items)
+        Add(menu, item.name, tr(item.caption),
+            [this, handler = item.handler] { (page_.*handler)(); });
+}
+
+QMenu &TFileMenu::AddSubmenu(const char *name, const QString &caption,
+                             std::initializer_list<TItem> items) {
     QMenu *menu = addMenu(caption);
     menu->setObjectName(name);
+    AddItems(*menu, items);
     return *menu;
 }
 
-void TFileMenu::AddText() {
-    Add(*this, "Copy1", tr("Copy"), [this] { page_.Copy1Click(); });
-    Add(*this, "CopySelected1", tr("Copy Selected"), [this] { page_.CopySelected1Click(); });
-    Add(*this, "Print1", tr("Print"), [this] { page_.Print1Click(); });
-    Add(*this, "PrintSetup1", tr("Print Setup"), [this] { page_.PrintSetup1Click(); });
-}
-
-void TFileMenu::AddFromCurrentCell() {
-    QMenu &menu = AddSubmenu("HighlightMapFromCurrentCell1", tr("Highlight Map From Current Cell"));
-    for (const TMapItem &item : fromCellItems)
-        Add(menu, item.name, tr(item.caption),
-            [this, &item] { page_.HighlightFromSelected(item.shape, item.contents); });
-}
-
 void TFileMenu::AddParameters() {
-    QMenu &menu = AddSubmenu("SetSearchParameters1", tr("Set Search Parameters"));
+    QMenu &menu = AddSubmenu("SetSearchParameters1", tr("Set Search Parameters"), {});
     for (const TParameterItem &item : parameterItems)
-        Add(menu, item.name, tr(item.caption),
-            [this, &item] { page_.EnterParam(item.parameter, tr(item.prompt)); });
-}
-
-void TFileMenu::AddManualSearches() {
-    QMenu &menu = AddSubmenu("ManualSearches1", tr("Manual Searches"));
-    Add(menu, "FindConsecutivePossFuelVals", tr("Mark Possible Fuel Vals"),
-        [this] { page_.FindConsecutivePossFuelValsClick(); });
-    Add(menu, "FindConsecutivePossTimeVals", tr("Mark Possible Timing Vals"),
-        [this] { page_.FindConsecutivePossTimeValsClick(); });
-    Add(menu, "HighlightAValue1", tr("Mark All Instances of a Specific Value"),
-        [this] { page_.HighlightAValue1Click(); });
-    Add(menu, "FindMapPointers1", tr("Find Map Pointers by offset Address"),
-        [this] { page_.FindMapPointers1Click(); });
-}
-
-void TFileMenu::AddMapSearches() {
-    QMenu &menu = AddSubmenu("SearchandHighlightMaps1", tr("Search and Highlight Maps"));
-    for (const TMapItem &item : wholeImageItems)
-        Add(menu, item.name, tr(item.caption),
-            [this, &item] { page_.HighlightAll(item.shape, item.contents); });
-}
-
-void TFileMenu::AddPlacing() {
-    struct TSubmenu {
-        const char *name;
-        QString caption;
-        QStringList items;
-    };
-    const std::array<TSubmenu, 3> submenus{{
-        {"mnuGraphPT",
-         tr("Update Notebook Map"),
-         {tr("Fuel Maps - Part Throttle"), tr("Fuel Maps - Idle"), tr("Fuel Maps - WOT"),
-          tr("Timing Maps - Part Throttle"), tr("Timing Maps - Idle"), tr("Timing Maps - WOT")}},
-        {"AddNotebookMap1", tr("Add Notebook Map"), {tr("All Highlighted")}},
-        {"QuickMap1",
-         tr("Quick Map"),
-         {tr("Selected Cell is 2D Map Offset"), tr("Selected Cell is Linear Map Offset"),
-          tr("Selected Cell is address of 2D Map Address"),
-          tr("Selected Cell is address of Linear Map Offset")}},
-    }};
-    // Placing found maps on pages and charts is not built yet: the items stand in place, disabled.
-    for (const TSubmenu &submenu : submenus) {
-        QMenu &menu = AddSubmenu(submenu.name, submenu.caption);
-        for (const QString &item : submenu.items)
-            menu.addAction(item)->setEnabled(false);
-    }
+        Add(menu, item.name, tr(item.caption), [this, &item] {
+            page_.EnterParamClick(item.parameter, tr(item.firstText), tr(item.secondText));
+        });
 }

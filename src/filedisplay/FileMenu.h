@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 
 #include <QMenu>
 
@@ -15,14 +16,13 @@ public:
     explicit TFileMenu(TfrmFileContents &page);
 
 private:
-    void Add(QMenu &menu, const char *name, const QString &caption, std::function<void()> handler);
-    QMenu &AddSubmenu(const char *name, const QString &caption);
-    void AddText();
-    void AddFromCurrentCell();
+    struct TItem;
+
+    QAction &Add(QMenu &menu, const char *name, const QString &caption,
+                 std::function<void()> handler);
+    void AddItems(QMenu &menu, std::initializer_list<TItem> items);
+    QMenu &AddSubmenu(const char *name, const QString &caption, std::initializer_list<TItem> items);
     void AddParameters();
-    void AddManualSearches();
-    void AddMapSearches();
-    void AddPlacing();
 
     TfrmFileContents &page_;
 };

@@ -17,9 +17,10 @@ void TfrmFileContents::Run(const TSearch &search) {
     search({values_, marked});
     const TGridUpdate update(*grdFile_);
     for (std::size_t i = 0; i < marked.size(); ++i)
-        if (marked[i] != colors_[i])
-            grdFile_->SetCellColor(static_cast<int>(i % cellsPerRow) + 1,
-                                   static_cast<int>(i / cellsPerRow) + 1, marked[i]);
+        if (marked[i] != colors_[i]) {
+            const TGridCell cell = CellAt(i);
+            grdFile_->SetCellColor(cell.column, cell.row, marked[i]);
+        }
     colors_.swap(marked);
 }
 
@@ -28,11 +29,12 @@ void TfrmFileContents::ScanAll(const TSearch &search) {
     Run(search);
 }
 
-void TfrmFileContents::EnterParam(std::int32_t TSearchParameters::*parameter,
-                                  const QString &prompt) {
+void TfrmFileContents::EnterParamClick(std::int32_t TSearchParameters::*parameter,
+                                       const QString &firstText, const QString &secondText) {
     std::int32_t &value = parameters.*parameter;
     const QString current = value == -1 ? QString("") : QString::number(value);
-    const QString answer = Dialogs().InputBox(tr("Search Parameters"), prompt, current);
+    const QString answer =
+        Dialogs().InputBox(tr("Search Parameters"), firstText + secondText, current);
     value = NumberIn(answer).value_or(-1);
 }
 
@@ -86,11 +88,9 @@ void TfrmFileContents::HighlightFromSelected(TMapShape shape, TMapContents conte
     if (selected.column < 1 || selected.row < 1)
         return;
     Run([&](const TSearchGrid &grid) {
-        const std::size_t next = HighlightMapAt(grid, CellOffset(selected.column, selected.row),
-                                                shape, contents, parameters, counters)
-                                     .next;
-        selected = {static_cast<int>(next % cellsPerRow) + 1,
-                    static_cast<int>(next / cellsPerRow) + 1};
+        selected = CellAt(HighlightMapAt(grid, CellOffset(selected.column, selected.row), shape,
+                                         contents, parameters, counters)
+                              .next);
     });
 }
 

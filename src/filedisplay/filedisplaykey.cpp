@@ -84,12 +84,16 @@ QWidget *TfrmKey::MakeGroup(const QString &title, QLabel *&first, QLabel *&secon
 }
 
 void TfrmKey::PlaceAt(const QWidget &window) {
+    ShowParameters(); // their texts decide the size
     adjustSize();
+    // The own frame is not known before the first show: the main window's stands for it.
+    const QWidget &framed = isVisible() ? static_cast<const QWidget &>(*this) : window;
+    const QSize whole = size() + framed.frameGeometry().size() - framed.size();
     const QRect place = window.frameGeometry();
-    move(place.x() + place.width() - width(), place.y() + place.height() - height());
+    move(place.x() + place.width() - whole.width(), place.y() + place.height() - whole.height());
 }
 
-void TfrmKey::FormShow() {
+void TfrmKey::ShowParameters() {
     lblFuelMin_->setText(tr("min: ") + QString::number(parameters_.fuelMinimum));
     lblFuelMax_->setText(tr("max: ") + QString::number(parameters_.fuelMaximum));
     lblTimingMin_->setText(tr("min: ") + QString::number(parameters_.timingMinimum));

@@ -20,9 +20,10 @@ public:
     void PlaceAt(const QWidget &window);
 
 protected:
-    void FormShow() override;
+    void FormShow() override { ShowParameters(); }
 
 private:
+    void ShowParameters();
     QWidget *MakeLegend();
     QWidget *MakeGroup(const QString &title, QLabel *&first, QLabel *&second);
 

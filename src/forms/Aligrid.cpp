@@ -199,6 +199,11 @@ void TStringAlignGrid::SetCell(int column, int row, const QString &text) {
         model_->Changed(column, row);
 }
 
+void TStringAlignGrid::SetRowTexts(int row, std::span<const QString *const> texts) {
+    model_->cells.SetRowTexts(row, texts);
+    model_->Changed({0, row, static_cast<int>(texts.size()) - 1, row});
+}
+
 void TStringAlignGrid::SetCellColor(int column, int row, TColor color) {
     if (model_->cells.SetColor(column, row, color))
         model_->Changed(column, row);

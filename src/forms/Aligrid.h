@@ -6,6 +6,7 @@
 #include "forms/AligridModel.h"
 
 #include <functional>
+#include <span>
 #include <vector>
 
 #include <QTableView>
@@ -59,6 +60,9 @@ public:
 
     QString Cell(int column, int row) const { return model_->cells.Text(column, row); }
     void SetCell(int column, int row, const QString &text);
+    /// Sets the row's cells from the first column on, as SetCell would but much faster; texts for
+    /// which there is no cell are left out.
+    void SetRowTexts(int row, std::span<const QString *const> texts);
     /// Colours read back exactly as written, top byte included.
     TColor CellColor(int column, int row) const { return model_->CellColor({column, row}); }
     void SetCellColor(int column, int row, TColor color);

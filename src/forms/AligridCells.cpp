@@ -39,6 +39,15 @@ bool TAligridCells::SetText(int column, int row, const QString &text) {
     return true;
 }
 
+void TAligridCells::SetRowTexts(int row, std::span<const QString *const> texts) {
+    const auto count = std::min(static_cast<std::size_t>(columns_), texts.size());
+    if (!Contains(0, row))
+        return;
+    QString *cell = &texts_.At(0, row);
+    for (std::size_t column = 0; column < count; ++column)
+        cell[column] = *texts[column];
+}
+
 std::optional<TColor> TAligridCells::Color(int column, int row) const {
     return Contains(column, row) ? colors_.At(column, row) : std::nullopt;
 }

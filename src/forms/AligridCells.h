@@ -5,6 +5,8 @@
 #include "forms/AligridLayers.h"
 #include "forms/AligridTypes.h"
 
+#include <span>
+
 #include <QString>
 
 /// Reads outside the shape give nothing, writes there are ignored.
@@ -29,6 +31,9 @@ public:
     QString Text(int column, int row) const;
     /// True when the text has changed.
     bool SetText(int column, int row, const QString &text);
+
+    /// Sets the row's first cells; texts for which there is no cell are left out.
+    void SetRowTexts(int row, std::span<const QString *const> texts);
 
     std::optional<TColor> Color(int column, int row) const;
     std::optional<TColor> FontColor(int column, int row) const;

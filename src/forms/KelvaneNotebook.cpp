@@ -108,6 +108,12 @@ int TfrmKelvaneNotebook::AddPage(std::unique_ptr<TEmbeddedForm> page, const QStr
     return PageControl1->addTab(tab, QString(caption).replace('&', "&&"));
 }
 
+int TfrmKelvaneNotebook::AddExtraPage(std::unique_ptr<TEmbeddedForm> page, const QString &tabName,
+                                      const QString &caption) {
+    addedPages_.push_back(page.get());
+    return AddPage(std::move(page), tabName, caption);
+}
+
 TEmbeddedForm *TfrmKelvaneNotebook::GetPage(int index) const {
     if (index < 0 || index >= PageCount())
         throw EFormNotfound();
@@ -130,6 +136,7 @@ void TfrmKelvaneNotebook::RemovePage(int index) {
     Guarded([page] { page->SetPageVisible(false); });
     page->notebook_ = nullptr;
     pages_.erase(pages_.begin() + index);
+    std::erase(addedPages_, page);
     PageControl1->removeTab(index);
     // The page's own "Close Page" button may be the caller.
     tab->deleteLater();
@@ -186,6 +193,7 @@ bool TfrmKelvaneNotebook::FormCloseQuery() {
         }
     }
     pages_.clear();
+    addedPages_.clear();
     return true;
 }
 

@@ -29,7 +29,9 @@ void TPrinting::Print(const QTextDocument &text, const QString &jobTitle) {
     printer.setPageOrientation(QPageLayout::Landscape);
     printer.setDocName(jobTitle);
     text.print(&printer);
-    if (printer.printerState() == QPrinter::Error)
-        throw EFileError(
-            ("The printer does not take the job: " + printer.printerName()).toStdString());
+    if (printer.printerState() == QPrinter::Error) {
+        const QString file = printer.outputFileName();
+        const QString target = file.isEmpty() ? printer.printerName() : file;
+        throw EFileError(("The printer does not take the job: " + target).toStdString());
+    }
 }

@@ -3,6 +3,8 @@
 #include "model/Errors.h"
 #include "model/Numbers.h"
 
+#include <exception>
+
 namespace {
 struct TPoint {
     double value;
@@ -17,6 +19,25 @@ TPoint PointOfText(const std::string &text) {
     } catch (const ERangeError &) {
     }
     return {unreadableValue, clRed};
+}
+
+TPoint PointOfValue(const TVal *value) {
+    try {
+        if (value)
+            return {value->GetValue(), PointColor(value->GetValue())};
+    } catch (const std::exception &) {
+        // Drawn like what cannot be read at all.
+    }
+    return {unreadableValue, clRed};
+}
+
+void AddValue(const TMap &map, int rpmPoint, int loadPoint, IMapChart &chart, int series) {
+    const TVal *rpm = map.axes->rpmAxis->values->GetItem(rpmPoint, 0);
+    if (!rpm)
+        return;
+    const TPoint point = PointOfValue(map.data->values->GetItem(rpmPoint, loadPoint));
+    chart.AddPoint(series, rpm->GetValue(), point.value, FormatReal("####0", rpm->GetValue()),
+                   point.color);
 }
 
 void AddCell(const IMapGrid &grid, int column, int row, IMapChart &chart, int series) {
@@ -42,5 +63,19 @@ void RedrawChart(const IMapGrid &grid, IMapChart &chart) {
         chart.SetSeriesTitle(series, grid.Cell(0, rows - row));
         for (int column = 1; column < grid.ColCount(); ++column)
             AddCell(grid, column, row, chart, series);
+    }
+}
+
+void FillQuickChart(const TMap &map, IMapChart &chart) {
+    if (!chart.Visible())
+        return;
+    const int loadPoints = map.LoadCount();
+    for (int r = 0; r < loadPoints; ++r) {
+        const int series = loadPoints - 1 - r;
+        chart.ClearSeries(series);
+        if (const TVal *load = map.axes->throttleAxis->values->GetItem(r, 0))
+            chart.SetSeriesTitle(series, FormatReal("##0", load->GetValue()));
+        for (int c = 0; c < map.RPMCount(); ++c)
+            AddValue(map, c, r, chart, series);
     }
 }

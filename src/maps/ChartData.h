@@ -1,8 +1,9 @@
-// What a map page's chart shows, taken from the texts of its grid; no drawing and no toolkit.
-// Sibling: TMap::FillChart, which fills a chart from the map itself and in the map's own order.
+// What a chart shows: on a map page it is taken from the texts of the grid, in the quick chart from
+// the map itself; no drawing and no toolkit. Sibling: TMap::FillChart, which fills a chart from the
+// map in the map's own order.
 #pragma once
 
-#include "model/MapViews.h"
+#include "model/MapTypes.h"
 
 /// Added to a point's rounded value to give its colour.
 inline constexpr std::uint32_t chartColorBase = 0x880000;
@@ -20,3 +21,11 @@ TColor PointColor(double value);
 /// RPM header. The series' titles run the other way: series s is titled with the load header of row
 /// s + 1. This is intended; the charts show no legend. Series that the chart lacks are left out.
 void RedrawChart(const IMapGrid &grid, IMapChart &chart);
+
+/// Fills the series that `map.SizeChart` prepared from the map's values; nothing happens while the
+/// chart is marked hidden.
+///
+/// Load point r of m gives series m - 1 - r: its title (without "%"; unlike on the map pages title
+/// and points belong together) and one point per RPM point, labelled with the RPM. Heights are in
+/// the units that the map shows. A value that cannot be read or coloured is unreadableValue in red.
+void FillQuickChart(const TMap &map, IMapChart &chart);

@@ -33,6 +33,7 @@ public:
 
 protected:
     void MakeControls() override;
+    QString DepthTitle() const override { return tr("% Load"); }
 
 private:
     void MakeRevLimiter();

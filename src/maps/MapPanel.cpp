@@ -49,6 +49,12 @@ TMapPanel::TMapPanel(QWidget *parent, const TMapPanelTraits &rowTraits)
     row->addWidget(chart, 1);
 }
 
+void TMapPanel::HideForGood() {
+    panel->hide();
+    chart->HideForGood();
+    hide();
+}
+
 QSize TMapPanel::minimumSizeHint() const {
     return {smallestWidth, QWidget::minimumSizeHint().height()};
 }
@@ -85,6 +91,9 @@ void TMapPanel::MakePanel() {
 void TMapPanel::MakeChart() {
     commit->setObjectName(traits.commit);
     reset->setObjectName(traits.reset);
+    const bool partThrottle = traits.kind == TMapKind::PT;
+    chart->StartWithSeries(partThrottle ? 12 : 1);
+    chart->SetBottomInverted(partThrottle);
     auto *buttons = new QVBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(commit);

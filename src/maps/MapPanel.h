@@ -1,6 +1,7 @@
 // One map's row on a map page: on the left its panel (title, offset box, grid), on the right its
-// chart with the buttons "Commit" and "Reset". Only the controls and their places; what they do is
-// the page's, in Maps.h.
+// chart with the buttons "Commit" and "Reset". The chart starts with the series that it has before
+// any map is shown: twelve for part throttle, one for the others. Only the controls and their
+// places; what they do is the page's, in Maps.h.
 #pragma once
 
 #include "maps/AreaChart.h"
@@ -54,6 +55,9 @@ public:
     QAction *pasteAction;
     QAction *unlockAction;
     TMapGrid gridView; ///< the grid as the model sees it
+
+    /// Hides panel and chart whatever the fit rule says later, and leaves their room to the others.
+    void HideForGood();
 
     /// Narrow enough for the smallest window: the grid then shows fewer columns at once.
     QSize minimumSizeHint() const override;

@@ -47,6 +47,18 @@ void TfrmMaps::Prepare() {
         MakeControls();
 }
 
+void TfrmMaps::ShowOnly(TMapKind kind) {
+    only_ = kind;
+    if (chkInterpret_)
+        HideOthers(kind);
+}
+
+void TfrmMaps::HideOthers(TMapKind kind) {
+    for (TMapPanel *row : panels_)
+        if (row->traits.kind != kind)
+            row->HideForGood();
+}
+
 void TfrmMaps::MakeControls() {
     chkInterpret_ = new QCheckBox(tr("Interpret Byte Values"), this);
     bottomLine_ = new QHBoxLayout;
@@ -56,8 +68,11 @@ void TfrmMaps::MakeControls() {
         auto *row = new TMapPanel(content, PanelTraits(kind));
         panels_[static_cast<std::size_t>(kind)] = row;
         ConnectPanel(*row);
+        row->chart->SetDepthTitle(DepthTitle());
         rows->addWidget(row, kind == TMapKind::PT ? 1 : 0);
     }
+    if (only_)
+        HideOthers(*only_);
     QScrollArea *scroll = MakePlainScroll(content, this);
 
     auto *btnRecalculate = new QPushButton(tr("Recalculate"), this);
@@ -262,8 +277,8 @@ void TfrmMaps::UnlockAxis(TMapKind kind) {
 }
 
 void TfrmMaps::btnRecalculateClick() {
-    if (ToolWindow)
-        ToolWindow->setVisible(!ToolWindow->isVisible());
+    if (QWidget *tool = ToolWindow.data())
+        tool->setVisible(!tool->isVisible());
 }
 
 void TfrmMaps::btnCloseClick() {

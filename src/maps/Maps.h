@@ -1,7 +1,7 @@
 // The page that shows and edits one map set: part throttle, idle and full throttle map, each as a
-// grid beside its chart. Never used by itself: FuelMaps.h and TimingMaps.h derive from it. All
-// editing happens on the grids' texts; the maps are touched when a grid is loaded, committed or
-// reset.
+// grid beside its chart. Never used by itself: FuelMaps.h, TimingMaps.h and MapsGraphical.h derive
+// from it. All editing happens on the grids' texts; the maps are touched when a grid is loaded,
+// committed or reset.
 #pragma once
 
 #include "forms/TEmbedFm.h"
@@ -9,6 +9,7 @@
 #include "model/Workspace.h"
 
 #include <array>
+#include <optional>
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -35,6 +36,8 @@ public:
     /// constructor does not, so that the program's window need not wait for pages that nobody sees
     /// yet.
     void Prepare();
+    /// Hides the rows of the two other maps for good, whatever the fit rule says of them.
+    void ShowOnly(TMapKind kind);
     /// Loads the three maps and shows the page.
     void ShowPage() override;
     /// Asks "Commit Changes?" when edits are uncommitted, hides the page; always true.
@@ -103,13 +106,18 @@ protected:
     virtual void MakeControls();
     void CloseEditors();
     void CommitAll();
+    /// The title of the charts' load axis.
+    virtual QString DepthTitle() const = 0;
     /// The line of controls below the maps; derived pages add theirs in front.
     QHBoxLayout &BottomLine() { return *bottomLine_; }
+    /// "Interpret Byte Values", once the controls are made.
+    QCheckBox &InterpretBox() { return *chkInterpret_; }
 
     TWorkspace &workspace;
 
 private:
     void ConnectPanel(TMapPanel &row);
+    void HideOthers(TMapKind kind);
     void LoadMap(TMapKind kind);
     void FillMap(TMapKind kind);
     void ShowTitles(TMapKind kind);
@@ -121,6 +129,7 @@ private:
     void UnlockAxis(TMapKind kind);
 
     std::array<TMapPanel *, 3> panels_{};
+    std::optional<TMapKind> only_; ///< the one map that is shown, when the page shows but one
     QCheckBox *chkInterpret_ = nullptr;
     QHBoxLayout *bottomLine_ = nullptr;
 };

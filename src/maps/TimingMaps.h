@@ -20,6 +20,9 @@ public:
     void Paste2Click() override { PasteTiming(TMapKind::Idle); }
     void Paste3Click() override { PasteTiming(TMapKind::WOT); }
 
+protected:
+    QString DepthTitle() const override { return tr("% Throttle"); }
+
 private:
     void CopyTiming(TMapKind kind);
     void PasteTiming(TMapKind kind);

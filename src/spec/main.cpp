@@ -2,9 +2,10 @@
 
 #include "filedisplay/FileDisplay.h"
 #include "forms/PageControl.h"
-#include "forms/TEmbedFm.h"
 #include "maps/FuelMaps.h"
+#include "maps/FuelMapsGraphical.h"
 #include "maps/TimingMaps.h"
+#include "maps/TimingMapsGraphical.h"
 #include "spec/ROMInfo.h"
 
 #include <QPushButton>
@@ -46,17 +47,12 @@ void TfrmNotebook::FormCreate() {
             tr("Fuel Maps"));
     AddPage(std::make_unique<TfrmTimingMaps>(nullptr, workspace, workspace.timingMapSet),
             "tabTimingMaps", tr("Timing Maps"));
-    AddPlainPage("frmFuelMapsGraphical", "tabFuelMapGraphical", tr("Graphical Fuel Maps"));
-    AddPlainPage("frmTimingMapsGraphical", "tabGraphicalTimingMaps", tr("Graphical Timing Maps"));
+    AddPage(std::make_unique<TfrmFuelMapsGraphical>(nullptr, workspace), "tabFuelMapGraphical",
+            tr("Graphical Fuel Maps"));
+    AddPage(std::make_unique<TfrmTimingMapsGraphical>(nullptr, workspace), "tabGraphicalTimingMaps",
+            tr("Graphical Timing Maps"));
     AddPage(std::make_unique<TfrmFileContents>(nullptr, workspace, printing_), "TabSheet1",
             tr("File Contents"));
-}
-
-void TfrmNotebook::AddPlainPage(const QString &pageName, const QString &tabName,
-                                const QString &caption) {
-    auto page = std::make_unique<TEmbeddedForm>();
-    page->setObjectName(pageName);
-    AddPage(std::move(page), tabName, caption);
 }
 
 void TfrmNotebook::FormShow() {

@@ -41,7 +41,6 @@ private:
     void FormCreate();
     /// Gives the map pages their controls once the window is up, so that it comes up sooner.
     void PreparePages();
-    void AddPlainPage(const QString &pageName, const QString &tabName, const QString &caption);
 
     TPrinting printing_;
     std::unique_ptr<TSplashScreen> splashThread_;

@@ -1,5 +1,7 @@
 #include "forms/ShownGrid.h"
 
+#include <array>
+
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
@@ -34,6 +36,25 @@ TEST_F(TShownGrid, CellsAreReadAndWrittenByColumnAndRow) {
     EXPECT_EQ(grid.Cell(9, 9), QString());
     EXPECT_EQ(grid.CellColor(9, 9), clWindow);
     EXPECT_EQ(grid.FontColor(-1, 0), clWindowText);
+}
+
+TEST_F(TShownGrid, ARowIsWrittenAtOnceAsFarAsItHasCells) {
+    grid.SetShape(3, 2);
+    const QString a = "a";
+    const QString b = "b";
+    QSignalSpy changes(grid.model(), &QAbstractItemModel::dataChanged);
+    {
+        const TGridUpdate update(grid);
+        grid.SetRowTexts(1, std::array{&a, &b, &a, &b});
+        grid.SetRowTexts(2, std::array{&a});
+        grid.SetRowTexts(-1, std::array{&a});
+        grid.SetRowTexts(0, {});
+    }
+    EXPECT_EQ(changes.size(), 1);
+    EXPECT_EQ(grid.Cell(0, 0), "");
+    EXPECT_EQ(grid.Cell(0, 1), "a");
+    EXPECT_EQ(grid.Cell(1, 1), "b");
+    EXPECT_EQ(grid.Cell(2, 1), "a");
 }
 
 TEST_F(TShownGrid, ColoursReadBackExactly) {

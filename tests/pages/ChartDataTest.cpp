@@ -1,11 +1,15 @@
-// What a chart is given from its grid: cases by hand, and a plain second version on random grids.
+// What a chart is given from its grid or its map: cases by hand, and plain second versions of the
+// rules on random grids and maps.
 #include "maps/ChartData.h"
 
 #include "model/Errors.h"
 #include "model/Numbers.h"
+#include "support/FailingVals.h"
 #include "support/FakeMapViews.h"
+#include "support/ModelFixture.h"
 
 #include <random>
+#include <span>
 
 #include <gtest/gtest.h>
 
@@ -147,6 +151,141 @@ TEST(TRandomChartTest, AgreesWithThePlainVersion) {
         const auto expected = Literally(grid);
         for (std::size_t s = 0; s < expected.size(); ++s) {
             EXPECT_EQ(chart.series[s].title, expected[s].title);
+            ASSERT_EQ(chart.series[s].points, expected[s].points) << "round " << round;
+        }
+    }
+}
+
+// The quick chart's filling, from the map itself.
+
+class TQuickFillTest : public TModelTest {
+protected:
+    /// Prepares the chart and fills it, as the window does.
+    void Fill(const TMap &map) {
+        map.SizeChart(chart);
+        FillQuickChart(map, chart);
+    }
+
+    TFakeMapChart chart;
+};
+
+TEST_F(TQuickFillTest, SeriesRunBackwardsWithTheirOwnTitles) {
+    PutMap(0x1000, {60, 136}, {100, 100, 0});
+    TFuelMap map(2);
+    map.SetOffset(0x1000);
+    Fill(map);
+    ASSERT_EQ(chart.series.size(), 3U);
+    EXPECT_EQ(chart.series[0].title, "100");
+    EXPECT_EQ(chart.series[2].title, "20");
+    EXPECT_EQ(chart.series[2].points,
+              (std::vector<TPoint>{{2400, 1, "2400", 0x880001}, {4800, 4, "4800", 0x880004}}));
+    EXPECT_EQ(chart.series[0].points,
+              (std::vector<TPoint>{{2400, 3, "2400", 0x880003}, {4800, 6, "4800", 0x880006}}));
+}
+
+TEST_F(TQuickFillTest, OldPointsAreCleared) {
+    PutMap(0x1000, {60, 136}, {});
+    TFuelMap map(1);
+    map.SetOffset(0x1000);
+    Fill(map);
+    Fill(map);
+    EXPECT_EQ(chart.series[0].points.size(), 2U);
+}
+
+TEST_F(TQuickFillTest, AHiddenChartIsLeftAlone) {
+    PutMap(0x1000, TBytes(32, 1), {100, 0});
+    TFuelMap map(2);
+    map.SetOffset(0x1000);
+    chart.RecreateSeries(1);
+    Fill(map);
+    EXPECT_FALSE(chart.visible);
+    EXPECT_TRUE(chart.series[0].points.empty());
+}
+
+TEST_F(TQuickFillTest, ConvertedValuesAreDrawnAsShown) {
+    PutMap(0x1000, {60, 136}, {});
+    Put(0x1000 + 4, {128, 64});
+    TFuelMap map(1);
+    map.SetOffset(0x1000);
+    map.data->SetShowConverted(true);
+    Fill(map);
+    EXPECT_EQ(chart.series[0].points,
+              (std::vector<TPoint>{{2400, 1, "2400", 0x880001}, {4800, 0.5, "4800", 0x880000}}));
+}
+
+class TUnreadableBody : public TFuelMapData {
+public:
+    TUnreadableBody() { values = std::make_unique<TFailingValCollection>(); }
+};
+
+TEST_F(TQuickFillTest, WhatCannotBeReadIsMinus255InRed) {
+    PutMap(0x1000, {60, 136}, {});
+    TFuelMap map(1, [] { return std::unique_ptr<TMapData>(std::make_unique<TUnreadableBody>()); });
+    map.SetOffset(0x1000);
+    Fill(map);
+    EXPECT_EQ(chart.series[0].points, (std::vector<TPoint>{{2400, -255, "2400", 0x0000FF},
+                                                           {4800, -255, "4800", 0x0000FF}}));
+}
+
+/// The rule word for word, straight from the image's bytes.
+std::vector<TFakeMapChart::TSeries> Literally(const TROMImage &image, int offset, int axisCount) {
+    const auto points = [&](int axis, int base, double unit) {
+        const int count = image.data[static_cast<std::size_t>(axis + 1)];
+        std::vector<double> all(static_cast<std::size_t>(count));
+        for (int i = count - 1, next = base; i >= 0; --i) {
+            next -= image.data[static_cast<std::size_t>(axis + 2 + i)];
+            all[static_cast<std::size_t>(i)] = next * unit;
+        }
+        return all;
+    };
+    const std::vector<double> rpm = points(offset, 256, 40);
+    const int behind = offset + 2 + static_cast<int>(rpm.size());
+    const std::vector<double> load = axisCount == 2 ? points(behind, 250, 0.4) : std::vector{0.0};
+    const std::size_t body =
+        static_cast<std::size_t>(behind) + (axisCount == 2 ? 2 + load.size() : 0);
+    const std::size_t m = load.size();
+    std::vector<TFakeMapChart::TSeries> all(m);
+    for (std::size_t r = 0; r < m; ++r) {
+        auto &s = all[m - 1 - r];
+        s.title = std::to_string(std::lround(load[r]));
+        for (std::size_t c = 0; c < rpm.size(); ++c) {
+            const int byte = image.data[body + c * m + r];
+            s.points.push_back({rpm[c], static_cast<double>(byte),
+                                std::to_string(std::lround(rpm[c])),
+                                static_cast<TColor>(byte + 8912896)});
+        }
+    }
+    return all;
+}
+
+TEST_F(TQuickFillTest, AgreesWithThePlainVersionOnRandomMaps) {
+    std::mt19937 random(20240612);
+    const auto from = [&](int least, int most) {
+        return std::uniform_int_distribution(least, most)(random);
+    };
+    for (int round = 0; round < 300; ++round) {
+        for (std::uint8_t &byte : std::span(Image().data).first(0x2000))
+            byte = static_cast<std::uint8_t>(from(0, 255));
+        const int axisCount = from(1, 2);
+        const int offset = from(1, 0x1000);
+        const int rpmCount = from(1, 31);
+        Image().Poke(offset + 1, static_cast<std::uint8_t>(rpmCount));
+        for (int i = 0; i < rpmCount; ++i)
+            Image().Poke(offset + 2 + i, static_cast<std::uint8_t>(from(0, 8)));
+        const int load = offset + 2 + rpmCount;
+        if (axisCount == 2) {
+            const int loadCount = from(1, 20);
+            Image().Poke(load + 1, static_cast<std::uint8_t>(loadCount));
+            for (int i = 0; i < loadCount; ++i)
+                Image().Poke(load + 2 + i, static_cast<std::uint8_t>(from(0, 12)));
+        }
+        TFuelMap map(axisCount);
+        map.SetOffset(offset);
+        Fill(map);
+        const auto expected = Literally(Image(), offset, axisCount);
+        ASSERT_EQ(chart.series.size(), expected.size()) << "round " << round;
+        for (std::size_t s = 0; s < expected.size(); ++s) {
+            EXPECT_EQ(chart.series[s].title, expected[s].title) << "round " << round;
             ASSERT_EQ(chart.series[s].points, expected[s].points) << "round " << round;
         }
     }

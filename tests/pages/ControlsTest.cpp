@@ -3,6 +3,7 @@
 #include "forms/Help.h"
 #include "forms/PageControl.h"
 #include "maps/Maps.h"
+#include "maps/QuickChart.h"
 #include "maps/ToolWindow.h"
 #include "pages/PageFixture.h"
 #include "spec/main.h"
@@ -13,10 +14,24 @@
 #include <map>
 
 #include <QAction>
+#include <QPushButton>
 #include <QStatusBar>
 
 namespace {
-enum class TForm { ROM, Fuel, Timing, Tools, Window, Offsets, Splash };
+enum class TForm {
+    ROM,
+    Fuel,
+    Timing,
+    FuelChart,
+    TimingChart,
+    QuickChart,
+    Contents,
+    Key,
+    Tools,
+    Window,
+    Offsets,
+    Splash
+};
 
 /// First states that are not the usual ones (enabled, visible, unchecked, writable), as letters:
 /// d disabled, h hidden, c checked, r read-only.
@@ -98,6 +113,158 @@ const TControl controls[] = {
     {TForm::Timing, "grdPTMap", "TStringAlignGrid", nullptr, "Right-click for more options", ""},
     {TForm::Timing, "chkInterpret", "QCheckBox", "Interpret Byte Values", "", ""},
 
+    {TForm::FuelChart, "chtPTMap", "TAreaChart", nullptr, nullptr, ""},
+    {TForm::FuelChart, "chtIdMap", "TAreaChart", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "chtFTMap", "TAreaChart", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "btnUp", "QToolButton", "", "Tilt up", ""},
+    {TForm::FuelChart, "btnDown", "QToolButton", "", "Tilt down", ""},
+    {TForm::FuelChart, "btnLeft", "QToolButton", "", "Turn left", ""},
+    {TForm::FuelChart, "btnRight", "QToolButton", "", "Turn right", ""},
+    {TForm::FuelChart, "udZoomUp", "QToolButton", "", "Zoom in", ""},
+    {TForm::FuelChart, "udZoomDown", "QToolButton", "", "Zoom out", ""},
+    {TForm::FuelChart, "udZoom", "QWidget", nullptr, nullptr, ""},
+    {TForm::FuelChart, "btnRecalculate", "QPushButton", "Recalculate", nullptr, ""},
+    {TForm::FuelChart, "btnClose", "QPushButton", "Close Page", nullptr, ""},
+    {TForm::FuelChart, "grdPTMap", "TStringAlignGrid", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "grdIdMap", "TStringAlignGrid", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "grdFTMap", "TStringAlignGrid", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "lblPTGrid", "QLabel", "Partial Throttle /\\ Trim Map", "", "h"},
+    {TForm::FuelChart, "lblIdGrid", "QLabel", "Idle /\\ Trim Map", "", "h"},
+    {TForm::FuelChart, "lblFTGrid", "QLabel", "Full Throttle /\\ Trim Map", "", "h"},
+    {TForm::FuelChart, "edtPTOffset", "QLineEdit", "$0000", doubleClick, "hr"},
+    {TForm::FuelChart, "edtIdOffset", "QLineEdit", "$0000", doubleClick, "hr"},
+    {TForm::FuelChart, "edtFTOffset", "QLineEdit", "$0000", doubleClick, "hr"},
+    {TForm::FuelChart, "Panel1", "QFrame", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "Panel2", "QFrame", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "Panel3", "QFrame", nullptr, nullptr, "h"},
+    {TForm::FuelChart, "chkInterpret", "QCheckBox", "Interpret Byte Values", "", "h"},
+    {TForm::FuelChart, "btnSavePT", "QPushButton", "Commit", nullptr, "h"},
+    {TForm::FuelChart, "btnSaveIdle", "QPushButton", "Commit", nullptr, "h"},
+    {TForm::FuelChart, "btnSaveFT", "QPushButton", "Commit", nullptr, "h"},
+    {TForm::FuelChart, "btnResetPT", "QPushButton", "Reset", nullptr, "h"},
+    {TForm::FuelChart, "btnResetIdle", "QPushButton", "Reset", nullptr, "h"},
+    {TForm::FuelChart, "btnResetFT", "QPushButton", "Reset", nullptr, "h"},
+    {TForm::FuelChart, "btnHelp", "QPushButton", "Help", "", "h"},
+
+    {TForm::TimingChart, "chtPTMap", "TAreaChart", nullptr, nullptr, ""},
+    {TForm::TimingChart, "chtIdMap", "TAreaChart", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "chtFTMap", "TAreaChart", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "btnUp", "QToolButton", "", "Tilt up", ""},
+    {TForm::TimingChart, "btnDown", "QToolButton", "", "Tilt down", ""},
+    {TForm::TimingChart, "btnLeft", "QToolButton", "", "Turn left", ""},
+    {TForm::TimingChart, "btnRight", "QToolButton", "", "Turn right", ""},
+    {TForm::TimingChart, "udZoomUp", "QToolButton", "", "Zoom in", ""},
+    {TForm::TimingChart, "udZoomDown", "QToolButton", "", "Zoom out", ""},
+    {TForm::TimingChart, "udZoom", "QWidget", nullptr, nullptr, ""},
+    {TForm::TimingChart, "btnRecalculate", "QPushButton", "Recalculate", nullptr, ""},
+    {TForm::TimingChart, "btnClose", "QPushButton", "Close Page", nullptr, ""},
+    {TForm::TimingChart, "grdPTMap", "TStringAlignGrid", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "grdIdMap", "TStringAlignGrid", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "grdFTMap", "TStringAlignGrid", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "lblPTGrid", "QLabel", "Partial Throttle Ign Timing Map", "", "h"},
+    {TForm::TimingChart, "lblIdGrid", "QLabel", "Idle Ign Timing Map", "", "h"},
+    {TForm::TimingChart, "lblFTGrid", "QLabel", "Full Throttle Ign Timing Map", "", "h"},
+    {TForm::TimingChart, "edtPTOffset", "QLineEdit", "$0000", doubleClick, "hr"},
+    {TForm::TimingChart, "edtIdOffset", "QLineEdit", "$0000", doubleClick, "hr"},
+    {TForm::TimingChart, "edtFTOffset", "QLineEdit", "$0000", doubleClick, "hr"},
+    {TForm::TimingChart, "Panel1", "QFrame", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "Panel2", "QFrame", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "Panel3", "QFrame", nullptr, nullptr, "h"},
+    {TForm::TimingChart, "chkInterpret", "QCheckBox", "Interpret Byte Values", "", "h"},
+    {TForm::TimingChart, "btnSavePT", "QPushButton", "Commit", nullptr, "h"},
+    {TForm::TimingChart, "btnSaveIdle", "QPushButton", "Commit", nullptr, "h"},
+    {TForm::TimingChart, "btnSaveFT", "QPushButton", "Commit", nullptr, "h"},
+    {TForm::TimingChart, "btnResetPT", "QPushButton", "Reset", nullptr, "h"},
+    {TForm::TimingChart, "btnResetIdle", "QPushButton", "Reset", nullptr, "h"},
+    {TForm::TimingChart, "btnResetFT", "QPushButton", "Reset", nullptr, "h"},
+    {TForm::TimingChart, "btnHelp", "QPushButton", "Help", "", "h"},
+
+    {TForm::QuickChart, "chtMap", "TAreaChart", nullptr, nullptr, ""},
+    {TForm::QuickChart, "edtOffset", "QLineEdit", "", "", "r"},
+    {TForm::QuickChart, "btnUp", "QToolButton", "", "Tilt up", ""},
+    {TForm::QuickChart, "btnDown", "QToolButton", "", "Tilt down", ""},
+    {TForm::QuickChart, "btnLeft", "QToolButton", "", "Turn left", ""},
+    {TForm::QuickChart, "btnRight", "QToolButton", "", "Turn right", ""},
+    {TForm::QuickChart, "udZoomUp", "QToolButton", "", "Zoom in", ""},
+    {TForm::QuickChart, "udZoomDown", "QToolButton", "", "Zoom out", ""},
+    {TForm::QuickChart, "udZoom", "QWidget", nullptr, nullptr, ""},
+    {TForm::QuickChart, "pnlMain", "QFrame", nullptr, "", ""},
+    {TForm::QuickChart, "btnOK", "QPushButton", "&Ok", "", "h"},
+    {TForm::QuickChart, "btnCancel", "QPushButton", "Cancel", "", "h"},
+    {TForm::QuickChart, "btnFilter", "QPushButton", "Filter", "", "h"},
+    {TForm::QuickChart, "btnHelp", "QPushButton", "Help", "", "h"},
+
+    {TForm::Contents, "grdFile", "TStringAlignGrid", nullptr, "", ""},
+    {TForm::Contents, "Button1", "QPushButton", "Key", "", ""},
+    {TForm::Contents, "chkDisplayHex", "QCheckBox", "Display in Hex", "", ""},
+    {TForm::Contents, "redPrint", "QTextEdit", nullptr, "", "h"},
+    {TForm::Contents, "btnHelp", "QPushButton", "Help", "", "h"},
+    {TForm::Contents, "PopupMenu1", "QMenu", nullptr, nullptr, ""},
+    {TForm::Contents, "HighlightMapFromCurrentCell1", "QMenu", "Highlight Map From Current Cell",
+     nullptr, ""},
+    {TForm::Contents, "SetSearchParameters1", "QMenu", "Set Search Parameters", nullptr, ""},
+    {TForm::Contents, "ManualSearches1", "QMenu", "Manual Searches", nullptr, ""},
+    {TForm::Contents, "SearchandHighlightMaps1", "QMenu", "Search and Highlight Maps", nullptr, ""},
+    {TForm::Contents, "mnuGraphPT", "QMenu", "Update Notebook Map", nullptr, ""},
+    {TForm::Contents, "AddNotebookMap1", "QMenu", "Add Notebook Map", nullptr, ""},
+    {TForm::Contents, "QuickMap1", "QMenu", "Quick Map", nullptr, ""},
+    {TForm::Contents, "Copy1", "QAction", "Copy", nullptr, ""},
+    {TForm::Contents, "CopySelected1", "QAction", "Copy Selected", nullptr, ""},
+    {TForm::Contents, "Print1", "QAction", "Print", nullptr, ""},
+    {TForm::Contents, "PrintSetup1", "QAction", "Print Setup", nullptr, ""},
+    {TForm::Contents, "ClearAllMarkers1", "QAction", "Clear All Markers", nullptr, ""},
+    {TForm::Contents, "Fuel3", "QAction", "Fuel - Part Throttle", nullptr, ""},
+    {TForm::Contents, "Fuel4", "QAction", "Fuel - WOT/Idle", nullptr, ""},
+    {TForm::Contents, "Timing3", "QAction", "Timing - Part Throttle", nullptr, ""},
+    {TForm::Contents, "Timing4", "QAction", "Timing - WOT/Idle", nullptr, ""},
+    {TForm::Contents, "MinFuelVal1", "QAction", "Fuel Val Min", nullptr, ""},
+    {TForm::Contents, "MaxFuelVal1", "QAction", "Fuel Value Max", nullptr, ""},
+    {TForm::Contents, "MinTimingVal1", "QAction", "Timing Val Min", nullptr, ""},
+    {TForm::Contents, "MaxTimingVal1", "QAction", "Timing Val Max", nullptr, ""},
+    {TForm::Contents, "RPMRAMLocation1", "QAction", "RPM RAM Location", nullptr, ""},
+    {TForm::Contents, "LoadRAMLocation1", "QAction", "% Load RAM Location", nullptr, ""},
+    {TForm::Contents, "FindConsecutivePossFuelVals", "QAction", "Mark Possible Fuel Vals", nullptr,
+     ""},
+    {TForm::Contents, "FindConsecutivePossTimeVals", "QAction", "Mark Possible Timing Vals",
+     nullptr, ""},
+    {TForm::Contents, "HighlightAValue1", "QAction", "Mark All Instances of a Specific Value",
+     nullptr, ""},
+    {TForm::Contents, "FindMapPointers1", "QAction", "Find Map Pointers by offset Address", nullptr,
+     ""},
+    {TForm::Contents, "Fuel5", "QAction", "Fuel - Part Throttle", nullptr, ""},
+    {TForm::Contents, "Fuel6", "QAction", "Fuel - WOT/Idle", nullptr, ""},
+    {TForm::Contents, "Timing5", "QAction", "Timing - Part Throttle", nullptr, ""},
+    {TForm::Contents, "Timing6", "QAction", "Timing - WOT/Idle", nullptr, ""},
+    {TForm::Contents, "Any1", "QAction", "All 2D Maps (any values)", nullptr, ""},
+    {TForm::Contents, "Any2", "QAction", "All Linear Maps (any values)", nullptr, ""},
+    {TForm::Contents, "Fuel1", "QAction", "Fuel Maps - Part Throttle", nullptr, ""},
+    {TForm::Contents, "Fuel2", "QAction", "Fuel Maps - Idle", nullptr, ""},
+    {TForm::Contents, "WOTFuel1", "QAction", "Fuel Maps - WOT", nullptr, ""},
+    {TForm::Contents, "Timing1", "QAction", "Timing Maps - Part Throttle", nullptr, ""},
+    {TForm::Contents, "Timing2", "QAction", "Timing Maps - Idle", nullptr, ""},
+    {TForm::Contents, "WOTTiming1", "QAction", "Timing Maps - WOT", nullptr, ""},
+    {TForm::Contents, "AllHighlighted1", "QAction", "All Highlighted", nullptr, ""},
+    {TForm::Contents, "SelectedCellisMapOffset1", "QAction", "Selected Cell is 2D Map Offset",
+     nullptr, ""},
+    {TForm::Contents, "SelectedCellisLinearMapOffset1", "QAction",
+     "Selected Cell is Linear Map Offset", nullptr, ""},
+    {TForm::Contents, "SelectedCellisMapPointerOffset1", "QAction",
+     "Selected Cell is address of 2D Map Address", nullptr, ""},
+    {TForm::Contents, "SelectedCellisLinearMapPointer1", "QAction",
+     "Selected Cell is address of Linear Map Offset", nullptr, ""},
+
+    {TForm::Key, "lblFuelMin", "QLabel", "min: 90", "", ""},
+    {TForm::Key, "lblFuelMax", "QLabel", "max: 200", "", ""},
+    {TForm::Key, "lblTimingMin", "QLabel", "min: 10", "", ""},
+    {TForm::Key, "lblTimingMax", "QLabel", "max: 90", "", ""},
+    {TForm::Key, "lblRPMLocation", "QLabel", "RPM: (not specified)", "", ""},
+    {TForm::Key, "lblLoadLocation", "QLabel", "Load: (not specified)", "", ""},
+    {TForm::Key, "pnlMain", "QFrame", nullptr, "", ""},
+    {TForm::Key, "btnOK", "QPushButton", "&Ok", "", ""},
+    {TForm::Key, "btnCancel", "QPushButton", "Cancel", "", "h"},
+    {TForm::Key, "btnFilter", "QPushButton", "Filter", "", "h"},
+    {TForm::Key, "btnHelp", "QPushButton", "Help", "", "h"},
+
     {TForm::Tools, "rdoOperation", "TRadioGroup", "&Operation", "", ""},
     {TForm::Tools, "rdoRange", "TRadioGroup", "&Range", "", ""},
     {TForm::Tools, "rdoScale", "TRadioGroup", "&Scale", "", ""},
@@ -137,8 +304,11 @@ protected:
     TControlsTest() {
         TfrmBaseForm::ProgRegKey = "key";
         offsets = std::make_unique<TfrmOffsetEntry>(nullptr, window.workspace);
-        window.Page(1)->ShowPage();
-        window.Page(2)->ShowPage();
+        quickChart = std::make_unique<TfrmQuickChart>(nullptr);
+        for (int mapPage = 1; mapPage <= 4; ++mapPage)
+            window.Page(mapPage)->ShowPage();
+        window.Page(5)->ShowPage();
+        FindControl<QPushButton>(*window.Page(5), "Button1").click();
     }
     ~TControlsTest() override { TfrmBaseForm::ProgRegKey.clear(); }
 
@@ -150,6 +320,16 @@ protected:
             return *window.Page(1);
         case TForm::Timing:
             return *window.Page(2);
+        case TForm::FuelChart:
+            return *window.Page(3);
+        case TForm::TimingChart:
+            return *window.Page(4);
+        case TForm::QuickChart:
+            return *quickChart;
+        case TForm::Contents:
+            return *window.Page(5);
+        case TForm::Key:
+            return FindControl<QWidget>(window, "frmKey");
         case TForm::Tools:
             return *dynamic_cast<TfrmMaps &>(*window.Page(1)).ToolWindow;
         case TForm::Window:
@@ -204,6 +384,7 @@ protected:
 
     TfrmNotebook window;
     std::unique_ptr<TfrmOffsetEntry> offsets;
+    std::unique_ptr<TfrmQuickChart> quickChart;
     TfrmSplash splash;
 };
 
@@ -260,6 +441,8 @@ TEST_F(TControlsTest, WindowsHaveTheirNamesAndCaptions) {
     EXPECT_EQ(offsets->windowTitle(), "Offset Entry");
     EXPECT_EQ(Form(TForm::Tools).objectName(), "frmToolWindow");
     EXPECT_EQ(Form(TForm::Tools).property("windowTitle").toString(), "Tools");
+    EXPECT_EQ(quickChart->objectName(), "frmQuickChart");
+    EXPECT_EQ(quickChart->windowTitle(), "Quick Map");
     EXPECT_EQ(splash.objectName(), "frmSplash");
     EXPECT_EQ(splash.size(), QSize(492, 151));
 }
@@ -272,7 +455,9 @@ TEST_F(TControlsTest, TheHelpWindowHasItsMemo) {
 }
 
 TEST_F(TControlsTest, NamesAreUniqueOnEachForm) {
-    for (const TForm form : {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::Offsets}) {
+    for (const TForm form :
+         {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::FuelChart, TForm::TimingChart,
+          TForm::QuickChart, TForm::Contents, TForm::Offsets}) {
         std::map<QString, int> counts;
         for (const QWidget *widget : Form(form).findChildren<QWidget *>())
             if (!widget->objectName().startsWith("qt_") && !widget->objectName().isEmpty())

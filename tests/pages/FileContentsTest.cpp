@@ -1,53 +1,13 @@
-// The contents view: the grid of the whole image, copying, printing, the menu and what its commands
-// ask, and the key window. What the searches find is tested with them; here they are only reached
-// through the menu.
-#include "filedisplay/FileDisplay.h"
+// The contents view: the grid of the whole image, copying, printing, the mouse, the menu's order
+// and the key window. What the menu's searches ask and mark: FileSearchesTest.cpp.
 #include "filedisplay/filedisplaykey.h"
-#include "pages/PageFixture.h"
+#include "pages/FileContentsFixture.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QPushButton>
-#include <QTextDocument>
 
 namespace {
-class TFakePrinting : public IPrinting {
-public:
-    void RunSetup() override { ++setups; }
-    void Print(const QTextDocument &text, const QString &jobTitle) override {
-        jobs << jobTitle + "|" + text.toPlainText();
-    }
-    int setups = 0;
-    QStringList jobs;
-};
-
-class TFileContentsTest : public TPageTest {
-protected:
-    TFileContentsTest() { TfrmBaseForm::ProgRegKey = "\\Software\\Kelvane\\Ferrolyn"; }
-
-    /// Shows an image of these bytes under a file name of its own.
-    void Show(const TBytes &bytes) {
-        Put(0, bytes);
-        Image().size = static_cast<std::int32_t>(bytes.size());
-        workspace.romFileName = "image" + std::to_string(++files_) + ".BIN";
-        page->ShowPage();
-    }
-    void Trigger(const QString &name) { FindControl<QAction>(*page, name).trigger(); }
-    TStringAlignGrid &Grid() { return FindControl<TStringAlignGrid>(*page, "grdFile"); }
-    TColor ColorAt(std::size_t offset) {
-        return Grid().CellColor(static_cast<int>(offset % 16) + 1,
-                                static_cast<int>(offset / 16) + 1);
-    }
-
-    TWorkspace workspace;
-    TFakePrinting printing;
-    std::unique_ptr<TfrmFileContents> page =
-        std::make_unique<TfrmFileContents>(nullptr, workspace, printing);
-
-private:
-    int files_ = 0;
-};
-
 TEST_F(TFileContentsTest, AnEmptyImageHasItsHeaderRowOnly) {
     page->ShowPage();
     EXPECT_EQ(Grid().RowCount(), 1);
@@ -65,7 +25,8 @@ TEST_P(TSizeTest, EveryByteHasACellAndTheLastRowAnEmptyTail) {
     for (int i = 0; i < ((size + 15) / 16) * 16; ++i)
         ASSERT_EQ(Grid().Cell(i % 16 + 1, i / 16 + 1), i < size ? "7" : "") << i;
 }
-INSTANTIATE_TEST_SUITE_P(Sizes, TSizeTest, testing::Values(1, 15, 16, 17, 33, 65535, 65536, 65537));
+INSTANTIATE_TEST_SUITE_P(Sizes, TSizeTest,
+                         testing::Values(1, 15, 16, 17, 33, 65535, 65536, 65537, 0x100000));
 
 TEST_F(TFileContentsTest, AddressesAreThreeDigitsAndAnX) {
     Show(TBytes(0x10010, 0));
@@ -172,115 +133,6 @@ TEST_F(TFileContentsTest, TheMenuStandsInItsOrderWithThreeSeparators) {
                            "-", "Update Notebook Map", "Add Notebook Map", "Quick Map"}));
 }
 
-struct TParameterCase {
-    const char *action;
-    const char *caption;
-    const char *prompt;
-    std::int32_t TSearchParameters::*parameter;
-};
-class TParameterTest : public TFileContentsTest,
-                       public testing::WithParamInterface<TParameterCase> {};
-
-TEST_P(TParameterTest, IsAskedForWithItsCurrentValueAndStored) {
-    const TParameterCase &item = GetParam();
-    std::int32_t &value = page->parameters.*item.parameter;
-    const QString before = value == -1 ? QString() : QString::number(value);
-    EXPECT_EQ(FindControl<QAction>(*page, item.action).text(), item.caption);
-    const std::vector<std::pair<QString, std::int32_t>> answers{
-        {"$2A", 42}, {QString(), 42}, {"abc", -1}, {"7", 7}, {"", -1}, {"-5", -5}};
-    for (const auto &[answer, stored] : answers) {
-        dialogs.inputs = {answer};
-        Trigger(item.action);
-        EXPECT_EQ(value, stored) << answer.toStdString();
-    }
-    EXPECT_EQ(dialogs.inputBoxes.first(),
-              QString("Search Parameters|%1|%2").arg(item.prompt, before));
-}
-INSTANTIATE_TEST_SUITE_P(
-    Items, TParameterTest,
-    testing::Values(
-        TParameterCase{"MinFuelVal1", "Fuel Val Min", "Minimum PossibleFuel value to include",
-                       &TSearchParameters::fuelMinimum},
-        TParameterCase{"MaxFuelVal1", "Fuel Value Max", "Maximum PossibleFuel value to include",
-                       &TSearchParameters::fuelMaximum},
-        TParameterCase{"MinTimingVal1", "Timing Val Min", "Minimum PossibleTiming value to include",
-                       &TSearchParameters::timingMinimum},
-        TParameterCase{"MaxTimingVal1", "Timing Val Max", "Maximum PossibleTiming value to include",
-                       &TSearchParameters::timingMaximum},
-        TParameterCase{"RPMRAMLocation1", "RPM RAM Location", "RAM location of RPM reading",
-                       &TSearchParameters::rpmLocation},
-        TParameterCase{"LoadRAMLocation1", "% Load RAM Location", "RAM Location of % Load reading",
-                       &TSearchParameters::loadLocation}));
-
-TEST_F(TFileContentsTest, FindValueAsksUntilThereIsANumberOrNothing) {
-    Show({3, 4, 3});
-    dialogs.inputs = {"x", "-1", "3"};
-    Trigger("HighlightAValue1");
-    EXPECT_EQ(dialogs.inputBoxes.size(), 3);
-    EXPECT_EQ(dialogs.inputBoxes[0], "Find Value|Enter a value to search for|");
-    EXPECT_EQ(ColorAt(0), 0x008080u);
-    EXPECT_EQ(ColorAt(1), clWindow);
-    EXPECT_EQ(ColorAt(2), 0x008080u);
-    dialogs.inputs = {""};
-    Trigger("HighlightAValue1");
-    EXPECT_EQ(ColorAt(1), clWindow);
-}
-
-TEST_F(TFileContentsTest, ThePointerLookupAsksTwiceAndKeepsTheMask) {
-    Show({0xF2, 0x34, 0x02, 0x34});
-    dialogs.inputs = {"$0234", "15"};
-    Trigger("FindMapPointers1");
-    EXPECT_EQ(dialogs.inputBoxes, (QStringList{"Indirect Ref Lookup|Enter Address To Find|",
-                                               "Indirect Ref Lookup|Mask Bits|15"}));
-    for (std::size_t i = 0; i < 4; ++i)
-        EXPECT_EQ(ColorAt(i), 0x008080u) << i;
-    dialogs.inputs = {"", "511"};
-    Trigger("FindMapPointers1");
-    EXPECT_EQ(page->parameters.pointerMask, 255);
-    dialogs.inputs = {"$10000", "none"};
-    Trigger("FindMapPointers1");
-    EXPECT_EQ(page->parameters.pointerMask, 0);
-    EXPECT_EQ(dialogs.messages, QStringList{"Address out of range"});
-}
-
-TEST_F(TFileContentsTest, AScanLeavesNoCellSelected) {
-    Show(TBytes(64, 100));
-    Grid().SetCurrent(2, 2);
-    EXPECT_EQ(page->selected, (TGridCell{2, 2}));
-    Trigger("FindConsecutivePossFuelVals");
-    EXPECT_EQ(page->selected, (TGridCell{0, 0}));
-    EXPECT_EQ(ColorAt(5), 0x00FF00u);
-    Trigger("Fuel4");
-    EXPECT_EQ(page->counters.linear, 0);
-}
-
-TEST_F(TFileContentsTest, AMapIsMarkedFromTheSelectedCellWhichMovesBehindIt) {
-    TBytes bytes(96, 0);
-    const TBytes map{0, 2, 5, 6, 100, 101};
-    std::copy(map.begin(), map.end(), bytes.begin() + 16);
-    Show(bytes);
-    Grid().SetCurrent(1, 2);
-    Trigger("Fuel4");
-    EXPECT_EQ(page->counters.linear, 1);
-    EXPECT_EQ(ColorAt(16), 0x008000u);
-    EXPECT_EQ(ColorAt(17), 0xFF0000u);
-    EXPECT_EQ(page->selected, (TGridCell{7, 2}));
-    Trigger("ClearAllMarkers1");
-    EXPECT_EQ(page->counters.linear, 0);
-    EXPECT_EQ(ColorAt(16), clWindow);
-    Trigger("Fuel6");
-    EXPECT_EQ(page->counters.linear, 1);
-    EXPECT_EQ(ColorAt(17), 0xFF0000u);
-}
-
-TEST_F(TFileContentsTest, CommandsBeforeAnyImageDoNothing) {
-    page->ShowPage();
-    for (const char *name : {"FindConsecutivePossTimeVals", "Timing3", "Timing5", "Any1", "Any2",
-                             "ClearAllMarkers1", "CopySelected1"})
-        Trigger(name);
-    EXPECT_EQ(page->counters.twoD, 0);
-}
-
 TEST_F(TFileContentsTest, TheKeyWindowShowsTheParametersAndLivesWhileThePageIsShown) {
     page->ShowPage();
     auto &button = FindControl<QPushButton>(*page, "Button1");
@@ -300,5 +152,46 @@ TEST_F(TFileContentsTest, TheKeyWindowShowsTheParametersAndLivesWhileThePageIsSh
     EXPECT_FALSE(key->isVisible());
     page->QueryClose();
     EXPECT_FALSE(page->findChild<TfrmKey *>());
+}
+
+TEST_F(TFileContentsTest, TheKeyStandsInTheMainWindowsCorner) {
+    QWidget window;
+    page->setParent(&window);
+    window.setGeometry(100, 50, 700, 600);
+    window.show();
+    page->ShowPage();
+    auto &key = FindControl<TfrmKey>(window, "frmKey");
+    for (const std::int32_t location : {-1, 7}) { // texts of different lengths
+        page->parameters.rpmLocation = page->parameters.loadLocation = location;
+        FindControl<QPushButton>(*page, "Button1").click();
+        ASSERT_TRUE(key.isVisible());
+        EXPECT_EQ(key.frameGeometry().bottomRight(), window.frameGeometry().bottomRight());
+        FindControl<QPushButton>(*page, "Button1").click();
+    }
+    page->QueryClose();
+    page->setParent(nullptr);
+}
+
+TEST_F(TFileContentsTest, TheGridIsAsWideAsItsColumns) {
+    page->resize(900, 600);
+    const int columns = 17 * (38 + Grid().GridLineWidth()) + 4;
+    Show(TBytes(32, 0));
+    EXPECT_EQ(Grid().width(), columns);
+    Show(TBytes(0x1000, 0));
+    EXPECT_EQ(Grid().width(), columns + 24);
+    EXPECT_EQ(Grid().horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+}
+
+TEST_F(TFileContentsTest, ARealDoubleClickAndTheRightButton) {
+    page->resize(900, 600);
+    Show(TBytes(64, 0));
+    page->show();
+    const QRect cell = Grid().visualRect(Grid().model()->index(1, 2));
+    QTest::mouseDClick(Grid().viewport(), Qt::LeftButton, {}, cell.center());
+    EXPECT_EQ(dialogs.messages, QStringList{"col: 3 row: 2"});
+    auto &menu = FindControl<QMenu>(*page, "PopupMenu1");
+    QTest::mouseClick(Grid().viewport(), Qt::RightButton, {}, cell.center());
+    EXPECT_TRUE(menu.isVisible());
+    menu.close();
 }
 } // namespace

@@ -3,7 +3,9 @@
 #include "forms/PageControl.h"
 #include "forms/RecordingPage.h"
 #include "maps/FuelMaps.h"
+#include "maps/FuelMapsGraphical.h"
 #include "maps/TimingMaps.h"
+#include "maps/TimingMapsGraphical.h"
 #include "pages/OffsetDialog.h"
 #include "pages/PageFixture.h"
 #include "spec/main.h"
@@ -58,6 +60,10 @@ TEST_F(TMainWindowTest, SixTabsInOrder) {
 TEST_F(TMainWindowTest, ThePagesWorkOnTheWindowsMapSets) {
     EXPECT_EQ(FuelPage().MapSet, &window->workspace.fuelMapSet);
     EXPECT_EQ(TimingPage().MapSet, &window->workspace.timingMapSet);
+    EXPECT_EQ(dynamic_cast<TfrmFuelMapsGraphical &>(*window->Page(3)).MapSet,
+              &window->workspace.fuelMapSet);
+    EXPECT_EQ(dynamic_cast<TfrmTimingMapsGraphical &>(*window->Page(4)).MapSet,
+              &window->workspace.timingMapSet);
 }
 
 TEST_F(TMainWindowTest, BeforeTheFirstShowNothingRuns) {

@@ -45,6 +45,25 @@ TEST_F(TMapsPageTest, TitlesOffsetsAndChartTitles) {
     EXPECT_EQ(Find<TAreaChart>("chtPTMap").LeftAxisTitle(), "/\\ Trim");
 }
 
+TEST_F(TMapsPageTest, ChartsStartWithTheirDesignSeriesAndAxes) {
+    TfrmTimingMaps timing(nullptr, workspace, workspace.timingMapSet);
+    TfrmFuelMaps fuel(nullptr, workspace, workspace.fuelMapSet);
+    const struct {
+        TfrmMaps &page;
+        const char *depth;
+    } pages[] = {{fuel, "% Load"}, {timing, "% Throttle"}};
+    for (const auto &[other, depth] : pages) {
+        other.Prepare();
+        for (const TMapKind kind : {TMapKind::PT, TMapKind::Idle, TMapKind::WOT}) {
+            const TAreaChart &chart = *other.Panel(kind).chart;
+            EXPECT_EQ(chart.SeriesCount(), kind == TMapKind::PT ? 12 : 1);
+            EXPECT_EQ(chart.BottomInverted(), kind == TMapKind::PT);
+            EXPECT_EQ(chart.DepthTitle(), depth);
+        }
+    }
+    EXPECT_EQ(Find<TAreaChart>("chtPTMap").SeriesCount(), 3) << "a shown map has its own";
+}
+
 TEST_F(TMapsPageTest, AnAcceptedEditIsBlueFlaggedAndCharted) {
     Type("grdPTMap", 2, 1, "77");
     EXPECT_EQ(Grid("grdPTMap").Cell(2, 1), "77");

@@ -1,0 +1,134 @@
+// Measures the contents view beside plain counterparts, prints a table of the ratios with their
+// limits and marks what is over. Ends with 1 when something is.
+//   ferrolyn_bench_contents
+// Figures of a release build on a quiet machine are the ones to go by.
+
+#include "Measure.h"
+#include "Start.h"
+#include "filedisplay/FileGrid.h"
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <stdexcept>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QPainter>
+#include <QScrollBar>
+
+namespace {
+namespace fs = std::filesystem;
+
+constexpr int rounds = 31;
+constexpr int programRounds = 7;
+constexpr int visibleRows = 40;
+constexpr int columns = 17;
+
+std::vector<std::uint8_t> RandomBytes(std::size_t size) {
+    std::mt19937 random(1);
+    std::vector<std::uint8_t> bytes(size);
+    for (std::uint8_t &byte : bytes)
+        byte = static_cast<std::uint8_t>(random());
+    return bytes;
+}
+
+/// Rebuilding beside one vector with as many texts, shared as the view shares them.
+TPair Rebuilding(const std::vector<std::uint8_t> &bytes) {
+    TStringAlignGrid grid;
+    PrepareFileGrid(grid);
+    std::array<QString, 256> texts;
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        texts[i] = QString::number(i);
+    std::vector<QString> plain;
+    const auto fill = [&] {
+        plain.clear();
+        plain.shrink_to_fit();
+        plain.reserve(bytes.size());
+        for (const std::uint8_t byte : bytes)
+            plain.push_back(texts[byte]);
+    };
+    return Measure(
+        rounds, [&] { return Time([&] { FillFileGrid(grid, bytes, false); }); },
+        [&] { return Time(fill); });
+}
+
+/// A repaint of 40 rows after scrolling on, beside drawing their texts directly.
+TPair Repainting(const std::vector<std::uint8_t> &bytes) {
+    TStringAlignGrid grid;
+    PrepareFileGrid(grid);
+    FillFileGrid(grid, bytes, true);
+    const int rowHeight = grid.DefaultRowHeight() + grid.GridLineWidth();
+    SizeFileGrid(grid, 0);
+    grid.resize(grid.width(), (visibleRows + 1) * rowHeight + 4);
+    grid.show();
+    QApplication::processEvents();
+    QImage picture(grid.size(), QImage::Format_ARGB32_Premultiplied);
+    int top = 0;
+    const auto scroll = [&] {
+        top = (top + visibleRows) % (grid.RowCount() - visibleRows - 1);
+        grid.verticalScrollBar()->setValue(top);
+        QApplication::processEvents();
+    };
+    const auto direct = [&] {
+        QPainter painter(&picture);
+        painter.setFont(grid.font());
+        painter.fillRect(picture.rect(), Qt::white);
+        for (int row = 0; row <= visibleRows; ++row)
+            for (int column = 0; column < columns; ++column)
+                painter.drawText(QRect(column * 39, row * rowHeight, 38, rowHeight),
+                                 Qt::AlignRight | Qt::AlignVCenter,
+                                 grid.Cell(column, row == 0 ? 0 : top + row));
+    };
+    return Measure(
+        rounds,
+        [&] {
+            scroll();
+            return Time([&] { grid.render(&picture); });
+        },
+        [&] { return Time(direct); });
+}
+
+/// Resident memory of the program with the image shown, and with the empty view.
+TPair Memory(const fs::path &image) {
+    std::vector<double> figures[2];
+    for (int i = 0; i < programRounds; ++i) {
+        figures[0].push_back(
+            Start("ferrolyn_bench_window", {"contents", image.string()}).mebibytes);
+        figures[1].push_back(Start("ferrolyn_bench_window", {"contents"}).mebibytes);
+    }
+    return {Median(figures[0]), Median(figures[1])};
+}
+
+bool MeasureAll(const fs::path &image) {
+    TTable table;
+    for (const std::size_t size : {0x10000U, 0x40000U, 0x100000U}) {
+        const std::vector<std::uint8_t> bytes = RandomBytes(size);
+        const std::string suffix = ", " + std::to_string(size / 1024) + " KiB";
+        table.Ratio("rebuild the view / fill a vector, ms" + suffix, Rebuilding(bytes), 2);
+        table.Ratio("repaint 40 rows / draw their texts, ms" + suffix, Repainting(bytes), 3);
+    }
+    const std::vector<std::uint8_t> bytes = RandomBytes(0x100000);
+    std::ofstream(image, std::ios::binary)
+        .write(reinterpret_cast<const char *>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
+    table.Difference("memory with 1 MiB shown - without an image, MiB", Memory(image), 40);
+    return !table.AnyOver();
+}
+} // namespace
+
+int main(int argc, char **argv) {
+    QApplication application(argc, argv);
+    const fs::path image =
+        fs::temp_directory_path() / ("ferrolyn-bench-" + std::to_string(getpid()) + ".BIN");
+    bool good = false;
+    try {
+        good = MeasureAll(image);
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "ferrolyn_bench_contents: %s\n", error.what());
+    }
+    std::error_code ignored;
+    fs::remove(image, ignored);
+    return good ? 0 : 1;
+}

@@ -1,0 +1,90 @@
+#include "maps/MapsGraphical.h"
+
+#include "maps/ViewButtons.h"
+
+#include <QKeyEvent>
+
+namespace {
+constexpr int zoomStep = 5; // percent
+} // namespace
+
+TfrmMapsGraphical::TfrmMapsGraphical(QWidget *parent, TWorkspace &sharedWorkspace, TMapSet &mapSet)
+    : TfrmMaps(parent, sharedWorkspace, mapSet) {
+    setFocusPolicy(Qt::ClickFocus); // so that a click into the page makes the keys work
+}
+
+void TfrmMapsGraphical::MakeControls() {
+    TfrmMaps::MakeControls();
+    ShowChartOnly();
+    auto *view = new TViewButtons(this);
+    view->ConnectTo(*this);
+    BottomLine().insertWidget(0, view);
+    installEventFilter(this);
+    for (QWidget *control : findChildren<QWidget *>())
+        control->installEventFilter(this);
+}
+
+void TfrmMapsGraphical::ShowChartOnly() {
+    ShowOnly(TMapKind::PT);
+    Panel(TMapKind::PT).panel->hide();
+    Panel(TMapKind::PT).parentWidget()->layout()->setContentsMargins(0, 0, 0, 0);
+    Panel(TMapKind::PT).commit->hide();
+    Panel(TMapKind::PT).reset->hide();
+    InterpretBox().hide();
+}
+
+void TfrmMapsGraphical::FormShow() {
+    TfrmMaps::FormShow();
+    for (const TMapKind kind : {TMapKind::PT, TMapKind::Idle, TMapKind::WOT})
+        Panel(kind).gridView.SetVisible(false);
+}
+
+void TfrmMapsGraphical::btnUpClick() {
+    Chart().TiltBy(-1);
+    setFocus();
+}
+
+void TfrmMapsGraphical::btnDownClick() {
+    Chart().TiltBy(1);
+    setFocus();
+}
+
+void TfrmMapsGraphical::btnLeftClick() {
+    Chart().TurnBy(1);
+    setFocus();
+}
+
+void TfrmMapsGraphical::btnRightClick() {
+    Chart().TurnBy(-1);
+    setFocus();
+}
+
+void TfrmMapsGraphical::udZoomClick(int direction) {
+    Chart().ZoomBy(direction * zoomStep);
+    setFocus();
+}
+
+bool TfrmMapsGraphical::FormKeyDown(int key) {
+    switch (key) {
+    case Qt::Key_Up:
+        btnUpClick();
+        return true;
+    case Qt::Key_Down:
+        btnDownClick();
+        return true;
+    case Qt::Key_Left:
+        btnLeftClick();
+        return true;
+    case Qt::Key_Right:
+        btnRightClick();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool TfrmMapsGraphical::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::KeyPress && FormKeyDown(static_cast<QKeyEvent *>(event)->key()))
+        return true;
+    return TfrmMaps::eventFilter(watched, event);
+}

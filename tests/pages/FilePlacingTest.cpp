@@ -1,0 +1,278 @@
+// Placing maps from the contents view: maps of the notebook moved to a cell, pages for all that is
+// highlighted, quick charts.
+#include "filedisplay/FileDisplay.h"
+#include "forms/PageControl.h"
+#include "maps/FuelMaps.h"
+#include "maps/QuickChart.h"
+#include "maps/TimingMaps.h"
+#include "pages/PageFixture.h"
+#include "spec/main.h"
+
+#include <QPushButton>
+
+namespace {
+class TPlacingTest : public TPageTest {
+protected:
+    TPlacingTest() {
+        TfrmBaseForm::ProgRegKey = "\\Software\\Kelvane\\Ferrolyn";
+        page = &dynamic_cast<TfrmFileContents &>(*window.Page(contentsTab));
+    }
+    ~TPlacingTest() override { TfrmBaseForm::ProgRegKey.clear(); }
+
+    /// Shows an image of `size` bytes of 255 with these bytes planted.
+    void Show(int size, const std::map<int, TBytes> &planted) {
+        Put(0, TBytes(static_cast<std::size_t>(size), 255));
+        for (const auto &[offset, bytes] : planted)
+            Put(offset, bytes);
+        Image().size = size;
+        window.workspace.romFileName = "image.BIN";
+        window.PageControl1->SelectByProgram(contentsTab);
+        page->ShowPage();
+    }
+    void Trigger(const QString &name) { FindControl<QAction>(*page, name).trigger(); }
+    void Select(int column, int row) {
+        FindControl<TStringAlignGrid>(*page, "grdFile").SetCurrent(column, row);
+    }
+    QStringList AddedCaptions() const {
+        QStringList captions;
+        for (int tab = contentsTab + 1; tab < window.PageCount(); ++tab)
+            captions << window.PageControl1->tabText(tab);
+        return captions;
+    }
+    TfrmMaps &Added(int index) {
+        return dynamic_cast<TfrmMaps &>(*window.AddedPages().at(static_cast<std::size_t>(index)));
+    }
+    TfrmQuickChart *Chart() { return window.findChild<TfrmQuickChart *>(); }
+
+    static constexpr int contentsTab = 5;
+    /// 2 x 2 points, the axis bytes 5 to 8.
+    static TBytes TwoD(std::uint8_t value) {
+        return {1, 2, 5, 6, 1, 2, 7, 8, value, value, value, value};
+    }
+    static TBytes Linear(std::uint8_t axisByte, std::uint8_t value) {
+        return {1, 2, axisByte, 6, value, value};
+    }
+    static constexpr std::uint8_t fuelValue = 100;
+    static constexpr std::uint8_t timingValue = 40;
+
+    TfrmNotebook window;
+    TfrmFileContents *page;
+};
+
+struct TMoveCase {
+    const char *action;
+    const char *caption;
+    bool fuel;
+    TMapKind kind;
+};
+
+class TUpdateTest : public TPlacingTest, public testing::WithParamInterface<TMoveCase> {};
+
+TEST_P(TUpdateTest, MovesOneMapToTheCurrentCellAndLeavesTheOthers) {
+    const TMoveCase &item = GetParam();
+    PlaceMaps(window.workspace);
+    Show(0x10000, {});
+    Select(5, 3);
+    EXPECT_EQ(FindControl<QAction>(*page, item.action).text(), item.caption);
+    Trigger(item.action);
+    TWorkspace &workspace = window.workspace;
+    std::map<std::pair<bool, TMapKind>, int> expected{
+        {{true, TMapKind::PT}, fuelPT},        {{true, TMapKind::Idle}, fuelIdle},
+        {{true, TMapKind::WOT}, fuelWOT},      {{false, TMapKind::PT}, timingPT},
+        {{false, TMapKind::Idle}, timingIdle}, {{false, TMapKind::WOT}, timingWOT}};
+    expected[{item.fuel, item.kind}] = 0x0024;
+    for (const auto &[map, offset] : expected) {
+        const TMapSet &set = map.first ? static_cast<TMapSet &>(workspace.fuelMapSet)
+                                       : static_cast<TMapSet &>(workspace.timingMapSet);
+        EXPECT_EQ(set.Map(map.second).GetLocation(), offset);
+    }
+}
+INSTANTIATE_TEST_SUITE_P(
+    Items, TUpdateTest,
+    testing::Values(TMoveCase{"Fuel1", "Fuel Maps - Part Throttle", true, TMapKind::PT},
+                    TMoveCase{"Fuel2", "Fuel Maps - Idle", true, TMapKind::Idle},
+                    TMoveCase{"WOTFuel1", "Fuel Maps - WOT", true, TMapKind::WOT},
+                    TMoveCase{"Timing1", "Timing Maps - Part Throttle", false, TMapKind::PT},
+                    TMoveCase{"Timing2", "Timing Maps - Idle", false, TMapKind::Idle},
+                    TMoveCase{"WOTTiming1", "Timing Maps - WOT", false, TMapKind::WOT}));
+
+TEST_F(TPlacingTest, BeyondA64KiBImageOnlyThreeRowDigitsCount) {
+    Show(0x20000, {});
+    Select(13, 0x1A5B + 1);
+    Trigger("Fuel1");
+    EXPECT_EQ(window.workspace.fuelMapSet.PTMap->GetLocation(), 0x1A5C);
+}
+
+TEST_F(TPlacingTest, AMapPlacedThroughAPointerBecomesADirectOne) {
+    Put(0x10, {0x12, 0x34});
+    window.workspace.fuelMapSet.PTMap->SetPointer(0x10, 0xFF);
+    Show(0x10000, {{0x10, {0x12, 0x34}}});
+    Select(1, 2);
+    Trigger("Fuel2");
+    EXPECT_EQ(window.workspace.fuelMapSet.PTMap->location->offset, -1);
+    EXPECT_EQ(window.workspace.fuelMapSet.PTMap->GetLocation(), 0x1234);
+    EXPECT_EQ(window.workspace.fuelMapSet.IdleMap->GetLocation(), 0x10);
+}
+
+TEST_F(TPlacingTest, WithoutAnImageNothingMoves) {
+    PlaceMaps(window.workspace);
+    page->ShowPage();
+    Trigger("Fuel1");
+    EXPECT_EQ(window.workspace.fuelMapSet.PTMap->GetLocation(), fuelPT);
+    Trigger("AllHighlighted1");
+    EXPECT_TRUE(AddedCaptions().isEmpty());
+}
+
+TEST_F(TPlacingTest, EveryTwoDimensionalFindGetsAPageOnce) {
+    Show(0x200, {{0x20, TwoD(fuelValue)}, {0x5C, TwoD(fuelValue)}, {0xA0, TwoD(timingValue)}});
+    Trigger("Fuel5");
+    Trigger("Timing5");
+    const QStringList captions{"2-D Fuel Map at $0020", "2-D Fuel Map at $005C",
+                               "2-D Timing Map at $00A0"};
+    Trigger("AllHighlighted1");
+    EXPECT_EQ(AddedCaptions(), captions);
+    EXPECT_EQ(window.PageControl1->currentIndex(), contentsTab);
+    EXPECT_EQ(Added(1).MapSet->PTMap->GetLocation(), 0x5C);
+    EXPECT_TRUE(dynamic_cast<TfrmFuelMaps *>(&Added(1)));
+    EXPECT_TRUE(dynamic_cast<TfrmTimingMaps *>(&Added(2)));
+    EXPECT_NE(Added(0).MapSet, Added(1).MapSet);
+    Trigger("AllHighlighted1");
+    EXPECT_EQ(AddedCaptions(), captions);
+}
+
+TEST_F(TPlacingTest, AClosedPageLeavesTheListAndMayComeAgain) {
+    Show(0x200, {{0x20, TwoD(fuelValue)}, {0x5C, TwoD(fuelValue)}});
+    Trigger("Fuel5");
+    Trigger("AllHighlighted1");
+    EXPECT_TRUE(window.CloseTab(contentsTab + 1));
+    EXPECT_EQ(window.AddedPages().size(), 1u);
+    Trigger("AllHighlighted1");
+    EXPECT_EQ(AddedCaptions(), (QStringList{"2-D Fuel Map at $005C", "2-D Fuel Map at $0020"}));
+}
+
+TEST_F(TPlacingTest, ATwoDimensionalMapsPageShowsPartThrottleOnly) {
+    Show(0x200, {{0x20, TwoD(fuelValue)}});
+    Trigger("Fuel5");
+    Trigger("AllHighlighted1");
+    TfrmMaps &added = Added(0);
+    added.ShowPage();
+    for (const char *hidden : {"Panel2", "Panel3", "chtIdMap", "chtFTMap"})
+        EXPECT_TRUE(FindControl<QWidget>(added, hidden).isHidden()) << hidden;
+    for (const char *shown : {"Panel1", "chtPTMap"})
+        EXPECT_FALSE(FindControl<QWidget>(added, shown).isHidden()) << shown;
+    EXPECT_EQ(FindControl<TStringAlignGrid>(added, "grdPTMap").ColCount(), 3);
+    added.QueryClose();
+    added.ShowPage();
+    EXPECT_TRUE(FindControl<QWidget>(added, "chtFTMap").isHidden());
+}
+
+TEST_F(TPlacingTest, AZeroAxisByteOfALinearMapOpensAPageAtTheCurrentCell) {
+    Show(0x200, {{0x20, Linear(0, fuelValue)}, {0x60, Linear(9, fuelValue)}});
+    Trigger("Fuel6");
+    ASSERT_EQ(page->counters.linear, 2);
+    Select(4, 5);
+    Trigger("AllHighlighted1");
+    // The header carries the plain map colour and is no start; the axis byte at $0022 is one.
+    EXPECT_EQ(AddedCaptions(), QStringList{"1-D Fuel Map at $0022"});
+    EXPECT_EQ(Added(0).MapSet->WOTMap->GetLocation(), 0x43);
+    Added(0).ShowPage();
+    for (const char *hidden : {"Panel1", "Panel2", "chtPTMap", "chtIdMap"})
+        EXPECT_TRUE(FindControl<QWidget>(Added(0), hidden).isHidden()) << hidden;
+    EXPECT_FALSE(FindControl<QWidget>(Added(0), "Panel3").isHidden());
+    // Shown elsewhere than found, so it counts as not shown yet.
+    Trigger("AllHighlighted1");
+    EXPECT_EQ(AddedCaptions().size(), 2);
+    Select(3, 3);
+    Trigger("AllHighlighted1");
+    Trigger("AllHighlighted1");
+    EXPECT_EQ(AddedCaptions().size(), 3);
+}
+
+TEST_F(TPlacingTest, ZeroAxisBytesOfATwoDimensionalMapOpenPagesOfTheirOwn) {
+    TBytes map = TwoD(timingValue);
+    map[3] = 0;
+    Show(0x200, {{0x20, map}});
+    Trigger("Timing5");
+    Trigger("AllHighlighted1");
+    EXPECT_EQ(AddedCaptions(), (QStringList{"2-D Timing Map at $0020", "2-D Fuel Map at $0023"}));
+}
+
+TEST_F(TPlacingTest, WhiteMapsAndPlainMarksAreNoStarts) {
+    Show(0x200, {{0x20, TwoD(fuelValue)}, {0x60, Linear(9, timingValue)}});
+    for (const char *search : {"Timing6", "Any1", "Any2", "FindConsecutivePossFuelVals"})
+        Trigger(search);
+    Trigger("AllHighlighted1");
+    EXPECT_TRUE(AddedCaptions().isEmpty());
+}
+
+TEST_F(TPlacingTest, TheHourglassStandsWhilePagesAreAdded) {
+    Show(0x200, {{0x20, TwoD(fuelValue)}});
+    Trigger("Fuel5");
+    bool waiting = false;
+    struct TWatch : QObject {
+        bool &waiting;
+        explicit TWatch(bool &flag) : waiting(flag) {}
+        bool eventFilter(QObject *, QEvent *event) override {
+            if (event->type() == QEvent::ChildAdded)
+                waiting = QGuiApplication::overrideCursor() &&
+                          QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;
+            return false;
+        }
+    } watch(waiting);
+    for (QWidget *child : window.PageControl1->findChildren<QWidget *>())
+        child->installEventFilter(&watch);
+    Trigger("AllHighlighted1");
+    EXPECT_TRUE(waiting);
+    EXPECT_FALSE(QGuiApplication::overrideCursor());
+}
+
+struct TQuickCase {
+    const char *action;
+    const char *caption;
+    bool throughPointer;
+    int series;
+};
+
+class TQuickMapTest : public TPlacingTest, public testing::WithParamInterface<TQuickCase> {
+protected:
+    ~TQuickMapTest() override { delete Chart(); }
+};
+
+TEST_P(TQuickMapTest, ChartsTheMapAtTheRecordedCell) {
+    const TQuickCase &item = GetParam();
+    EXPECT_EQ(FindControl<QAction>(*page, item.action).text(), item.caption);
+    Show(0x12000, {{0x11024, TwoD(fuelValue)}, {0x1024, TwoD(fuelValue)}, {0x0008, {0xF0, 0x24}}});
+    page->parameters.pointerMask = 0x10;
+    Trigger(item.action);
+    EXPECT_FALSE(Chart()) << "no cell has been selected";
+    if (item.throughPointer)
+        Select(9, 1);
+    else
+        Select(5, 0x1102 + 1);
+    Trigger(item.action);
+    ASSERT_TRUE(Chart());
+    EXPECT_TRUE(Chart()->isVisible());
+    EXPECT_FALSE(Chart()->isModal());
+    EXPECT_EQ(Chart()->windowTitle(),
+              item.throughPointer ? "Map Offset: $1024" : "Map Offset: $11024");
+    EXPECT_EQ(FindControl<TAreaChart>(*Chart(), "chtMap").SeriesCount(), item.series);
+}
+INSTANTIATE_TEST_SUITE_P(
+    Items, TQuickMapTest,
+    testing::Values(TQuickCase{"SelectedCellisMapOffset1", "Selected Cell is 2D Map Offset", false,
+                               2},
+                    TQuickCase{"SelectedCellisLinearMapOffset1",
+                               "Selected Cell is Linear Map Offset", false, 1},
+                    TQuickCase{"SelectedCellisMapPointerOffset1",
+                               "Selected Cell is address of 2D Map Address", true, 2},
+                    TQuickCase{"SelectedCellisLinearMapPointer1",
+                               "Selected Cell is address of Linear Map Offset", true, 1}));
+
+TEST_F(TPlacingTest, AfterAScanThereIsNoSelectedCellToChart) {
+    Show(0x200, {{0x20, TwoD(fuelValue)}});
+    Select(1, 3);
+    Trigger("Fuel5");
+    Trigger("SelectedCellisMapOffset1");
+    EXPECT_FALSE(Chart());
+}
+} // namespace
