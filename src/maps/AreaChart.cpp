@@ -1,16 +1,30 @@
 #include "maps/AreaChart.h"
 
+#include "maps/ChartPainter.h"
+#include "maps/ChartWalls.h"
+
 #include <algorithm>
 #include <array>
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QVariantMap>
+#include <QWheelEvent>
 
 namespace {
 constexpr std::array<TColor, 12> seriesColors{
     0x0000FF, 0x008000, 0x00FFFF, 0xFF0000, 0xFFFFFF, 0x808080, // red to grey
     0xFF00FF, 0x808000, 0x800000, 0x000080, 0x00FF00, 0x008080, // fuchsia to olive
 };
+
+constexpr int pixelsPerDegree = 2;
+constexpr int wheelStep = 120; // eighths of a degree, one notch of a plain wheel
+constexpr int zoomStep = 5;    // percent
+
+/// The sum of two numbers, wrapped to 32 bits.
+int Wrapped(int a, int b) {
+    return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
+}
 } // namespace
 
 TAreaChart::TAreaChart(QWidget *parent, const QString &name) : QWidget(parent) {
@@ -26,17 +40,22 @@ void TAreaChart::SetTitles(const QString &title, const QString &leftAxisTitle) {
 }
 
 void TAreaChart::TurnBy(int degrees) {
-    rotation_ += degrees;
+    view_.rotation = Wrapped(view_.rotation, degrees);
     update();
 }
 
 void TAreaChart::TiltBy(int degrees) {
-    elevation_ += degrees;
+    view_.elevation = Wrapped(view_.elevation, degrees);
     update();
 }
 
 void TAreaChart::ZoomBy(int percent) {
-    zoom_ += percent;
+    view_.zoom = Wrapped(view_.zoom, percent);
+    update();
+}
+
+void TAreaChart::SetDepthPercent(int percent) {
+    view_.depthPercent = percent;
     update();
 }
 
@@ -88,24 +107,30 @@ int TAreaChart::SeriesCount() const {
 
 void TAreaChart::RecreateSeries(int count) {
     series_.assign(static_cast<std::size_t>(std::max(count, 0)), {});
-    update();
+    SeriesChanged();
 }
 
 void TAreaChart::ClearSeries(int series) {
     if (TChartSeries *found = SeriesAt(series))
         found->points.clear();
-    update();
+    SeriesChanged();
 }
 
 void TAreaChart::SetSeriesTitle(int series, const std::string &title) {
     if (TChartSeries *found = SeriesAt(series))
         found->title = QString::fromStdString(title);
+    SeriesChanged();
 }
 
 void TAreaChart::AddPoint(int series, double x, double value, const std::string &label,
                           TColor color) {
     if (TChartSeries *found = SeriesAt(series))
         found->points.push_back({x, value, QString::fromStdString(label), color});
+    SeriesChanged();
+}
+
+void TAreaChart::SeriesChanged() {
+    describe_ = true;
     update();
 }
 
@@ -115,14 +140,99 @@ TChartSeries *TAreaChart::SeriesAt(int series) {
     return &series_[static_cast<std::size_t>(series)];
 }
 
+TChartContents TAreaChart::Contents() const {
+    TChartContents contents{{}, title_, tr("RPM"),       depthTitle_, leftAxisTitle_,
+                            {}, {},     bottomInverted_, view_};
+    for (const TChartSeries &series : series_) {
+        TWall wall{{}, series.stairs};
+        for (const TChartPoint &point : series.points)
+            wall.points.push_back({point.value, point.color});
+        contents.walls.push_back(std::move(wall));
+        contents.depthLabels << series.title;
+        // The longest series labels the axis.
+        for (std::size_t i = static_cast<std::size_t>(contents.bottomLabels.size());
+             i < series.points.size(); ++i)
+            contents.bottomLabels << series.points[i].label;
+    }
+    return contents;
+}
+
+void TAreaChart::Describe() {
+    describe_ = false;
+    int readable = 0;
+    double lowest = 0;
+    double highest = 0;
+    for (const TWall &wall : Contents().walls)
+        for (const TWallPoint &point : wall.points) {
+            if (!IsReadable(point))
+                continue;
+            lowest = readable > 0 ? std::min(lowest, point.value) : point.value;
+            highest = readable > 0 ? std::max(highest, point.value) : point.value;
+            ++readable;
+        }
+    const QString shape =
+        tr("%1 series of up to %2 points").arg(SeriesCount()).arg(PlaceCount(Contents().walls));
+    setAccessibleDescription(
+        readable == 0 ? shape : tr("%1, values from %2 to %3").arg(shape).arg(lowest).arg(highest));
+}
+
+void TAreaChart::Paint(QPainter &painter, const QRectF &rect) const {
+    PaintChart(painter, Contents(), {rect, font(), painter.device(), {}}, palette());
+}
+
 void TAreaChart::paintEvent(QPaintEvent *) {
+    if (describe_)
+        Describe();
+    TChartPlace place{rect(), font(), this, {}};
+    for (const QObject *child : children())
+        if (const auto *widget = qobject_cast<const QWidget *>(child);
+            widget && widget->isVisibleTo(this))
+            place.taken.emplace_back(widget->geometry());
     QPainter painter(this);
+    PaintChart(painter, Contents(), place, palette());
     painter.setPen(palette().color(QPalette::Mid));
-    painter.setBrush(palette().color(QPalette::Base));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    const QRect inside = rect().adjusted(8, 6, -8, -6);
-    painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(inside, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, title_);
-    painter.drawText(inside, Qt::AlignLeft | Qt::AlignBottom, tr("RPM"));
-    painter.drawText(inside, Qt::AlignLeft | Qt::AlignVCenter, leftAxisTitle_);
+}
+
+void TAreaChart::mousePressEvent(QMouseEvent *event) {
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    dragged_ = event->position().toPoint();
+    setCursor(Qt::ClosedHandCursor);
+}
+
+void TAreaChart::mouseMoveEvent(QMouseEvent *event) {
+    if (!dragged_ || !(event->buttons() & Qt::LeftButton))
+        return;
+    // What makes no whole degree yet counts with the next move.
+    const QPoint moved = event->position().toPoint() - *dragged_;
+    const QPoint degrees(moved.x() / pixelsPerDegree, moved.y() / pixelsPerDegree);
+    if (degrees.isNull())
+        return;
+    *dragged_ += degrees * pixelsPerDegree;
+    TurnBy(degrees.x());
+    TiltBy(-degrees.y());
+}
+
+void TAreaChart::mouseReleaseEvent(QMouseEvent *event) {
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    dragged_.reset();
+    unsetCursor();
+}
+
+void TAreaChart::wheelEvent(QWheelEvent *event) {
+    wheelRest_ += event->angleDelta().y();
+    const int steps = wheelRest_ / wheelStep;
+    wheelRest_ -= steps * wheelStep;
+    if (steps != 0) {
+        // Never further than the drawing goes: the way back would seem dead.
+        view_.zoom = DrawnZoom(DrawnZoom(view_.zoom) + steps * zoomStep);
+        update();
+    }
+    event->accept();
 }

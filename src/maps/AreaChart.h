@@ -1,9 +1,13 @@
-// The chart of one map: its series, points, titles and view. The widget paints its title and axis
-// titles on an empty wall as yet.
+// The chart of one map: its series, points, titles and view, drawn as walls in depth. Dragging with
+// the left button turns and tilts it, the wheel zooms. How it is drawn is ChartLayout.h and
+// ChartPainter.h.
 #pragma once
 
+#include "maps/ChartLayout.h"
+#include "maps/ChartProjection.h"
 #include "model/MapViews.h"
 
+#include <optional>
 #include <vector>
 
 #include <QString>
@@ -11,7 +15,7 @@
 #include <QWidget>
 
 struct TChartPoint {
-    double x;      ///< place along the RPM axis
+    double x; ///< RPM; the points are drawn at equal steps in their order, as their grid's columns
     double value;  ///< height
     QString label; ///< text on the RPM axis
     TColor color;  ///< exact 32-bit colour
@@ -38,13 +42,18 @@ public:
     TAreaChart(QWidget *parent, const QString &name);
 
     /// The view: degrees about the vertical axis, degrees about the horizontal axis, percent. Plain
-    /// numbers without bounds; the drawing reduces the angles and takes at least 1 percent.
-    int Rotation() const { return rotation_; }
-    int Elevation() const { return elevation_; }
-    int Zoom() const { return zoom_; }
+    /// numbers without bounds, which wrap round at the ends of 32 bits; the drawing reduces the
+    /// angles and takes at least 1 percent.
+    int Rotation() const { return view_.rotation; }
+    int Elevation() const { return view_.elevation; }
+    int Zoom() const { return view_.zoom; }
     void TurnBy(int degrees);
     void TiltBy(int degrees);
     void ZoomBy(int percent);
+
+    /// Depth in percent of the full one, 100 until set; 0 draws all walls in one plane.
+    void SetDepthPercent(int percent);
+    int DepthPercent() const { return view_.depthPercent; }
 
     /// Title of the load axis, which runs away from the viewer.
     void SetDepthTitle(const QString &title);
@@ -72,6 +81,10 @@ public:
     /// and "color".
     QVariantList SeriesProperty() const;
 
+    /// Paints the chart into `rect` as lines, polygons and texts: on paper it stays sharp. Sizes
+    /// follow the widget's font on the painter's device; colours are those of the widget's palette.
+    void Paint(QPainter &painter, const QRectF &rect) const;
+
     // A call for a series that does not exist is ignored.
     bool Visible() const override { return visible_; }
     void SetVisible(bool visible) override;
@@ -87,17 +100,25 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
 
 private:
     TChartSeries *SeriesAt(int series);
+    TChartContents Contents() const;
+    void SeriesChanged();
+    void Describe();
 
     QString title_;
     QString leftAxisTitle_;
     QString depthTitle_;
     bool bottomInverted_ = false;
-    int rotation_ = 340;
-    int elevation_ = 351;
-    int zoom_ = 56;
+    TChartView view_;
+    std::optional<QPoint> dragged_; ///< where the mouse was last while the chart is being dragged
+    int wheelRest_ = 0;             ///< eighths of a degree that made no step yet
+    bool describe_ = true;          ///< the accessible description is out of date
     bool visible_ = true;
     bool hiddenForGood_ = false;
     std::vector<TChartSeries> series_;

@@ -1,14 +1,40 @@
-// The chart widget as a store of series: what it is given, what tools can read of it.
+// The chart widget: what it is given, what tools can read of it, what the mouse does, and that it
+// is painted. How the walls and texts are drawn is tested in tests/charts.
 #include "maps/AreaChart.h"
 
 #include "maps/ChartData.h"
 #include "support/FakeMapViews.h"
 
+#include <climits>
+#include <functional>
+
+#include <QImage>
+#include <QPainter>
+#include <QPushButton>
 #include <gtest/gtest.h>
 
 namespace {
 class TAreaChartTest : public testing::Test {
 protected:
+    /// Two series of two points, the first RPM at the left, seen straight from the front.
+    void FillFlat() {
+        chart.RecreateSeries(2);
+        for (const int series : {0, 1})
+            for (const int rpm : {600, 1200})
+                chart.AddPoint(series, rpm, 10.0 * (series + 1), std::to_string(rpm),
+                               series == 0 ? 0x112233 : 0x445566);
+        chart.TurnBy(20);
+        chart.TiltBy(9);
+        chart.resize(400, 300);
+    }
+    int Count(const QImage &image, QRgb color) {
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                count += image.pixel(x, y) == color;
+        return count;
+    }
+
     TAreaChart chart{nullptr, "chtPTMap"};
 };
 
@@ -124,6 +150,87 @@ TEST_F(TAreaChartTest, TitlesAreReadable) {
     EXPECT_EQ(chart.property("title"), "Idle Ign Timing Map");
     EXPECT_EQ(chart.property("leftAxisTitle"), "Ign Timing");
     EXPECT_EQ(chart.accessibleName(), "Idle Ign Timing Map");
+}
+
+TEST_F(TAreaChartTest, TheNumbersWrapAtTheEndsOf32Bits) {
+    chart.TurnBy(INT_MAX);
+    EXPECT_EQ(chart.Rotation(), INT_MIN + 339);
+    chart.TiltBy(INT_MAX);
+    EXPECT_EQ(chart.Elevation(), INT_MIN + 350);
+    chart.ZoomBy(INT_MAX);
+    EXPECT_EQ(chart.Zoom(), INT_MIN + 55);
+    chart.grab();
+}
+
+TEST_F(TAreaChartTest, EveryChangeOfTheViewIsSeen) {
+    FillFlat();
+    const std::vector<std::function<void()>> changes{
+        [&] { chart.TurnBy(30); },
+        [&] { chart.TiltBy(-30); },
+        [&] { chart.SetDepthTitle("% Load"); },
+        [&] { chart.ZoomBy(-20); },
+        [&] { chart.SetBottomInverted(true); },
+        [&] { chart.SetDepthPercent(20); },
+        [&] { chart.SetTitles("Title", "Left"); },
+        [&] { chart.SetSeriesTitle(1, "40%"); },
+        [&] { chart.AddPoint(1, 1800, 5, "1800", clRed); },
+        [&] { chart.ClearSeries(1); },
+    };
+    QImage before = chart.grab().toImage();
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        changes[i]();
+        const QImage after = chart.grab().toImage();
+        EXPECT_NE(before, after) << "change " << i;
+        before = after;
+    }
+}
+
+TEST_F(TAreaChartTest, ShowsItsPointsInTheirColours) {
+    FillFlat();
+    const QImage image = chart.grab().toImage();
+    EXPECT_GT(Count(image, qRgb(0x33, 0x22, 0x11)) + Count(image, qRgb(0x66, 0x55, 0x44)), 10'000);
+    EXPECT_GT(Count(image, qRgb(0x66, 0x55, 0x44)), 1000) << "the near wall";
+}
+
+TEST_F(TAreaChartTest, PaintsOnAnyDevice) {
+    FillFlat();
+    QImage image(200, 100, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    QPainter painter(&image);
+    chart.Paint(painter, QRectF(20, 10, 160, 80));
+    EXPECT_EQ(image.pixel(19, 9), QColor(Qt::magenta).rgb());
+    EXPECT_GT(Count(image, qRgb(0x66, 0x55, 0x44)), 100);
+}
+
+TEST_F(TAreaChartTest, ControlsInTheCornerAreNotDrawnOver) {
+    FillFlat();
+    const auto rightmost = [&] {
+        const QImage image = chart.grab().toImage();
+        for (int x = image.width() - 1; x > 0; --x)
+            for (int y = 0; y < 100; ++y)
+                if (image.pixel(x, y) == qRgb(0x66, 0x55, 0x44))
+                    return x;
+        return 0;
+    };
+    const int alone = rightmost();
+    QPushButton button("Commit", &chart);
+    button.setGeometry(300, 260, 90, 30);
+    button.show();
+    EXPECT_LT(rightmost(), 300);
+    button.hide();
+    EXPECT_EQ(rightmost(), alone) << "a hidden one needs no room";
+    EXPECT_GT(alone, 300);
+}
+
+TEST_F(TAreaChartTest, TellsItsShapeToScreenReaders) {
+    chart.grab();
+    EXPECT_EQ(chart.accessibleDescription(), "0 series of up to 0 points");
+    chart.RecreateSeries(2);
+    chart.AddPoint(0, 600, 0.5, "600", 0);
+    chart.AddPoint(0, 1200, unreadableValue, "1200", clRed);
+    chart.AddPoint(1, 600, 1.25, "600", 0);
+    chart.grab();
+    EXPECT_EQ(chart.accessibleDescription(), "2 series of up to 2 points, values from 0.5 to 1.25");
 }
 
 TEST_F(TAreaChartTest, VisibleIsTheWishNotTheScreen) {

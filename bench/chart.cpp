@@ -1,0 +1,166 @@
+// Measures a frame of the chart beside filling the same polygons directly, and how long a frame
+// takes while the chart is being dragged. Prints a table with the limits, marks what is over and
+// ends with 1 when something is.
+//   ferrolyn_bench_chart
+// Figures of a release build on a quiet machine are the ones to go by.
+
+#include "forms/AligridColors.h"
+#include "maps/AreaChart.h"
+#include "maps/ChartData.h"
+#include "maps/ChartWalls.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <QApplication>
+#include <QImage>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace {
+constexpr int rounds = 101;
+constexpr double ratioLimit = 2;
+constexpr double dragLimit = 16; // milliseconds
+constexpr QSize frameSize(1000, 700);
+
+double Median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+double Milliseconds(const std::function<void()> &work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    const auto end = std::chrono::steady_clock::now();
+    return std::chrono::duration<double, std::milli>(end - start).count();
+}
+
+/// A hilly map whose points all have colours of their own.
+double ValueOf(int load, int rpm) {
+    return 100 + 40 * std::sin(rpm * 0.4) + 5 * load + 10 * std::cos(load * 1.1 + rpm * 0.7);
+}
+
+void Fill(TAreaChart &chart, int loads, int rpms) {
+    chart.SetTitles("Partial Throttle /\\ Trim Map", "/\\ Trim");
+    chart.SetDepthTitle("% Load");
+    chart.SetBottomInverted(true);
+    chart.RecreateSeries(loads);
+    for (int load = 0; load < loads; ++load) {
+        chart.SetSeriesTitle(load, std::to_string(5 * load) + "%");
+        for (int rpm = 0; rpm < rpms; ++rpm) {
+            const double value = ValueOf(load, rpm);
+            chart.AddPoint(load, 500 + 250 * rpm, value, std::to_string(500 + 250 * rpm),
+                           PointColor(value));
+        }
+    }
+}
+
+struct TFilledPolygon {
+    QPolygonF corners;
+    QColor color;
+};
+
+/// The faces of such a chart in the initial view, ready to be filled.
+std::vector<TFilledPolygon> PolygonsOf(int loads, int rpms) {
+    std::vector<TWall> walls(static_cast<std::size_t>(loads));
+    for (int load = 0; load < loads; ++load)
+        for (int rpm = 0; rpm < rpms; ++rpm) {
+            const double value = ValueOf(load, rpm);
+            walls[static_cast<std::size_t>(load)].points.push_back({value, PointColor(value)});
+        }
+    const TChartProjection projection(TChartView(), 1, {50, 30, 900, 600});
+    std::vector<TFilledPolygon> polygons;
+    for (const TChartFace &face : FacesOf(walls, {ScaleOf(walls, 10), true}, projection)) {
+        TFilledPolygon polygon{{}, PaintedColor(face.color, QPalette())};
+        for (std::size_t i = 0; i < face.count; ++i)
+            polygon.corners << OnScreen(face.corners[i]);
+        polygons.push_back(polygon);
+    }
+    return polygons;
+}
+
+void FillDirectly(QImage &image, const std::vector<TFilledPolygon> &polygons) {
+    QPainter painter(&image);
+    painter.fillRect(image.rect(), Qt::white);
+    painter.setPen(Qt::NoPen);
+    for (const TFilledPolygon &polygon : polygons) {
+        painter.setBrush(polygon.color);
+        painter.drawConvexPolygon(polygon.corners);
+    }
+}
+
+QImage Frame() {
+    return {frameSize, QImage::Format_ARGB32_Premultiplied};
+}
+
+/// Prints one row; true when it is over its limit.
+bool Row(const std::string &what, double ours, double plain, double result, double limit) {
+    const bool over = result > limit;
+    std::printf("%-58s %10.3f %10.3f %8.2f %8.2f%s\n", what.c_str(), ours, plain, result, limit,
+                over ? "  OVER" : "");
+    std::fflush(stdout);
+    return over;
+}
+
+bool MeasureFrame(int loads, int rpms) {
+    TAreaChart chart(nullptr, "chart");
+    Fill(chart, loads, rpms);
+    const std::vector<TFilledPolygon> polygons = PolygonsOf(loads, rpms);
+    QImage image = Frame();
+    std::vector<double> ours;
+    std::vector<double> plain;
+    for (int i = 0; i < rounds; ++i) { // in turns, so that a busy machine slows both
+        ours.push_back(Milliseconds([&] {
+            QPainter painter(&image);
+            chart.Paint(painter, image.rect());
+        }));
+        plain.push_back(Milliseconds([&] { FillDirectly(image, polygons); }));
+    }
+    const std::string what = "chart of " + std::to_string(loads) + " x " + std::to_string(rpms) +
+                             " / " + std::to_string(polygons.size()) + " polygons, ms";
+    return Row(what, Median(ours), Median(plain), Median(ours) / Median(plain), ratioLimit);
+}
+
+void Send(QWidget &widget, QEvent::Type type, const QPoint &at) {
+    QMouseEvent event(type, at, widget.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, {});
+    QApplication::sendEvent(&widget, &event);
+}
+
+bool MeasureDragging(int loads, int rpms) {
+    TAreaChart chart(nullptr, "chart");
+    Fill(chart, loads, rpms);
+    chart.resize(frameSize);
+    QImage image = Frame();
+    std::vector<double> times;
+    QPoint at(500, 350);
+    Send(chart, QEvent::MouseButtonPress, at);
+    for (int i = 0; i < rounds; ++i) {
+        at += QPoint(6, i % 2 == 0 ? 4 : -4);
+        times.push_back(Milliseconds([&] {
+            Send(chart, QEvent::MouseMove, at);
+            chart.render(&image);
+        }));
+    }
+    Send(chart, QEvent::MouseButtonRelease, at);
+    const std::string what =
+        "frame of " + std::to_string(loads) + " x " + std::to_string(rpms) + " while dragged, ms";
+    return Row(what, Median(times), 0, Median(times), dragLimit);
+}
+} // namespace
+
+int main(int argc, char **argv) {
+    QApplication application(argc, argv);
+    std::printf("%-58s %10s %10s %8s %8s\n", "measured", "ours", "plain", "result", "limit");
+    int over = 0;
+    for (const auto &[loads, rpms] : {std::pair(12, 16), std::pair(20, 31)}) {
+        over += MeasureFrame(loads, rpms);
+        over += MeasureDragging(loads, rpms);
+    }
+    return over > 0 ? 1 : 0;
+}

@@ -1,0 +1,200 @@
+#include "maps/ChartPainter.h"
+
+#include "forms/AligridColors.h"
+#include "maps/ChartWalls.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <vector>
+
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPalette>
+
+namespace {
+// Shares of the text's colour over the background.
+constexpr double gridShare = 0.16;
+constexpr double axisShare = 0.6;
+/// Share of black or white in the lines over a face's colour.
+constexpr double fullRidgeShare = 0.45;
+constexpr double faintestRidges = 0.45; ///< of the full share
+constexpr double fullRidgesApart = 0.8; ///< line heights
+constexpr double endShade = 0.3;        ///< share of black over the ends of walls
+constexpr double lineWidth = 1.0 / 16;  // line heights
+
+class TChartPainting {
+public:
+    TChartPainting(QPainter &painter, const TChartLayout &layout, const TChartContents &contents,
+                   const QPalette &palette)
+        : painter_(painter),
+          layout_(layout),
+          contents_(contents),
+          palette_(palette),
+          onPixels_(painter.paintEngine()->type() == QPaintEngine::Raster),
+          ridgeShare_(RidgeShare()) {}
+
+    void Run() {
+        painter_.save();
+        painter_.setClipRect(layout_.drawing, Qt::IntersectClip);
+        PaintGrid();
+        PaintWalls();
+        PaintAxes();
+        painter_.restore();
+        PaintLabels();
+    }
+
+private:
+    QColor Ink(double share) const {
+        return Blended(palette_.color(QPalette::Text), palette_.color(QPalette::Base), share);
+    }
+    QPen LinePen(const QColor &color) const {
+        QPen pen(color, layout_.lineHeight * lineWidth);
+        pen.setCapStyle(Qt::FlatCap);
+        return pen;
+    }
+    /// Ridges are tinted the less the nearer they are to each other, or a small chart would show
+    /// nothing else.
+    double RidgeShare() const {
+        const double placeSteps = std::max(PlaceCount(contents_.walls) - 1, 1);
+        const double slotCount = std::max<double>(static_cast<double>(contents_.walls.size()), 1);
+        const double apart = std::min(QLineF(Map(0, 0, 0), Map(1 / placeSteps, 0, 0)).length(),
+                                      QLineF(Map(0, 0, 0), Map(0, 0, 1 / slotCount)).length());
+        return fullRidgeShare *
+               std::clamp(apart / (fullRidgesApart * layout_.lineHeight), faintestRidges, 1.0);
+    }
+    QPointF Map(double x, double y, double z) const {
+        return OnScreen(layout_.projection.Map({x, y, z}));
+    }
+
+    /// Lines at the value axis' ticks over the two far sides, and the floor's outline.
+    void PaintGrid() {
+        painter_.setRenderHint(QPainter::Antialiasing);
+        painter_.setPen(LinePen(Ink(gridShare)));
+        const TBoxPoint away = layout_.projection.Away();
+        const double farX = away.x > 0 ? 1 : 0;
+        const double farZ = away.z < 0 ? 0 : 1;
+        for (int i = 0; i < layout_.scale.TickCount(); ++i) {
+            const double y = layout_.scale.Height(layout_.scale.Tick(i));
+            painter_.drawLine(Map(0, y, farZ), Map(1, y, farZ));
+            painter_.drawLine(Map(farX, y, 0), Map(farX, y, 1));
+        }
+        for (const double x : {0.0, 1.0})
+            painter_.drawLine(Map(x, 0, farZ), Map(x, 1, farZ));
+        painter_.drawLine(Map(farX, 0, 1 - farZ), Map(farX, 1, 1 - farZ));
+        painter_.drawLine(Map(1 - farX, 0, 0), Map(1 - farX, 0, 1));
+        painter_.drawLine(Map(0, 0, 1 - farZ), Map(1, 0, 1 - farZ));
+    }
+
+    void PaintWalls() {
+        painter_.setRenderHint(QPainter::Antialiasing, false);
+        painter_.setPen(Qt::NoPen);
+        const TWallLayout walls{layout_.scale, contents_.firstAtRight};
+        for (const TChartFace &face : FacesOf(contents_.walls, walls, layout_.projection)) {
+            if (face.covers)
+                PaintRidges();
+            PaintFace(face);
+        }
+        PaintRidges();
+    }
+
+    void PaintFace(const TChartFace &face) {
+        UseColor(face);
+        std::array<QPointF, 5> corners;
+        std::transform(face.corners.begin(), face.corners.end(), corners.begin(), OnScreen);
+        painter_.drawConvexPolygon(corners.data(), static_cast<int>(face.count));
+        for (std::size_t i = 0; i < face.count; ++i)
+            if (face.ridges >> i & 1U)
+                ridges_->emplace_back(corners[i], corners[(i + 1) % face.count]);
+    }
+
+    void UseColor(const TChartFace &face) {
+        if (face.color == color_ && face.end == end_)
+            return;
+        color_ = face.color;
+        end_ = face.end;
+        const QColor color = PaintedColor(face.color, palette_);
+        const QColor fill = face.end ? Blended(Qt::black, color, endShade) : color;
+        painter_.setBrush(fill);
+        ridges_ = ReadableOn(color) == QColor(Qt::white) ? &lightRidges_ : &darkRidges_;
+        // Where a device draws its own pixels later, neighbours would leave hair lines between
+        // them.
+        if (!onPixels_)
+            painter_.setPen(QPen(fill, 0));
+    }
+
+    /// Paints the lines that have gathered; changing between faces and lines is slow.
+    void PaintRidges() {
+        if (lightRidges_.empty() && darkRidges_.empty())
+            return;
+        const QPen before = painter_.pen();
+        painter_.setRenderHint(QPainter::Antialiasing);
+        PaintRidges(lightRidges_, Qt::white);
+        PaintRidges(darkRidges_, Qt::black);
+        painter_.setRenderHint(QPainter::Antialiasing, false);
+        painter_.setPen(before);
+    }
+    void PaintRidges(std::vector<QLineF> &ridges, QColor color) {
+        color.setAlphaF(static_cast<float>(ridgeShare_));
+        QPen pen = LinePen(color);
+        if (onPixels_) { // wider ones than a pixel of the device are slower by far
+            pen.setCosmetic(true);
+            pen.setWidth(1);
+        }
+        painter_.setPen(pen);
+        painter_.drawLines(ridges.data(), static_cast<int>(ridges.size()));
+        ridges.clear();
+    }
+
+    void PaintAxes() {
+        painter_.setRenderHint(QPainter::Antialiasing);
+        painter_.setPen(LinePen(Ink(axisShare)));
+        painter_.drawLines(layout_.axes.data(), static_cast<int>(layout_.axes.size()));
+    }
+
+    void PaintLabels() {
+        painter_.setPen(palette_.color(QPalette::Text));
+        for (const TChartLabel &label : layout_.labels) {
+            painter_.setFont(label.kind == TLabelKind::Title ? layout_.titleFont : layout_.font);
+            if (label.upright)
+                PaintUpright(label);
+            else
+                PaintText(label.rect, label.text);
+        }
+    }
+    void PaintUpright(const TChartLabel &label) {
+        painter_.save();
+        painter_.translate(label.rect.center());
+        painter_.rotate(-90);
+        QRectF rect({0, 0}, label.rect.size().transposed());
+        rect.moveCenter({0, 0});
+        PaintText(rect, label.text);
+        painter_.restore();
+    }
+    void PaintText(const QRectF &rect, const QString &text) {
+        painter_.drawText(rect, Qt::AlignCenter | Qt::TextDontClip | Qt::TextSingleLine, text);
+    }
+
+    QPainter &painter_;
+    const TChartLayout &layout_;
+    const TChartContents &contents_;
+    const QPalette &palette_;
+    const bool onPixels_;
+    const double ridgeShare_;
+    std::optional<TColor> color_;
+    bool end_ = false;
+    std::vector<QLineF> lightRidges_; ///< over dark faces
+    std::vector<QLineF> darkRidges_;  ///< over light faces
+    std::vector<QLineF> *ridges_ = &lightRidges_;
+};
+} // namespace
+
+void PaintChart(QPainter &painter, const TChartContents &contents, const TChartPlace &place,
+                const QPalette &palette) {
+    const TChartLayout layout = LayOut(contents, place);
+    painter.save();
+    painter.setClipRect(place.rect, Qt::IntersectClip);
+    painter.fillRect(place.rect, palette.color(QPalette::Base));
+    TChartPainting(painter, layout, contents, palette).Run();
+    painter.restore();
+}
