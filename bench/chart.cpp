@@ -4,16 +4,13 @@
 //   ferrolyn_bench_chart
 // Figures of a release build on a quiet machine are the ones to go by.
 
+#include "Measure.h"
 #include "forms/AligridColors.h"
 #include "maps/AreaChart.h"
 #include "maps/ChartData.h"
 #include "maps/ChartWalls.h"
 
-#include <algorithm>
-#include <chrono>
 #include <cmath>
-#include <cstdio>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,19 +24,6 @@ constexpr int rounds = 101;
 constexpr double ratioLimit = 2;
 constexpr double dragLimit = 16; // milliseconds
 constexpr QSize frameSize(1000, 700);
-
-double Median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-double Milliseconds(const std::function<void()> &work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    const auto end = std::chrono::steady_clock::now();
-    return std::chrono::duration<double, std::milli>(end - start).count();
-}
 
 /// A hilly map whose points all have colours of their own.
 double ValueOf(int load, int rpm) {
@@ -99,32 +83,22 @@ QImage Frame() {
     return {frameSize, QImage::Format_ARGB32_Premultiplied};
 }
 
-/// Prints one row; true when it is over its limit.
-bool Row(const std::string &what, double ours, double plain, double result, double limit) {
-    const bool over = result > limit;
-    std::printf("%-58s %10.3f %10.3f %8.2f %8.2f%s\n", what.c_str(), ours, plain, result, limit,
-                over ? "  OVER" : "");
-    std::fflush(stdout);
-    return over;
-}
-
-bool MeasureFrame(int loads, int rpms) {
+void MeasureFrame(TTable &table, int loads, int rpms) {
     TAreaChart chart(nullptr, "chart");
     Fill(chart, loads, rpms);
     const std::vector<TFilledPolygon> polygons = PolygonsOf(loads, rpms);
     QImage image = Frame();
-    std::vector<double> ours;
-    std::vector<double> plain;
-    for (int i = 0; i < rounds; ++i) { // in turns, so that a busy machine slows both
-        ours.push_back(Milliseconds([&] {
-            QPainter painter(&image);
-            chart.Paint(painter, image.rect());
-        }));
-        plain.push_back(Milliseconds([&] { FillDirectly(image, polygons); }));
-    }
+    const auto ours = [&] {
+        QPainter painter(&image);
+        chart.Paint(painter, image.rect());
+    };
+    const auto plain = [&] { FillDirectly(image, polygons); };
     const std::string what = "chart of " + std::to_string(loads) + " x " + std::to_string(rpms) +
                              " / " + std::to_string(polygons.size()) + " polygons, ms";
-    return Row(what, Median(ours), Median(plain), Median(ours) / Median(plain), ratioLimit);
+    table.Ratio(what,
+                Measure(
+                    rounds, [&] { return Time(ours); }, [&] { return Time(plain); }),
+                ratioLimit);
 }
 
 void Send(QWidget &widget, QEvent::Type type, const QPoint &at) {
@@ -132,7 +106,7 @@ void Send(QWidget &widget, QEvent::Type type, const QPoint &at) {
     QApplication::sendEvent(&widget, &event);
 }
 
-bool MeasureDragging(int loads, int rpms) {
+void MeasureDragging(TTable &table, int loads, int rpms) {
     TAreaChart chart(nullptr, "chart");
     Fill(chart, loads, rpms);
     chart.resize(frameSize);
@@ -142,7 +116,7 @@ bool MeasureDragging(int loads, int rpms) {
     Send(chart, QEvent::MouseButtonPress, at);
     for (int i = 0; i < rounds; ++i) {
         at += QPoint(6, i % 2 == 0 ? 4 : -4);
-        times.push_back(Milliseconds([&] {
+        times.push_back(Time([&] {
             Send(chart, QEvent::MouseMove, at);
             chart.render(&image);
         }));
@@ -150,17 +124,16 @@ bool MeasureDragging(int loads, int rpms) {
     Send(chart, QEvent::MouseButtonRelease, at);
     const std::string what =
         "frame of " + std::to_string(loads) + " x " + std::to_string(rpms) + " while dragged, ms";
-    return Row(what, Median(times), 0, Median(times), dragLimit);
+    table.Difference(what, {Median(times), 0}, dragLimit);
 }
 } // namespace
 
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
-    std::printf("%-58s %10s %10s %8s %8s\n", "measured", "ours", "plain", "result", "limit");
-    int over = 0;
+    TTable table;
     for (const auto &[loads, rpms] : {std::pair(12, 16), std::pair(20, 31)}) {
-        over += MeasureFrame(loads, rpms);
-        over += MeasureDragging(loads, rpms);
+        MeasureFrame(table, loads, rpms);
+        MeasureDragging(table, loads, rpms);
     }
-    return over > 0 ? 1 : 0;
+    return table.AnyOver() ? 1 : 0;
 }
