@@ -116,7 +116,7 @@ private:
         const QColor color = PaintedColor(face.color, palette_);
         const QColor fill = face.end ? Blended(Qt::black, color, endShade) : color;
         painter_.setBrush(fill);
-        ridges_ = ReadableOn(color) == QColor(Qt::white) ? &lightRidges_ : &darkRidges_;
+        ridges_ = qGray(color.rgb()) < 128 ? &lightRidges_ : &darkRidges_;
         // Where a device draws its own pixels later, neighbours would leave hair lines between
         // them.
         if (!onPixels_)
