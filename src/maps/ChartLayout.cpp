@@ -23,7 +23,7 @@ constexpr double heightForTitle = 5;
 /// Of the width, the most that the labels at one side may take.
 constexpr double largestSide = 0.25;
 
-/// Of the width, the least that controls leave to the box and its labels.
+/// Of the width or the height, the least that controls leave to the box and its labels.
 constexpr double smallestBox = 0.55;
 
 constexpr int fullDepthWalls = 6; ///< fewer walls make a less deep box
@@ -66,13 +66,13 @@ public:
             drawing.setTop(labels_.front().rect.bottom());
             box.setTop(drawing.top() + margin * line_);
         }
-        box.setBottom(box.bottom() - beside - line_ - titleSpace);
+        box.setBottom(AboveControls() - beside - line_ - titleSpace);
         const TChartScale scale = FittingScale(box);
         const TMarks values = ValueMarks(scale);
         const TMarks seriesTitles = SlotMarks();
         box.setLeft(box.left() + beside + Limited(Widest(values)) + titleSpace);
-        box.setRight(std::min(box.right() - beside - Limited(Widest(seriesTitles)),
-                              TakenFrom() - margin * line_));
+        box.setRight(
+            std::min(box.right() - beside - Limited(Widest(seriesTitles)), LeftOfControls()));
         LeaveRoomForOffsets(box);
         const TChartProjection projection = Projection(box);
         projection_ = &projection;
@@ -110,14 +110,25 @@ private:
                 {box.left(), box.top(), box.width(), box.height()}};
     }
 
-    /// Where the controls begin that the box makes room for; those that would take too much of the
-    /// width lie on the chart.
-    double TakenFrom() const {
-        double from = place_.rect.right();
+    /// Controls keep the box to their left or else above them, as long as enough is left of it;
+    /// otherwise they lie on the chart.
+    bool IsBesideBox(const QRectF &taken) const {
+        return taken.left() - place_.rect.left() >= smallestBox * place_.rect.width();
+    }
+    double LeftOfControls() const {
+        double limit = room_.right();
         for (const QRectF &taken : place_.taken)
-            if (taken.left() - place_.rect.left() >= smallestBox * place_.rect.width())
-                from = std::min(from, taken.left());
-        return from;
+            if (IsBesideBox(taken))
+                limit = std::min(limit, taken.left() - margin * line_);
+        return limit;
+    }
+    double AboveControls() const {
+        double limit = room_.bottom();
+        for (const QRectF &taken : place_.taken)
+            if (!IsBesideBox(taken) &&
+                taken.top() - place_.rect.top() >= smallestBox * place_.rect.height())
+                limit = std::min(limit, taken.top() - margin * line_);
+        return limit;
     }
 
     /// The offsets come after the fitting; the labels shall stay inside all the same.
@@ -246,16 +257,34 @@ private:
         QSizeF size(metrics_.horizontalAdvance(title), line_);
         if (upright)
             size.transpose();
-        for (const double part : {0.5, 0.4, 0.6, 0.3, 0.7, 0.2, 0.8, 0.0, 1.0}) {
-            const QRectF rect = Beside(edge, At(edge, part), size, gap);
-            if (!IsFree(rect))
-                continue;
-            const TLabelKind kind = upright                      ? TLabelKind::LeftTitle
-                                    : axis == TLabelKind::Bottom ? TLabelKind::BottomTitle
-                                                                 : TLabelKind::DepthTitle;
-            labels_.push_back({kind, title, rect, upright});
+        std::vector<QRectF> choices;
+        for (const double part : {0.5, 0.4, 0.6, 0.3, 0.7, 0.2, 0.8, 0.0, 1.0})
+            choices.push_back(Beside(edge, At(edge, part), size, gap));
+        if (axis == TLabelKind::Depth)
+            choices.push_back(BesideBox(edge, size));
+        const auto free = std::find_if(choices.begin(), choices.end(),
+                                       [this](const QRectF &rect) { return IsFree(rect); });
+        if (free == choices.end())
             return;
+        const TLabelKind kind = upright                      ? TLabelKind::LeftTitle
+                                : axis == TLabelKind::Bottom ? TLabelKind::BottomTitle
+                                                             : TLabelKind::DepthTitle;
+        labels_.push_back({kind, title, *free, upright});
+    }
+
+    /// A rectangle to the right of the whole box, or to its left, above the outer end of an edge.
+    QRectF BesideBox(const TChartEdge &edge, const QSizeF &size) const {
+        const bool right = edge.outward.x > 0;
+        double side = At(edge, 0).x();
+        for (int corner = 0; corner < 8; ++corner) {
+            const QPointF at = OnScreen(projection_->Map(
+                {double(corner & 1), double(corner >> 1 & 1), double(corner >> 2)}));
+            side = right ? std::max(side, at.x()) : std::min(side, at.x());
         }
+        const QPointF ends[2] = {At(edge, 0), At(edge, 1)};
+        const QPointF outer = (ends[0].x() < ends[1].x()) == right ? ends[1] : ends[0];
+        const double gap = besideGap * line_;
+        return {{right ? side + gap : side - gap - size.width(), outer.y() - size.height()}, size};
     }
 
     const TChartContents &contents_;

@@ -23,6 +23,25 @@ constexpr double fullRidgesApart = 0.8; ///< line heights
 constexpr double endShade = 0.3;        ///< share of black over the ends of walls
 constexpr double lineWidth = 1.0 / 16;  // line heights
 
+/// The mean of many colours.
+class TMeanColor {
+public:
+    void Add(const QColor &color) {
+        red_ += color.red();
+        green_ += color.green();
+        blue_ += color.blue();
+        ++count_;
+    }
+    /// Not for none.
+    QColor Mean() const { return {red_ / count_, green_ / count_, blue_ / count_}; }
+
+private:
+    int red_ = 0;
+    int green_ = 0;
+    int blue_ = 0;
+    int count_ = 0;
+};
+
 class TChartPainting {
 public:
     TChartPainting(QPainter &painter, const TChartLayout &layout, const TChartContents &contents,
@@ -105,7 +124,8 @@ private:
         painter_.drawConvexPolygon(corners.data(), static_cast<int>(face.count));
         for (std::size_t i = 0; i < face.count; ++i)
             if (face.ridges >> i & 1U)
-                ridges_->emplace_back(corners[i], corners[(i + 1) % face.count]);
+                ridges_.emplace_back(corners[i], corners[(i + 1) % face.count]);
+        ridged_.Add(fill_);
     }
 
     void UseColor(const TChartFace &face) {
@@ -114,36 +134,36 @@ private:
         color_ = face.color;
         end_ = face.end;
         const QColor color = PaintedColor(face.color, palette_);
-        const QColor fill = face.end ? Blended(Qt::black, color, endShade) : color;
-        painter_.setBrush(fill);
-        ridges_ = ReadableOn(color) == QColor(Qt::white) ? &lightRidges_ : &darkRidges_;
+        fill_ = face.end ? Blended(Qt::black, color, endShade) : color;
+        painter_.setBrush(fill_);
         // Where a device draws its own pixels later, neighbours would leave hair lines between
         // them.
         if (!onPixels_)
-            painter_.setPen(QPen(fill, 0));
+            painter_.setPen(QPen(fill_, 0));
     }
 
-    /// Paints the lines that have gathered; changing between faces and lines is slow.
+    /// Paints the lines that have gathered, all in one tint of their faces' mean colour: changing
+    /// pens is slow, and so are pens that let the faces shine through.
     void PaintRidges() {
-        if (lightRidges_.empty() && darkRidges_.empty())
-            return;
-        const QPen before = painter_.pen();
-        painter_.setRenderHint(QPainter::Antialiasing);
-        PaintRidges(lightRidges_, Qt::white);
-        PaintRidges(darkRidges_, Qt::black);
-        painter_.setRenderHint(QPainter::Antialiasing, false);
-        painter_.setPen(before);
+        if (!ridges_.empty()) {
+            const QPen before = painter_.pen();
+            painter_.setRenderHint(QPainter::Antialiasing);
+            painter_.setPen(RidgePen());
+            painter_.drawLines(ridges_.data(), static_cast<int>(ridges_.size()));
+            painter_.setRenderHint(QPainter::Antialiasing, false);
+            painter_.setPen(before);
+        }
+        ridges_.clear();
+        ridged_ = {};
     }
-    void PaintRidges(std::vector<QLineF> &ridges, QColor color) {
-        color.setAlphaF(static_cast<float>(ridgeShare_));
-        QPen pen = LinePen(color);
+    QPen RidgePen() const {
+        const QColor mean = ridged_.Mean();
+        QPen pen = LinePen(Blended(ReadableOn(mean), mean, ridgeShare_));
         if (onPixels_) { // wider ones than a pixel of the device are slower by far
             pen.setCosmetic(true);
             pen.setWidth(1);
         }
-        painter_.setPen(pen);
-        painter_.drawLines(ridges.data(), static_cast<int>(ridges.size()));
-        ridges.clear();
+        return pen;
     }
 
     void PaintAxes() {
@@ -183,9 +203,9 @@ private:
     const double ridgeShare_;
     std::optional<TColor> color_;
     bool end_ = false;
-    std::vector<QLineF> lightRidges_; ///< over dark faces
-    std::vector<QLineF> darkRidges_;  ///< over light faces
-    std::vector<QLineF> *ridges_ = &lightRidges_;
+    QColor fill_;
+    std::vector<QLineF> ridges_; ///< of the faces painted last
+    TMeanColor ridged_;          ///< the colours of those faces
 };
 } // namespace
 

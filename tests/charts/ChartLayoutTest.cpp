@@ -196,6 +196,25 @@ TEST(ChartLayout, AControlInTheCornerKeepsTheBoxAway) {
     for (const QPointF &corner : Corners(layout.projection))
         EXPECT_LT(corner.x(), 410);
     ExpectTidy(layout, place);
+    ASSERT_TRUE(Find(layout, TLabelKind::DepthTitle)) << "where the control leaves room for it";
+}
+
+TEST(ChartLayout, InANarrowChartTheBoxStaysAboveTheControl) {
+    TChartPlace place;
+    place.rect = QRectF(0, 0, 170, 160);
+    place.taken = {QRectF(80, 100, 80, 50)};
+    const TChartLayout layout = LayOut(SampleContents(12, 16), place);
+    for (const QPointF &corner : Corners(layout.projection))
+        EXPECT_LT(corner.y(), 100);
+    ExpectTidy(layout, place);
+}
+
+TEST(ChartLayout, AControlThatTakesTooMuchLiesOnTheChart) {
+    TChartPlace place;
+    place.rect = QRectF(0, 0, 300, 200);
+    const double free = LayOut(SampleContents(12, 16), place).projection.Map({1, 0, 1}).x;
+    place.taken = {QRectF(100, 50, 190, 140)};
+    EXPECT_EQ(LayOut(SampleContents(12, 16), place).projection.Map({1, 0, 1}).x, free);
 }
 
 TEST(ChartLayout, ALongTitleIsShortened) {

@@ -9,6 +9,7 @@
 #include <cfloat>
 #include <climits>
 #include <cmath>
+#include <limits>
 #include <set>
 
 #include <QBuffer>
@@ -136,6 +137,9 @@ TChartContents Seen(TChartContents contents, int rotation, int elevation, int zo
     return contents;
 }
 
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
 std::vector<TOddCase> OddCharts() {
     const TChartContents sample = SampleContents(12, 16);
     TChartContents uneven = SampleContents(5, 7);
@@ -156,7 +160,7 @@ std::vector<TOddCase> OddCharts() {
         {"all unreadable", Plain({{{{-255, clRed}, {-255, clRed}}}})},
         {"huge", Plain({{{{DBL_MAX, 1}, {-DBL_MAX, 2}, {1e15, 3}}}})},
         {"tiny", Plain({{{{DBL_MIN, 1}, {DBL_MIN / 4, 2}}}})},
-        {"no numbers", Plain({{{{NAN, 1}, {INFINITY, 2}, {-INFINITY, 3}}}})},
+        {"no numbers", Plain({{{{noNumber, 1}, {infinity, 2}, {-infinity, 3}}}})},
         {"no depth", Seen(sample, 340, 351, 56, 0)},
         {"negative depth", Seen(sample, 340, 351, 56, INT_MIN)},
         {"zoom 0", Seen(sample, 340, 351, 0)},
