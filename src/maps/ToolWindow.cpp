@@ -34,6 +34,7 @@ TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
     if (auto *host = qobject_cast<QMainWindow *>(page.window()))
         host->addDockWidget(Qt::RightDockWidgetArea, this);
     setFloating(true);
+    adjustSize();
     MoveBeside(*page.window());
     hide();
 }
@@ -41,9 +42,9 @@ TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
 void TfrmToolWindow::MoveBeside(const QWidget &window) {
     const QRect screen = window.screen()->availableGeometry();
     const QRect taken = window.frameGeometry();
-    move(std::min(taken.right() + 1, screen.right() - sizeHint().width()),
+    move(std::min(taken.right() + 1, screen.right() + 1 - width()),
          std::clamp(taken.top(), screen.top(),
-                    std::max(screen.top(), screen.bottom() - sizeHint().height())));
+                    std::max(screen.top(), screen.bottom() + 1 - height())));
 }
 
 TRadioGroup *TfrmToolWindow::MakeGroup(const char *name, const QString &title,

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QMainWindow>
 #include <QRadioButton>
+#include <QScreen>
 
 namespace {
 class TToolWindowTest : public TFuelPageTest {
@@ -112,6 +113,16 @@ TEST_F(TToolWindowTest, FloatsOnTopAndCanBeDocked) {
     Tool().setFloating(true);
     EXPECT_EQ(Group("rdoOperation").ItemIndex(), 1);
     EXPECT_EQ(Tool().Sign, -1);
+}
+
+TEST_F(TToolWindowTest, StandsOnTheScreenBesideAWindowThatReachesTheEdge) {
+    const QRect screen = host.screen()->availableGeometry();
+    host.setGeometry(screen.right() - 300, screen.bottom() - 200, 400, 300);
+    page->QueryClose();
+    page->ShowPage();
+    page->btnRecalculateClick();
+    const QRect taken(Tool().pos(), Tool().size()); // on a desktop it has no frame
+    EXPECT_TRUE(screen.contains(taken)) << taken.right() << " " << taken.bottom();
 }
 
 TEST_F(TToolWindowTest, Defaults) {
