@@ -80,8 +80,8 @@ TData DataAt(const TSearchGrid &grid, std::size_t start, const TPattern &pattern
     return {first, first + xCount * yCount};
 }
 
-/// What the cells of a run are in their map.
-enum TRole : std::uint8_t { noRole, axisRole, dataRole };
+/// What the cells of a run are in their map. Bit 0 tells that they are something, bit 1 what.
+enum TRole : std::uint8_t { noRole = 0, axisRole = 1, dataRole = 3 };
 
 /// Marks the map, but leaves its runs to `markRun(first, count, role)`, called in reading order.
 template <typename TMarkRun>
@@ -166,14 +166,18 @@ private:
         const TColor data = pattern_.color;
         const int axisShift = SmallestChannelShift(axis);
         const int dataShift = SmallestChannelShift(data);
+        const bool alike = axisShift == dataShift;
         // Masks instead of choices, because the loop vectorises better.
         for (std::size_t i = 0; i < count; ++i) {
+            const TColor role = roles[i];
+            const TColor isRun = TColor{0} - (role & axisRole);
+            const TColor isData = TColor{0} - (role >> 1);
             const TColor value = static_cast<std::uint16_t>(values[i]);
-            const TColor isAxis = TColor{0} - (roles[i] & TColor{axisRole});
-            const TColor isData = TColor{0} - (roles[i] / TColor{dataRole});
-            colors[i] = (colors[i] & ~(isAxis | isData)) |
-                        ((axis + (value << axisShift)) & isAxis) |
-                        ((data + (value << dataShift)) & isData);
+            const TColor axisShade = value << axisShift;
+            const TColor shade =
+                alike ? axisShade : (axisShade & ~isData) | ((value << dataShift) & isData);
+            const TColor color = axis + ((data - axis) & isData) + shade;
+            colors[i] = (colors[i] & ~isRun) | (color & isRun);
         }
     }
 
@@ -331,10 +335,21 @@ public:
     bool Fit(TData data) const { return runs_.EndOfRun(data.first) >= data.end; }
 
 private:
+    /// May be wrong in the last word, where it is true.
+    bool IsAnyMarkedIn(std::size_t word) const {
+        const auto cells = cells_.subspan(word * cellsPerWord);
+        if (cells.size() < cellsPerWord)
+            return true;
+        TColor difference = 0;
+        for (std::size_t i = 0; i < cellsPerWord; ++i)
+            difference |= cells[i] ^ unmarkedColor;
+        return difference != 0;
+    }
+
     void LookAt(std::size_t word) {
         word_ = word;
         starts_ = window_.FitsIn(word);
-        if (starts_ != 0)
+        if (starts_ != 0 && IsAnyMarkedIn(word))
             starts_ &= BitsOf(cells_, word, [](TColor color) { return color == unmarkedColor; });
     }
 

@@ -36,27 +36,32 @@ TColor LiteralShade(TColor color, int byte) {
 
 } // namespace
 
-TLiteralView::TLiteralView(std::vector<std::uint8_t> bytes, bool hex)
-    : bytes_(std::move(bytes)),
-      hex_(hex),
-      colors_(static_cast<std::size_t>(RowCount()) * 17, 0x80000005) {}
-
-int TLiteralView::RowCount() const {
-    const int size = static_cast<int>(bytes_.size());
-    return 1 + size / 16 + (size % 16 == 0 ? 0 : 1);
+TLiteralView::TLiteralView(const std::vector<std::uint8_t> &bytes, bool hex) {
+    const int size = static_cast<int>(bytes.size());
+    cells_.push_back({""});
+    for (int i = 0; i < 16; ++i)
+        cells_.back().push_back(Hex(i, 1));
+    for (int i = 0; i < size; ++i) {
+        if (i % 16 == 0) {
+            cells_.push_back(std::vector<std::string>(17));
+            cells_.back()[0] = Hex(i / 16, 3) + "x";
+        }
+        const int byte = bytes[static_cast<std::size_t>(i)];
+        cells_.back()[static_cast<std::size_t>(i % 16 + 1)] =
+            hex ? "$" + Hex(byte, 2) : std::to_string(byte);
+    }
+    colors_.assign(cells_.size() * 17, 0x80000005);
 }
 
-std::string TLiteralView::Cell(int atColumn, int atRow) const {
+int TLiteralView::RowCount() const {
+    return static_cast<int>(cells_.size());
+}
+
+const std::string &TLiteralView::Cell(int atColumn, int atRow) const {
+    static const std::string none;
     if (atColumn < 0 || atColumn > 16 || atRow < 0 || atRow >= RowCount())
-        return "";
-    if (atRow == 0)
-        return atColumn == 0 ? "" : Hex(atColumn - 1, 1);
-    if (atColumn == 0)
-        return Hex(atRow - 1, 3) + "x";
-    const auto offset = static_cast<std::size_t>(16 * (atRow - 1) + atColumn - 1);
-    if (offset >= bytes_.size())
-        return "";
-    return hex_ ? "$" + Hex(bytes_[offset], 2) : std::to_string(bytes_[offset]);
+        return none;
+    return cells_[static_cast<std::size_t>(atRow)][static_cast<std::size_t>(atColumn)];
 }
 
 TColor TLiteralView::Color(int atColumn, int atRow) const {
@@ -72,13 +77,11 @@ int TLiteralView::Value(int atColumn, int atRow) const {
 }
 
 std::pair<int, int> TLiteralView::CellBehind(int steps) const {
-    int atColumn = column;
+    int atColumn = column + steps;
     int atRow = row;
-    for (int i = 0; i < steps; ++i) {
-        if (++atColumn > 16) {
-            atColumn = 1;
-            ++atRow;
-        }
+    while (atColumn > 16) {
+        atColumn -= 16;
+        ++atRow;
     }
     return {atColumn, atRow};
 }

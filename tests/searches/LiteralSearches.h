@@ -22,11 +22,11 @@ struct TLiteralMapSearch {
 
 class TLiteralView {
 public:
-    TLiteralView(std::vector<std::uint8_t> bytes, bool hex);
+    TLiteralView(const std::vector<std::uint8_t> &bytes, bool hex);
 
     int RowCount() const;
     /// Header and address cells included; empty where there is no byte or no cell.
-    std::string Cell(int column, int row) const;
+    const std::string &Cell(int column, int row) const;
     TColor Color(int column, int row) const;
     void SetColor(int column, int row, TColor color);
 
@@ -52,7 +52,6 @@ private:
     bool LinearMap(const TLiteralMapSearch &search);
     bool TwoDMap(const TLiteralMapSearch &search);
 
-    std::vector<std::uint8_t> bytes_;
-    bool hex_;
+    std::vector<std::vector<std::string>> cells_; ///< the texts, by row and column
     std::vector<TColor> colors_;
 };
