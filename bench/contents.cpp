@@ -4,6 +4,7 @@
 // Figures of a release build on a quiet machine are the ones to go by.
 
 #include "Measure.h"
+#include "SearchImages.h"
 #include "Start.h"
 #include "filedisplay/FileDisplay.h"
 #include "filedisplay/FileGrid.h"
@@ -96,6 +97,64 @@ TPair Repainting(const std::vector<std::uint8_t> &bytes) {
         [&] { return Time(direct); });
 }
 
+/// The contents view with an image of these cells, as the notebook shows it.
+class TShownContents {
+public:
+    explicit TShownContents(const std::vector<TCellValue> &cells) {
+        ROMImage()->size = static_cast<std::int32_t>(cells.size());
+        std::copy(cells.begin(), cells.end(), ROMImage()->data.begin());
+        workspace_.romFileName = "image.BIN";
+        page.ShowPage();
+    }
+    /// Writes one colour into every cell of the view.
+    void ColorAll() {
+        auto &grid = *page.findChild<TStringAlignGrid *>("grdFile");
+        const TGridUpdate update(grid);
+        for (int row = 1; row < grid.RowCount(); ++row)
+            for (int column = 1; column < columns; ++column)
+                grid.SetCellColor(column, row, possibleFuelColor);
+    }
+
+private:
+    TWorkspace workspace_;
+    TPrinting printing_;
+
+public:
+    TfrmFileContents page{nullptr, workspace_, printing_};
+};
+
+using TCommand = void (TfrmFileContents::*)();
+
+/// A command as the user runs it, its colours given to the grid, beside colouring all cells.
+TPair Commanding(const std::vector<TCellValue> &cells, TCommand command) {
+    TShownContents ours(cells);
+    TShownContents plain(cells);
+    ours.page.ShowPage();
+    return Measure(
+        rounds,
+        [&] {
+            ours.page.ClearAllMarkers1Click();
+            return Time([&] { (ours.page.*command)(); });
+        },
+        [&] { return Time([&] { plain.ColorAll(); }); });
+}
+
+void MeasureCommands(TTable &table, std::size_t size) {
+    const std::string suffix = ", " + std::to_string(size / 1024) + " KiB";
+    const std::vector<TCellValue> random = RandomCells(size);
+    table.Ratio("mark fuel values / colour all cells, ms" + suffix,
+                Commanding(random, &TfrmFileContents::FindConsecutivePossFuelValsClick), 3);
+    for (const TSearchImage &image : SearchImages()) {
+        if (image.contents != TMapContents::Any || image.markedOneIn != 0)
+            continue;
+        const bool linear = image.shape == TMapShape::Linear;
+        table.Ratio((linear ? "linear maps, " : "2-D maps, ") + std::string(image.name) + suffix,
+                    Commanding(CellsOf(image, size), linear ? &TfrmFileContents::Any2Click
+                                                            : &TfrmFileContents::Any1Click),
+                    10);
+    }
+}
+
 /// An image of 64 KiB with 200 fuel maps of 2 x 2 points.
 void LoadFoundMaps() {
     constexpr std::array<std::uint8_t, 12> map{1, 2, 5, 6, 1, 2, 7, 8, 100, 100, 100, 100};
@@ -168,6 +227,7 @@ bool MeasureAll(const fs::path &image) {
         const std::string suffix = ", " + std::to_string(size / 1024) + " KiB";
         table.Ratio("rebuild the view / fill a vector, ms" + suffix, Rebuilding(bytes), 2);
         table.Ratio("repaint 40 rows / draw their texts, ms" + suffix, Repainting(bytes), 3);
+        MeasureCommands(table, size);
     }
     table.Ratio("pages for 200 found maps / 200 empty pages, ms", AddingPages(), 3);
     const std::vector<std::uint8_t> bytes = RandomBytes(0x100000);
