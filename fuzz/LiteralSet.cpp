@@ -3,11 +3,24 @@
 #include "model/Numbers.h"
 #include "model/Values.h"
 
+namespace {
+void ShowText(TFakeMapGrid &grid, std::size_t column, std::size_t row, const std::string &text) {
+    const auto c = static_cast<int>(column);
+    const auto r = static_cast<int>(row);
+    if (c < grid.ColCount() && r < grid.RowCount())
+        grid.SetCell(c, r, text);
+}
+} // namespace
+
+bool TLiteralSet::Modified() const {
+    return revModified || entries[0].modified || entries[1].modified || entries[2].modified;
+}
+
 std::int32_t TLiteralSet::Location(const TLiteralEntry &entry) const {
     if (entry.pointerPlace == -1)
         return entry.directPlace;
     const std::int64_t place = entry.pointerPlace;
-    return (ByteAt(image, place) & entry.mask) * 256 + ByteAt(image, place + 1);
+    return (ByteAt(world.image, place) & entry.mask) * 256 + ByteAt(world.image, place + 1);
 }
 
 void TLiteralSet::PlaceDirectly(TLiteralEntry &entry, std::int32_t place) {
@@ -15,7 +28,7 @@ void TLiteralSet::PlaceDirectly(TLiteralEntry &entry, std::int32_t place) {
     entry.pointerPlace = -1;
     if (place == 0)
         return;
-    entry.map.Load(image, place);
+    entry.map.Load(world.image, place);
     entry.modified = false;
 }
 
@@ -23,31 +36,54 @@ void TLiteralSet::PlaceThroughPointer(TLiteralEntry &entry, std::int32_t place, 
     entry.pointerPlace = place;
     entry.mask = mask;
     if (place != -1)
-        entry.directPlace = ByteAt(image, place);
-    entry.map.Load(image, Location(entry));
+        entry.directPlace = ByteAt(world.image, place);
+    entry.map.Load(world.image, Location(entry));
     entry.modified = false;
 }
 
-void TLiteralSet::SetSingleLoadPoints() {
-    for (const std::size_t i : {1U, 2U}) {
-        entries[i].map.load.count = 1;
-        entries[i].map.load.points = {i == 1 ? 0 : 100};
+void TLiteralSet::SetSingleLoadPoint(std::size_t which) {
+    if (which == 0)
+        return;
+    entries[which].map.load.count = 1;
+    entries[which].map.load.points = {which == 1 ? 0 : 100};
+}
+
+void TLiteralSet::PlaceRevLimiter(std::int32_t place) {
+    revPlace = place;
+    if (place != -1)
+        revRaw = ByteAt(world.image, place);
+}
+
+void TLiteralSet::SetRevLimiter(std::int32_t rpm) {
+    revRaw = TryRound(rpm / 40.0).value_or(0);
+    revModified = true;
+}
+
+void TLiteralSet::Interpret(bool converted) {
+    showConverted = converted;
+    for (TLiteralEntry &entry : entries) {
+        entry.map.converted = converted;
+        entry.formatConverted = converted;
     }
 }
 
 void TLiteralSet::Save(TLiteralEntry &entry) {
-    entry.map.Write(image);
-    if (entry.map.CannotBeWritten(image))
-        messages.emplace_back("Error saving data map data");
+    entry.map.Write(world.image);
+    if (entry.map.CannotBeWritten(world.image))
+        world.messages.emplace_back("Error saving data map data");
     entry.modified = false;
 }
 
-void TLiteralSet::SaveRevLimiter() {
+void TLiteralSet::SaveAll() {
+    for (TLiteralEntry &entry : entries)
+        Save(entry);
+    if (!fuel)
+        return;
     revModified = false;
-    if (revPlace >= 0 && revPlace < 0x100000)
-        PutByte(image, revPlace, revRaw);
+    if (revPlace >= 0 && revPlace < static_cast<std::int32_t>(world.image.size()))
+        PutByte(world.image, revPlace, revRaw);
     else
-        messages.emplace_back("Error saving rev limiter data");
+        world.messages.emplace_back("Error saving rev limiter data");
 }
 
 void TLiteralSet::Zero() {
@@ -60,35 +96,68 @@ void TLiteralSet::Zero() {
         if (zero)
             map.cells.assign(map.cells.size(), *zero);
         else if (!told)
-            messages.emplace_back("Timing Divider Not yet Set");
+            world.messages.emplace_back("Timing Divider Not yet Set");
         told = told || !zero;
         entry.modified = true;
     }
 }
 
-bool TLiteralSet::TakeEdits(TLiteralEntry &entry) {
-    const int columns = entry.grid.ColCount();
-    const int rows = entry.grid.RowCount();
+void TLiteralSet::Paste(const TLiteralEntry &copied, TLiteralEntry &entry) {
+    entry.map.Paste(copied.map);
+    entry.formatConverted = copied.formatConverted;
+    entry.modified = !entry.map.cells.empty();
+}
+
+void TLiteralSet::Shape(const TLiteralEntry &entry, TFakeMapGrid &grid) {
+    const bool filled = entry.map.Fits() && entry.map.rpm.count > 0;
+    grid.SetShape(filled ? entry.map.rpm.count + 1 : 1, filled ? entry.map.load.count + 1 : 1);
+    grid.SetVisible(entry.map.Fits());
+}
+
+void TLiteralSet::Fill(const TLiteralEntry &entry, TFakeMapGrid &grid) const {
+    const TLiteralMap &map = entry.map;
+    grid.SetVisible(map.Fits());
+    if (!map.Fits())
+        return;
+    for (int column = 0; column < grid.ColCount(); ++column)
+        for (int row = 0; row < grid.RowCount(); ++row)
+            grid.SetFontColor(column, row, clWindowText);
+    const std::size_t loads = map.load.points.size();
+    for (std::size_t r = 0; r < map.rpm.points.size(); ++r)
+        ShowText(grid, r + 1, 0, FormatReal("####0", map.rpm.points[r] * 40.0));
+    for (std::size_t t = 0; t < loads; ++t) {
+        ShowText(grid, 0, t + 1, FormatReal("##0", LoadShown(entry, t)) + "%");
+        for (std::size_t r = 0; r < map.rpm.points.size(); ++r)
+            ShowText(grid, r + 1, t + 1,
+                     FormatReal(Picture(entry), CellShown(entry, r * loads + t)));
+    }
+}
+
+bool TLiteralSet::TakeEdits(TLiteralEntry &entry, TFakeMapGrid &grid) {
+    const int columns = grid.ColCount();
+    const int rows = grid.RowCount();
     for (int column = 1; column < columns; ++column)
         for (int row = 1; row < rows; ++row)
-            TakeCell(entry, column, row);
+            TakeCell(entry, grid, column, row);
     bool stopped = false;
     for (int column = 1; column < columns && !stopped; ++column)
-        stopped = TakeHeader(entry, column, 0);
+        stopped = TakeHeader(entry, grid, column, 0);
     for (int row = 1; row < rows && !stopped && entry.map.twoAxes; ++row)
-        stopped = TakeHeader(entry, 0, row);
+        stopped = TakeHeader(entry, grid, 0, row);
     return stopped;
 }
 
-double TLiteralSet::Shown(std::int32_t raw, bool converted) const {
-    if (!converted)
+const char *TLiteralSet::Picture(const TLiteralEntry &entry) const {
+    const char *converted = fuel ? "###0.00" : "###0.0";
+    return entry.formatConverted ? converted : "##0";
+}
+
+double TLiteralSet::CellShown(const TLiteralEntry &entry, std::size_t cell) const {
+    const std::int32_t raw = entry.map.cells[cell];
+    if (!entry.map.converted)
         return raw;
     const auto [divider, subtractor] = TimingConstants();
     return fuel ? raw / 128.0 : (raw - subtractor) * divider;
-}
-
-double TLiteralSet::Shown(const TLiteralEntry &entry, std::size_t cell) const {
-    return Shown(entry.map.cells[cell], entry.map.converted);
 }
 
 double TLiteralSet::LoadShown(const TLiteralEntry &entry, std::size_t point) {
@@ -106,37 +175,37 @@ std::optional<std::int32_t> TLiteralSet::CellRaw(double number, bool converted) 
     return divider == 0.0 ? std::nullopt : TryRound(number / divider + subtractor);
 }
 
-void TLiteralSet::TakeCell(TLiteralEntry &entry, int column, int row) {
+void TLiteralSet::TakeCell(TLiteralEntry &entry, TFakeMapGrid &grid, int column, int row) {
     std::int32_t *cell = entry.map.Cell(column - 1, row - 1);
-    const std::optional<double> number = TryParseReal(entry.grid.Cell(column, row));
-    if (entry.grid.FontColor(column, row) != clBlue || !cell || !number)
+    const std::optional<double> number = TryParseReal(grid.Cell(column, row));
+    if (grid.FontColor(column, row) != clBlue || !cell || !number)
         return;
     const std::optional<std::int32_t> raw = CellRaw(*number, entry.map.converted);
     // A timing entry that cannot be converted counts as taken; any other stays in the grid.
     const bool timing = !fuel && entry.map.converted;
     if (!raw && timing)
-        messages.emplace_back("Timing Divider Not yet Set");
+        world.messages.emplace_back("Timing Divider Not yet Set");
     if (!raw && !timing)
         return;
     *cell = raw.value_or(*cell);
     entry.modified = true;
-    entry.grid.SetFontColor(column, row, clGreen);
+    grid.SetFontColor(column, row, clGreen);
 }
 
 /// True for a text that is no number or does not fit.
-bool TLiteralSet::TakeHeader(TLiteralEntry &entry, int column, int row) {
+bool TLiteralSet::TakeHeader(TLiteralEntry &entry, TFakeMapGrid &grid, int column, int row) {
     const bool load = column == 0;
     std::vector<std::int32_t> &points = load ? entry.map.load.points : entry.map.rpm.points;
     const auto point = static_cast<std::size_t>(load ? row : column) - 1;
-    if (entry.grid.FontColor(column, row) != clBlue || point >= points.size())
+    if (grid.FontColor(column, row) != clBlue || point >= points.size())
         return false;
-    const std::string text = entry.grid.Cell(column, row);
+    const std::string text = grid.Cell(column, row);
     const std::optional<double> number = TryParseReal(load ? text.substr(0, text.find('%')) : text);
     const std::optional<std::int32_t> raw =
         number ? TryRound(*number / (load ? 0.4 : 40.0)) : std::nullopt;
     if (!raw)
         return true;
     points[point] = *raw;
-    entry.grid.SetFontColor(column, row, clBlack);
+    grid.SetFontColor(column, row, clBlack);
     return false;
 }

@@ -1,6 +1,6 @@
-// Three maps of one kind as the fuzz target `maps` keeps them beside the model's: plain integers, a
-// grid and a chart each, and what the model is expected to have said. What an edit means is worked
-// out here once more.
+// Three maps of one kind as the fuzz targets keep them beside the program's: plain integers, and
+// what the program is expected to have said. What an edit means is worked out here once more, and
+// so is what a grid shows. LiteralPage.h puts a page's rules on top.
 #pragma once
 
 #include "model/LiteralMap.h"
@@ -12,52 +12,68 @@
 #include <string>
 #include <vector>
 
-/// One map, its views, and what the model keeps beside its numbers.
+/// What all sets share.
+struct TLiteralWorld {
+    std::vector<std::uint8_t> image = std::vector<std::uint8_t>(0x100000);
+    std::vector<std::string> messages; ///< the expected ones, in order
+};
+
+/// One map and what the program keeps beside its numbers.
 struct TLiteralEntry {
     explicit TLiteralEntry(bool twoAxes) : map(twoAxes) {}
 
     TLiteralMap map;
-    /// A direct place, or with a pointer's place above -1 the byte that the model found there.
+    /// A direct place, or with a pointer's place above -1 the byte that was found there.
     std::int32_t directPlace = 0;
     std::int32_t pointerPlace = -1;
     std::int32_t mask = 0;
     bool modified = false;
     /// Which picture the cells get; a load leaves it as it is.
     bool formatConverted = false;
-    TFakeMapGrid grid;
-    TFakeMapChart chart;
 };
 
 class TLiteralSet {
 public:
-    explicit TLiteralSet(bool fuelMaps) : fuel(fuelMaps) {}
+    /// The world is lent.
+    TLiteralSet(TLiteralWorld &sharedWorld, bool fuelMaps) : world(sharedWorld), fuel(fuelMaps) {}
 
+    TLiteralWorld &world;
     bool fuel;
-    std::vector<std::uint8_t> image = std::vector<std::uint8_t>(0x100000);
     std::array<TLiteralEntry, 3> entries{TLiteralEntry(true), TLiteralEntry(false),
                                          TLiteralEntry(false)};
+    bool showConverted = false;
     std::int32_t revPlace = -1;
     std::int32_t revRaw = 0;
     bool revModified = false;
-    std::vector<std::string> messages;
 
+    bool Modified() const;
     std::int32_t Location(const TLiteralEntry &entry) const;
     void PlaceDirectly(TLiteralEntry &entry, std::int32_t place);
     void PlaceThroughPointer(TLiteralEntry &entry, std::int32_t place, std::int32_t mask);
-    /// What follows the placing of all three maps.
-    void SetSingleLoadPoints();
+    /// The one load point of idle (0) and full throttle (100); part throttle stays.
+    void SetSingleLoadPoint(std::size_t which);
+    void PlaceRevLimiter(std::int32_t place);
+    void SetRevLimiter(std::int32_t rpm);
+    void Interpret(bool converted);
     void Save(TLiteralEntry &entry);
-    void SaveRevLimiter();
+    /// All maps, and the fuel set's rev limiter.
+    void SaveAll();
     void Zero();
-    /// Takes the blue cells of the entry's grid; true when a header cell stops it with an error.
-    bool TakeEdits(TLiteralEntry &entry);
+    /// Values, shape and format of another map; all cells count as modified.
+    static void Paste(const TLiteralEntry &copied, TLiteralEntry &entry);
 
-    double Shown(std::int32_t raw, bool converted) const;
-    double Shown(const TLiteralEntry &entry, std::size_t cell) const;
+    static void Shape(const TLiteralEntry &entry, TFakeMapGrid &grid);
+    /// Fills what the grid has cells for; hides it, and no more, when the map does not fit.
+    void Fill(const TLiteralEntry &entry, TFakeMapGrid &grid) const;
+    /// Takes the blue cells of a grid; true when a header cell stops it with an error.
+    bool TakeEdits(TLiteralEntry &entry, TFakeMapGrid &grid);
+
+    const char *Picture(const TLiteralEntry &entry) const;
+    double CellShown(const TLiteralEntry &entry, std::size_t cell) const;
     static double LoadShown(const TLiteralEntry &entry, std::size_t point);
 
 private:
     std::optional<std::int32_t> CellRaw(double number, bool converted) const;
-    void TakeCell(TLiteralEntry &entry, int column, int row);
-    static bool TakeHeader(TLiteralEntry &entry, int column, int row);
+    void TakeCell(TLiteralEntry &entry, TFakeMapGrid &grid, int column, int row);
+    static bool TakeHeader(TLiteralEntry &entry, TFakeMapGrid &grid, int column, int row);
 };

@@ -24,10 +24,24 @@ constexpr std::array<TTimingConstants, 5> constants{
     {{0.65, 12.7}, {0.0, 0.0}, {-1.5, 200.0}, {1e-12, 0.25}, {1e308, -1e308}}};
 constexpr int mostSteps = 64;
 
+void DemandSameGrid(const TFakeMapGrid &expected, const TFakeMapGrid &grid) {
+    Demand(grid.Visible() == expected.Visible(), "a grid is shown or hidden wrongly");
+    Demand(grid.ColCount() == expected.ColCount() && grid.RowCount() == expected.RowCount(),
+           "a grid of another shape");
+    for (int column = 0; column < grid.ColCount(); ++column)
+        for (int row = 0; row < grid.RowCount(); ++row) {
+            const std::string shown = grid.Cell(column, row);
+            Demand(shown == expected.Cell(column, row),
+                   "a cell shows " + shown + " instead of " + expected.Cell(column, row));
+            Demand(grid.FontColor(column, row) == expected.FontColor(column, row),
+                   "a cell has another mark");
+        }
+}
+
 class TPlayedMaps {
 public:
     explicit TPlayedMaps(TFuzzInput &input)
-        : input_(input), literal_(input.Byte() % 2 == 1), base_(bases[input.Byte() % 4]) {
+        : input_(input), literal_(world_, input.Byte() % 2 == 1), base_(bases[input.Byte() % 4]) {
         if (literal_.fuel)
             set_ = std::make_unique<TFuelMapSet>();
         else
@@ -72,7 +86,7 @@ private:
     std::string Text() {
         switch (input_.Below(4)) {
         case 0:
-            return input_.Text(static_cast<std::size_t>(input_.Below(18)));
+            return input_.Text(static_cast<std::size_t>(input_.Below(16)));
         case 1:
             return FormatReal("##0", static_cast<std::int16_t>(input_.Word())) + "%";
         default:
@@ -81,7 +95,7 @@ private:
     }
 
     void PokeBoth(std::int32_t place, std::uint8_t byte) {
-        PutByte(literal_.image, place, byte);
+        PutByte(world_.image, place, byte);
         ROMImage()->Poke(place, byte);
     }
 
@@ -128,7 +142,12 @@ private:
         set_->SetOffsets(places[0], places[1], places[2]);
         for (std::size_t i = 0; i < 3; ++i)
             literal_.PlaceDirectly(literal_.entries[i], places[i]);
-        literal_.SetSingleLoadPoints();
+        SetSingleLoadPoints();
+    }
+
+    void SetSingleLoadPoints() {
+        for (const std::size_t which : {0U, 1U, 2U})
+            literal_.SetSingleLoadPoint(which);
     }
 
     void PointAll() {
@@ -137,7 +156,7 @@ private:
         set_->SetPointers(places[0], masks[0], places[1], masks[1], places[2], masks[2]);
         for (std::size_t i = 0; i < 3; ++i)
             literal_.PlaceThroughPointer(literal_.entries[i], places[i], masks[i]);
-        literal_.SetSingleLoadPoints();
+        SetSingleLoadPoints();
     }
 
     void PlaceOne(std::size_t which) {
@@ -153,19 +172,13 @@ private:
 
     void SaveAll() {
         set_->SaveAll();
-        for (TLiteralEntry &entry : literal_.entries)
-            literal_.Save(entry);
-        if (Fuel())
-            literal_.SaveRevLimiter();
+        literal_.SaveAll();
     }
 
     void Interpret() {
         const bool converted = input_.Flag();
         set_->SetShowConverted(converted);
-        for (TLiteralEntry &entry : literal_.entries) {
-            entry.map.converted = converted;
-            entry.formatConverted = converted;
-        }
+        literal_.Interpret(converted);
     }
 
     void RevLimiter() {
@@ -175,13 +188,10 @@ private:
             return;
         if (place) {
             Fuel()->revLimiter.SetOffset(number);
-            literal_.revPlace = number;
-            if (number != -1)
-                literal_.revRaw = ByteAt(literal_.image, number);
+            literal_.PlaceRevLimiter(number);
         } else {
             Fuel()->revLimiter.SetValue(number);
-            literal_.revRaw = TryRound(number / 40.0).value_or(0);
-            literal_.revModified = true;
+            literal_.SetRevLimiter(number);
         }
     }
 
@@ -200,75 +210,48 @@ private:
         if (!may)
             return;
         copies_[which]->AssignTo(Map(which));
-        entry.map.Paste(copied->map);
-        entry.formatConverted = copied->formatConverted;
-        entry.modified = !entry.map.cells.empty();
+        TLiteralSet::Paste(*copied, entry);
     }
 
     void Show(std::size_t which) {
-        TLiteralEntry &entry = literal_.entries[which];
+        const TLiteralEntry &entry = literal_.entries[which];
         const TMap &map = Map(which);
+        TFakeMapGrid &grid = grids_[which];
+        TFakeMapChart &chart = charts_[which];
         std::string label;
-        map.SizeGrid(entry.grid);
-        map.FillGrid(entry.grid, label, map.GetCellFormat(), 12, 12);
-        Demand(label == FormatOffset(static_cast<std::int32_t>(
-                            std::min<std::int64_t>(entry.map.rpm.offset, 0x7FFFFFFF))),
+        map.SizeGrid(grid);
+        map.FillGrid(grid, label, map.GetCellFormat(), 12, 12);
+        const auto place = std::min<std::int64_t>(entry.map.rpm.offset, 0x7FFFFFFF);
+        Demand(label == FormatOffset(static_cast<std::int32_t>(place)),
                "another offset is shown: " + label);
-        CompareGrid(entry);
-        map.SizeChart(entry.chart);
-        Demand(entry.chart.Visible() == entry.map.Fits(), "a chart is shown or hidden wrongly");
+        TFakeMapGrid expected;
+        TLiteralSet::Shape(entry, expected);
+        literal_.Fill(entry, expected);
+        DemandSameGrid(expected, grid);
+        map.SizeChart(chart);
+        Demand(chart.Visible() == entry.map.Fits(), "a chart is shown or hidden wrongly");
         if (!entry.map.Fits())
             return;
-        map.FillChart(entry.chart);
-        CompareChart(entry, false);
-        FillQuickChart(map, entry.chart);
-        CompareChart(entry, true);
-        Redraw(entry);
-    }
-
-    void CompareGrid(const TLiteralEntry &entry) {
-        const TLiteralMap &map = entry.map;
-        const bool filled = map.Fits() && map.rpm.count > 0;
-        Demand(entry.grid.Visible() == map.Fits(), "a grid is shown or hidden wrongly");
-        Demand(entry.grid.ColCount() == (filled ? map.rpm.count + 1 : 1) &&
-                   entry.grid.RowCount() == (filled ? map.load.count + 1 : 1),
-               "a grid of another shape");
-        if (!filled)
-            return;
-        for (std::size_t r = 0; r < map.rpm.points.size(); ++r)
-            DemandCell(entry, r + 1, 0, FormatReal("####0", map.rpm.points[r] * 40.0));
-        const char *converted = literal_.fuel ? "###0.00" : "###0.0";
-        for (std::size_t t = 0; t < map.load.points.size(); ++t) {
-            DemandCell(entry, 0, t + 1, FormatReal("##0", TLiteralSet::LoadShown(entry, t)) + "%");
-            for (std::size_t r = 0; r < map.rpm.points.size(); ++r)
-                DemandCell(entry, r + 1, t + 1,
-                           FormatReal(entry.formatConverted ? converted : "##0",
-                                      literal_.Shown(entry, r * map.load.points.size() + t)));
-        }
-    }
-
-    static void DemandCell(const TLiteralEntry &entry, std::size_t column, std::size_t row,
-                           const std::string &text) {
-        const auto c = static_cast<int>(column);
-        const auto r = static_cast<int>(row);
-        Demand(entry.grid.Cell(c, r) == text,
-               "a cell shows " + entry.grid.Cell(c, r) + " instead of " + text);
-        Demand(entry.grid.FontColor(c, r) == clWindowText, "a filled cell is marked");
+        map.FillChart(chart);
+        CompareChart(entry, chart, false);
+        FillQuickChart(map, chart);
+        CompareChart(entry, chart, true);
+        Redraw(grid, chart);
     }
 
     /// The model's own chart, or the quick chart, whose series run the other way.
-    void CompareChart(const TLiteralEntry &entry, bool quick) {
+    void CompareChart(const TLiteralEntry &entry, const TFakeMapChart &chart, bool quick) {
         const TLiteralMap &map = entry.map;
         const std::size_t loads = map.load.points.size();
-        Demand(entry.chart.series.size() == loads, "another number of series");
+        Demand(chart.series.size() == loads, "another number of series");
         for (std::size_t t = 0; t < loads; ++t) {
-            const auto &series = entry.chart.series[quick ? loads - 1 - t : t];
+            const auto &series = chart.series[quick ? loads - 1 - t : t];
             Demand(series.title == FormatReal("##0", TLiteralSet::LoadShown(entry, t)),
                    "another title of a series");
             Demand(series.points.size() == map.rpm.points.size(), "another number of points");
             for (std::size_t r = 0; r < series.points.size(); ++r)
                 ComparePoint(series.points[r], map.rpm.points[r] * 40.0,
-                             literal_.Shown(entry, r * loads + t));
+                             literal_.CellShown(entry, r * loads + t));
         }
     }
 
@@ -282,17 +265,17 @@ private:
     }
 
     /// The page's own drawing from the texts; the fake chart ends the process for a missing series.
-    static void Redraw(TLiteralEntry &entry) {
-        RedrawChart(entry.grid, entry.chart);
-        if (!entry.grid.Visible())
+    static void Redraw(const TFakeMapGrid &grid, TFakeMapChart &chart) {
+        RedrawChart(grid, chart);
+        if (!grid.Visible())
             return;
-        for (int row = 1; row < entry.grid.RowCount(); ++row) {
-            const auto series = static_cast<std::size_t>(entry.grid.RowCount() - 1 - row);
-            const auto &points = entry.chart.series[series].points;
-            Demand(points.size() + 1 == static_cast<std::size_t>(entry.grid.ColCount()),
+        for (int row = 1; row < grid.RowCount(); ++row) {
+            const auto series = static_cast<std::size_t>(grid.RowCount() - 1 - row);
+            const auto &points = chart.series[series].points;
+            Demand(points.size() + 1 == static_cast<std::size_t>(grid.ColCount()),
                    "another number of drawn points");
             for (std::size_t i = 0; i < points.size(); ++i) {
-                const auto number = TryParseReal(entry.grid.Cell(static_cast<int>(i) + 1, row));
+                const auto number = TryParseReal(grid.Cell(static_cast<int>(i) + 1, row));
                 const bool drawn = number && TryRound(*number);
                 Demand(points[i].value == (drawn ? *number : unreadableValue),
                        "another drawn value");
@@ -302,46 +285,41 @@ private:
 
     /// What is typed lands in the grid as any text and is drawn; the page would refuse some.
     void Edit(std::size_t which) {
-        TLiteralEntry &entry = literal_.entries[which];
-        const int column = input_.Byte() % entry.grid.ColCount();
-        const int row = input_.Byte() % entry.grid.RowCount();
-        entry.grid.Edit(column, row, Text());
-        if (entry.grid.RowCount() - 1 <= entry.chart.SeriesCount())
-            Redraw(entry);
+        TFakeMapGrid &grid = grids_[which];
+        TFakeMapChart &chart = charts_[which];
+        const int column = input_.Byte() % grid.ColCount();
+        const int row = input_.Byte() % grid.RowCount();
+        grid.Edit(column, row, Text());
+        if (grid.RowCount() - 1 <= chart.SeriesCount())
+            Redraw(grid, chart);
     }
 
     void Take(std::size_t which) {
-        TLiteralEntry &entry = literal_.entries[which];
-        TFakeMapGrid grid = entry.grid;
+        TFakeMapGrid expected = grids_[which];
         bool stopped = false;
         try {
-            Map(which).ReadGrid(grid);
+            Map(which).ReadGrid(grids_[which]);
         } catch (const EConvertError &) {
             stopped = true;
         } catch (const ERangeError &) {
             stopped = true;
         }
-        Demand(literal_.TakeEdits(entry) == stopped, "another end of reading a grid");
-        for (int column = 0; column < grid.ColCount(); ++column)
-            for (int row = 0; row < grid.RowCount(); ++row)
-                Demand(grid.FontColor(column, row) == entry.grid.FontColor(column, row),
-                       "another mark of a cell that was read");
+        Demand(literal_.TakeEdits(literal_.entries[which], expected) == stopped,
+               "another end of reading a grid");
+        DemandSameGrid(expected, grids_[which]);
     }
 
     void Compare() {
-        Demand(std::memcmp(ROMImage()->data.data(), literal_.image.data(), TROMImage::capacity) ==
-                   0,
+        Demand(std::memcmp(ROMImage()->data.data(), world_.image.data(), TROMImage::capacity) == 0,
                "another image");
-        Demand(messages_ == literal_.messages,
+        Demand(messages_ == world_.messages,
                "other messages, the last: " + (messages_.empty() ? "none" : messages_.back()));
-        bool modified = literal_.revModified;
-        for (std::size_t i = 0; i < 3; ++i) {
+        for (std::size_t i = 0; i < 3; ++i)
             CompareMap(Map(i), literal_.entries[i]);
-            modified = modified || literal_.entries[i].modified;
-        }
-        Demand(set_->IsModified() == modified, "another answer to whether the set is modified");
+        Demand(set_->IsModified() == literal_.Modified(),
+               "another answer to whether the set is modified");
         messages_.clear();
-        literal_.messages.clear();
+        world_.messages.clear();
     }
 
     void CompareMap(const TMap &map, const TLiteralEntry &entry) {
@@ -362,9 +340,12 @@ private:
     }
 
     TFuzzInput &input_;
+    TLiteralWorld world_;
     TLiteralSet literal_;
     std::int32_t base_;
     std::unique_ptr<TMapSet> set_;
+    std::array<TFakeMapGrid, 3> grids_;
+    std::array<TFakeMapChart, 3> charts_;
     std::array<std::unique_ptr<TMap>, 3> copies_;
     std::array<std::unique_ptr<TLiteralEntry>, 3> literalCopies_;
     std::vector<std::string> messages_;
