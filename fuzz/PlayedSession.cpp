@@ -14,11 +14,9 @@
 
 namespace {
 constexpr std::array<TMapKind, 3> kinds{TMapKind::PT, TMapKind::Idle, TMapKind::WOT};
-constexpr QSize roomForAllTabs(2400, 900);
 } // namespace
 
 TPlayedSession::TPlayedSession(TFuzzInput &input) : input_(input) {
-    session_.window->resize(roomForAllTabs);
     session_.WriteSamples();
     for (const char *name : {"FERRO32K.BIN", "FERRO64K.BIN"})
         files_[name] = session_.Read(name);
@@ -61,7 +59,7 @@ void TPlayedSession::Run(int mostSteps) {
 }
 
 void TPlayedSession::Step() {
-    const int what = input_.Below(32);
+    const int what = input_.Below(48);
     switch (what) {
     case 0:
         return Load();
