@@ -10,6 +10,8 @@
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
+/// Only some targets have it.
+extern "C" [[gnu::weak]] int LLVMFuzzerInitialize(int *argc, char ***argv);
 
 namespace {
 namespace fs = std::filesystem;
@@ -26,6 +28,8 @@ void Replay(const fs::path &file) {
 } // namespace
 
 int main(int argc, char **argv) {
+    if (LLVMFuzzerInitialize)
+        LLVMFuzzerInitialize(&argc, &argv);
     int files = 0;
     for (int i = 1; i < argc; ++i) {
         if (!fs::is_directory(argv[i])) {

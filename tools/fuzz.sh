@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs every fuzz target for a while and fails when one finds something.
 #   tools/fuzz.sh MINUTES    of each target
+# A dictionary fuzz/NAME.dict and options of libFuzzer in fuzz/NAME.options, one a line, are used where they are there.
 # What a target learns is kept in build/fuzz/corpus/NAME for the next run; what it finds goes to build/fuzz/findings/NAME. To look
 # at a finding, give its file to build/fuzz/fuzz/fuzz_NAME. A small input that tells something new belongs into fuzz/corpus/NAME:
 # the tests replay it.
@@ -22,9 +23,12 @@ for source in "$top"/fuzz/[a-z]*.cpp; do
     findings=$top/build/fuzz/findings/$name
     mkdir -p "$corpus" "$findings"
     step "fuzzing '$name' for $minutes min"
+    options=()
+    [ ! -f "$top/fuzz/$name.options" ] || mapfile -t options < <(grep '^-' "$top/fuzz/$name.options")
+    [ ! -f "$top/fuzz/$name.dict" ] || options+=(-dict="$top/fuzz/$name.dict")
     # The first folder is the one that is written to. 30 s for one input would be a finding as well.
     "$top/build/fuzz/fuzz/fuzz_$name" "$corpus" "$top/fuzz/corpus/$name" -max_total_time=$((minutes * 60)) -timeout=30 \
-        -artifact_prefix="$findings/" -print_final_stats=1 || found+=("$name")
+        -artifact_prefix="$findings/" -print_final_stats=1 "${options[@]}" || found+=("$name")
 done
 
 if [ ${#found[@]} -ne 0 ]; then

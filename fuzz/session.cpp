@@ -1,0 +1,49 @@
+// Fuzz target: whole sittings at the real main window, without a screen. The input chooses what is
+// done (PlayedSession.h); the image, the grids, the questions, the messages and the saved files
+// must be what a plain model of the window says.
+#include "PlayedSession.h"
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+namespace {
+constexpr int mostSteps = 60;
+
+/// The scripted dialogs and the session report what they miss as failures of a test.
+bool AnyFailure() {
+    return testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed();
+}
+
+void FailOnWarning(QtMsgType type, const QMessageLogContext &, const QString &text) {
+    const bool platformGap = text.startsWith("This plugin does not support ");
+    if (type != QtDebugMsg && type != QtInfoMsg && !platformGap)
+        Finding("toolkit message: " + text.toStdString());
+}
+} // namespace
+
+/// What the toolkit's libraries keep for the life of the process is not ours to mend.
+extern "C" const char *__lsan_default_suppressions() {
+    return "leak:libfontconfig.so\n";
+}
+
+extern "C" int LLVMFuzzerInitialize(int *, char ***) {
+    static int argc = 1;
+    static char name[] = "session";
+    static char *argv[] = {name, nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    // Never destroyed: it would outlive what it needs at the end of the process.
+    static auto *application = new QApplication(argc, argv);
+    Demand(application != nullptr, "no application");
+    QApplication::setQuitOnLastWindowClosed(false);
+    qInstallMessageHandler(FailOnWarning);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+    TFuzzInput input(data, size);
+    TPlayedSession(input).Run(mostSteps);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Demand(!AnyFailure(), "a failure above");
+    return 0;
+}
