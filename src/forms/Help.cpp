@@ -1,6 +1,9 @@
 #include "forms/Help.h"
 
+#include "forms/Paths.h"
 #include "model/Errors.h"
+
+#include <filesystem>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,19 +17,31 @@ namespace {
 constexpr int columns = 84; // of the fixed font; the usual width of a text file and a margin
 constexpr int rows = 30;
 
-[[noreturn]] void Fail(const QFile &file) {
+[[noreturn]] void Fail(const QFile &file, const QString &reason) {
     const QString text = QString("Cannot open file \"%1\": %2")
-                             .arg(QDir::toNativeSeparators(file.fileName()), file.errorString());
+                             .arg(QDir::toNativeSeparators(file.fileName()), reason);
     throw EFileError(text.toStdString());
 }
 
-QByteArray ReadFile(const QString &name) {
-    QFile file(name);
+QByteArray ReadFile(QFile &file) {
+    // Opening a pipe would wait for somebody to write into it.
+    std::error_code error;
+    const std::filesystem::file_status status =
+        std::filesystem::status(ToPath(file.fileName()), error);
+    if (exists(status) && !is_regular_file(status))
+        Fail(file, "not a regular file");
     if (!file.open(QIODevice::ReadOnly))
-        Fail(file);
-    const QByteArray bytes = file.readAll();
+        Fail(file, file.errorString());
+    const qint64 length = file.size();
+    if (length > maxHelpFileSize)
+        Fail(
+            file,
+            QString("it has %1 bytes, more than the limit of %2").arg(length).arg(maxHelpFileSize));
+    const QByteArray bytes = file.read(maxHelpFileSize + 1);
     if (file.error() != QFileDevice::NoError)
-        Fail(file);
+        Fail(file, file.errorString());
+    if (bytes.size() != length)
+        Fail(file, "its length changed while it was read");
     return bytes;
 }
 
@@ -42,6 +57,27 @@ QString Lines(QString text) {
     if (text.endsWith('\n'))
         text.chop(1);
     return text;
+}
+
+bool HasLongLine(const QString &lines) {
+    for (qsizetype start = 0, end = 0; end >= 0; start = end + 1) {
+        end = lines.indexOf('\n', start);
+        if ((end < 0 ? lines.size() : end) - start > maxHelpLineLength)
+            return true;
+    }
+    return false;
+}
+
+QString ReadText(const QString &name) {
+    QFile file(name);
+    const QByteArray bytes = ReadFile(file);
+    if (bytes.contains('\0'))
+        Fail(file, "it is not a plain text");
+    const QString lines = Lines(Decode(bytes));
+    // The time that a line takes to be laid out grows with the square of its length.
+    if (HasLongLine(lines))
+        Fail(file, QString("it has a line of more than %1 characters").arg(maxHelpLineLength));
+    return lines;
 }
 } // namespace
 
@@ -62,5 +98,5 @@ TfrmHelp::TfrmHelp(const QString &fileName, QWidget *parent)
     const QFontMetrics font = Memo1->fontMetrics();
     resize(font.averageCharWidth() * columns, font.lineSpacing() * rows);
 
-    Memo1->setPlainText(Lines(Decode(ReadFile(ProgramDirectory() + fileName))));
+    Memo1->setPlainText(ReadText(ProgramDirectory() + fileName));
 }

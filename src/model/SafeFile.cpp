@@ -2,12 +2,15 @@
 
 #include "model/Errors.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <fcntl.h>
 #include <optional>
 #include <random>
 #include <string>
+#include <string_view>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -23,6 +26,7 @@ constexpr mode_t permissionBits = 07777;
 /// A failed system call; becomes an EFileError where the file's name is known.
 struct TSystemFailure {
     int code;
+    bool spoilt = false; ///< the old contents are lost, and the new ones are not all there
 };
 
 [[noreturn]] void Fail(int code) {
@@ -59,8 +63,8 @@ int TryOpen(const fs::path &file, int flags, mode_t mode = 0) {
     return Uninterrupted([&] { return open(file.c_str(), flags | O_CLOEXEC, mode); });
 }
 
-TFileHandle Open(const fs::path &file, int flags) {
-    const int descriptor = TryOpen(file, flags);
+TFileHandle Open(const fs::path &file, int flags, mode_t mode = 0) {
+    const int descriptor = TryOpen(file, flags, mode);
     if (descriptor < 0)
         Fail(errno);
     return TFileHandle(descriptor);
@@ -73,19 +77,24 @@ struct stat StatusOf(const TFileHandle &handle) {
     return status;
 }
 
-std::vector<std::uint8_t> ReadUpTo(const TFileHandle &handle, std::size_t length) {
-    std::vector<std::uint8_t> bytes(length);
+/// All bytes of a file of the length given; nothing when there are fewer or more.
+std::optional<std::vector<std::uint8_t>> ReadExactly(const TFileHandle &handle,
+                                                     std::size_t length) {
+    // Room for one more shows a file that grows.
+    std::vector<std::uint8_t> bytes(length + 1);
     std::size_t done = 0;
-    while (done < length) {
+    while (done < bytes.size()) {
         const ssize_t count =
-            Uninterrupted([&] { return read(handle.Get(), &bytes[done], length - done); });
+            Uninterrupted([&] { return read(handle.Get(), &bytes[done], bytes.size() - done); });
         if (count < 0)
             Fail(errno);
         if (count == 0)
             break;
         done += static_cast<std::size_t>(count);
     }
-    bytes.resize(done);
+    if (done != length)
+        return std::nullopt;
+    bytes.resize(length);
     return bytes;
 }
 
@@ -95,6 +104,8 @@ void WriteAll(const TFileHandle &handle, TBytes bytes) {
             Uninterrupted([&] { return write(handle.Get(), bytes.data(), bytes.size()); });
         if (count < 0)
             Fail(errno);
+        if (count == 0)
+            Fail(EIO); // a file system that takes nothing and names no reason
         bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
 }
@@ -109,7 +120,12 @@ void Flush(const TFileHandle &handle) {
 fs::path Resolve(fs::path file) {
     constexpr int mostLinks = 40;
     std::error_code error;
-    for (int links = 0; fs::is_symlink(fs::symlink_status(file, error)); ++links) {
+    for (int links = 0;; ++links) {
+        const fs::file_type type = fs::symlink_status(file, error).type();
+        if (type == fs::file_type::none)
+            Fail(error.value()); // taken for a plain file, a link would be replaced
+        if (type != fs::file_type::symlink)
+            return file;
         if (links == mostLinks)
             Fail(ELOOP);
         const fs::path target = fs::read_symlink(file, error);
@@ -117,7 +133,6 @@ fs::path Resolve(fs::path file) {
             Fail(error.value());
         file = file.parent_path() / target;
     }
-    return file;
 }
 
 /// The target as it stands now; nothing when there is none yet.
@@ -136,50 +151,120 @@ std::optional<struct stat> ExistingTarget(const fs::path &file) {
     return status;
 }
 
+constexpr std::string_view temporaryPrefix = ".ferrolyn-";
+constexpr std::string_view temporarySuffix = ".tmp";
+constexpr std::string_view digits = "0123456789abcdef";
+constexpr std::size_t randomDigits = 32;
+
 std::string RandomName() {
     std::random_device source;
-    std::string name = ".ferrolyn-";
-    for (int i = 0; i < 32; ++i)
-        name += "0123456789abcdef"[source() % 16];
-    return name + ".tmp";
+    std::string name(temporaryPrefix);
+    for (std::size_t i = 0; i < randomDigits; ++i)
+        name += digits[source() % digits.size()];
+    return name.append(temporarySuffix);
+}
+
+bool IsRandomName(std::string_view name) {
+    if (name.size() != temporaryPrefix.size() + randomDigits + temporarySuffix.size() ||
+        !name.starts_with(temporaryPrefix) || !name.ends_with(temporarySuffix))
+        return false;
+    name.remove_prefix(temporaryPrefix.size());
+    return name.find_first_not_of(digits) == randomDigits;
+}
+
+/// Holds the file as long as it is open, against every other process and thread. False when it is
+/// held already, or when the file system knows no locks.
+bool Hold(const TFileHandle &handle) {
+    return Uninterrupted([&] { return flock(handle.Get(), LOCK_EX | LOCK_NB); }) == 0;
+}
+
+void RemoveIfNobodyHolds(const fs::path &file) {
+    const int descriptor = TryOpen(file, O_WRONLY | O_NOFOLLOW | O_NONBLOCK);
+    if (descriptor < 0)
+        return;
+    const TFileHandle handle(descriptor);
+    struct stat status {};
+    if (fstat(handle.Get(), &status) == 0 && S_ISREG(status.st_mode) &&
+        status.st_uid == geteuid() && Hold(handle))
+        unlink(file.c_str());
+}
+
+/// Removes the temporary files of this user's saves that were killed. No failure here hinders a
+/// save.
+void RemoveRemains(const fs::path &folder) {
+    std::error_code error;
+    for (fs::directory_iterator file(folder.empty() ? "." : folder, error), end;
+         !error && file != end; file.increment(error))
+        if (IsRandomName(file->path().filename().native()))
+            RemoveIfNobodyHolds(file->path());
+}
+
+/// Whether another save took this new file for a remain before it was held.
+bool IsLost(const TFileHandle &handle) {
+    const bool held = Hold(handle);
+    struct stat status {};
+    return (!held && errno == EWOULDBLOCK) ||
+           (fstat(handle.Get(), &status) == 0 && status.st_nlink == 0);
+}
+
+struct TNamedFile {
+    fs::path path;
+    TFileHandle handle;
+};
+
+/// A new file that is held while it is open, so that no other save takes it for a remain.
+TNamedFile CreateHeld(const fs::path &folder, mode_t mode) {
+    constexpr int mostTries = 100;
+    for (int tries = 0; tries < mostTries; ++tries) {
+        const fs::path path = folder / RandomName();
+        TFileHandle handle = Open(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode);
+        if (!IsLost(handle))
+            return {path, std::move(handle)};
+        unlink(path.c_str());
+    }
+    Fail(EAGAIN);
 }
 
 /// A new file beside the target that is gone again unless it is renamed over the target.
 class TTemporaryFile {
 public:
     TTemporaryFile(const fs::path &target, mode_t mode)
-        : path_(target.parent_path() / RandomName()),
-          handle_(TryOpen(path_, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode)) {
-        if (handle_.Get() < 0)
-            Fail(errno);
-    }
+        : file_(CreateHeld(target.parent_path(), mode)) {}
     TTemporaryFile(const TTemporaryFile &) = delete;
     TTemporaryFile &operator=(const TTemporaryFile &) = delete;
     ~TTemporaryFile() {
-        if (!path_.empty())
-            unlink(path_.c_str());
+        if (!file_.path.empty())
+            unlink(file_.path.c_str());
     }
 
-    const TFileHandle &Handle() const { return handle_; }
+    const TFileHandle &Handle() const { return file_.handle; }
 
     void RenameTo(const fs::path &target) {
-        if (rename(path_.c_str(), target.c_str()) < 0)
+        if (rename(file_.path.c_str(), target.c_str()) < 0)
             Fail(errno);
-        path_.clear();
+        file_.path.clear();
     }
 
 private:
-    fs::path path_;
-    TFileHandle handle_;
+    TNamedFile file_;
 };
 
-/// Gives the file the owner and the exact permissions of the one that it replaces.
+/// Gives the file the owner and the permissions of the one that it replaces. Only an administrator
+/// may give files away: for anybody else the saver becomes the owner. A group that cannot be kept
+/// must not let another one in.
 void TakeOver(const TFileHandle &handle, const struct stat &old) {
     const struct stat fresh = StatusOf(handle);
-    const bool foreign = fresh.st_uid != old.st_uid || fresh.st_gid != old.st_gid;
-    // Only an administrator may give files away; for anybody else the saver becomes the owner.
-    [[maybe_unused]] const int given = foreign ? fchown(handle.Get(), old.st_uid, old.st_gid) : 0;
-    if (fchmod(handle.Get(), old.st_mode & permissionBits) < 0)
+    const auto give = [&](uid_t owner) {
+        return Uninterrupted([&] { return fchown(handle.Get(), owner, old.st_gid); }) == 0;
+    };
+    constexpr auto sameOwner = static_cast<uid_t>(-1);
+    const bool kept = (fresh.st_uid == old.st_uid && fresh.st_gid == old.st_gid) ||
+                      give(old.st_uid) || fresh.st_gid == old.st_gid || give(sameOwner);
+    const mode_t mode = old.st_mode & permissionBits;
+    const mode_t forOthers = mode & S_IRWXO;
+    const mode_t groupless =
+        (mode & ~mode_t{S_ISGID | S_IRWXG}) | (mode & S_IRWXG & forOthers << 3);
+    if (Uninterrupted([&] { return fchmod(handle.Get(), kept ? mode : groupless); }) < 0)
         Fail(errno);
 }
 
@@ -194,7 +279,9 @@ void FlushFolder(const fs::path &folder) {
 }
 
 void Replace(const fs::path &target, const std::optional<struct stat> &old, TBytes bytes) {
-    TTemporaryFile temporary(target, old ? old->st_mode & 0777 : 0666);
+    RemoveRemains(target.parent_path());
+    // Until it has its owner and group, a file that replaces another is the saver's alone.
+    TTemporaryFile temporary(target, old ? 0600 : 0666);
     WriteAll(temporary.Handle(), bytes);
     if (old)
         TakeOver(temporary.Handle(), *old);
@@ -205,7 +292,7 @@ void Replace(const fs::path &target, const std::optional<struct stat> &old, TByt
 
 void WriteDevice(const fs::path &target, TBytes bytes) {
     // Without waiting: a pipe that nobody reads is an error, not a hang.
-    const TFileHandle handle = Open(target, O_WRONLY | O_NONBLOCK);
+    const TFileHandle handle = Open(target, O_WRONLY | O_NONBLOCK | O_NOFOLLOW);
     WriteAll(handle, bytes);
     Flush(handle);
 }
@@ -214,22 +301,24 @@ void Overwrite(const TFileHandle &handle, TBytes bytes) {
     if (lseek(handle.Get(), 0, SEEK_SET) < 0)
         Fail(errno);
     WriteAll(handle, bytes);
-    if (ftruncate(handle.Get(), static_cast<off_t>(bytes.size())) < 0)
+    const auto length = static_cast<off_t>(bytes.size());
+    if (Uninterrupted([&] { return ftruncate(handle.Get(), length); }) < 0)
         Fail(errno);
     Flush(handle);
 }
 
 void WriteInPlace(const fs::path &target, TBytes bytes) {
-    const TFileHandle handle = Open(target, O_RDWR);
-    const std::vector<std::uint8_t> old =
-        ReadUpTo(handle, static_cast<std::size_t>(StatusOf(handle).st_size));
+    const TFileHandle handle = Open(target, O_RDWR | O_NOFOLLOW);
+    const auto old = ReadExactly(handle, static_cast<std::size_t>(StatusOf(handle).st_size));
+    if (!old)
+        Fail(EIO); // what cannot be put back must not be written over
     try {
         Overwrite(handle, bytes);
     } catch (const TSystemFailure &failure) {
         try {
-            Overwrite(handle, old);
+            Overwrite(handle, *old);
         } catch (const TSystemFailure &) {
-            // The first failure is the one that the user has to hear of.
+            throw TSystemFailure{failure.code, true}; // the first reason is the one to tell
         }
         throw failure;
     }
@@ -263,7 +352,8 @@ void Write(const fs::path &target, TBytes bytes) {
 }
 
 std::string ReasonOf(const TSystemFailure &failure) {
-    return std::generic_category().message(failure.code);
+    return std::generic_category().message(failure.code) +
+           (failure.spoilt ? "; the old contents could not be put back" : "");
 }
 
 } // namespace
@@ -282,7 +372,10 @@ std::vector<std::uint8_t> ReadWholeFile(const fs::path &file, std::uint64_t limi
             ThrowFileError("Cannot read", file,
                            "it has " + std::to_string(length) + " bytes, more than the limit of " +
                                std::to_string(limit));
-        return ReadUpTo(handle, static_cast<std::size_t>(length));
+        const auto bytes = ReadExactly(handle, static_cast<std::size_t>(length));
+        if (!bytes)
+            ThrowFileError("Cannot read", file, "its length changed while it was read");
+        return *bytes;
     } catch (const TSystemFailure &failure) {
         ThrowFileError("Cannot read", file, ReasonOf(failure));
     }

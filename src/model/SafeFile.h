@@ -12,7 +12,8 @@
 ///
 /// @param limit  largest length accepted, in bytes; a longer file is refused before it is read
 /// Throws EFileError (file and system's reason, or file, length and limit) for a missing or
-/// unreadable file, one over the limit, and anything but a regular file. Never waits for a pipe.
+/// unreadable file, one over the limit, one whose length changes meanwhile, and anything but a
+/// regular file. Never waits for a pipe.
 std::vector<std::uint8_t>
 ReadWholeFile(const std::filesystem::path &file,
               std::uint64_t limit = std::numeric_limits<std::uint64_t>::max());
@@ -22,6 +23,11 @@ ReadWholeFile(const std::filesystem::path &file,
 /// file keeps its permissions, a new one gets those of the process's mask. Where the folder cannot
 /// take a new file but the target can be written, it is written in place; so is a device.
 ///
+/// The temporary file has a name that cannot be guessed and lets nobody read what the target does
+/// not. A save that is killed may leave it; the next save of this user in the folder removes it.
+///
 /// Throws EFileError naming the file and the system's reason. The old file then stands as it was
-/// and no temporary file is left. A folder as target is an error.
+/// and no temporary file is left, unless the system refuses even that. A folder as target is an
+/// error. Only what is written in place can be lost: when the process is killed meanwhile, or when
+/// the old contents cannot be put back after a failure, which the error then says.
 void WriteFileSafely(const std::filesystem::path &file, std::span<const std::uint8_t> bytes);

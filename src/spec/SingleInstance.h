@@ -5,8 +5,8 @@
 #include "spec/WindowFinder.h"
 
 #include <chrono>
+#include <filesystem>
 
-#include <QLockFile>
 #include <QString>
 
 /// What a process does after its guard: come up, or end at once without a word.
@@ -15,6 +15,30 @@ enum class TStart { Go, End };
 /// The folder of the lock file: the user's runtime folder, or else a private one below the user's
 /// cache folder, which is created. It may still turn out to be unusable.
 QString SingleInstanceFolder();
+
+/// A file that one holder at a time has, in this process or another. What is in it does not matter;
+/// the system takes it from a process that ends, however it ends.
+class TStartLock {
+public:
+    enum class TState { Held, Busy, Unusable };
+
+    explicit TStartLock(std::filesystem::path file) : file_(std::move(file)) {}
+    TStartLock(const TStartLock &) = delete;
+    TStartLock &operator=(const TStartLock &) = delete;
+    ~TStartLock() { LetGo(); }
+
+    /// Takes the lock without waiting. Busy: another holder has it. Unusable: the file cannot be
+    /// made or locked, or something else lies in its place. To be called while it is not held.
+    TState Try();
+    /// Removes the file and lets the next holder in; harmless when not held.
+    void LetGo();
+
+private:
+    bool IsInPlace(int descriptor) const;
+
+    std::filesystem::path file_;
+    int descriptor_ = -1;
+};
 
 class TSingleInstanceGuard {
 public:
@@ -38,6 +62,6 @@ private:
     bool WakeRunningCopy();
 
     IWindowFinder &finder_;
-    QLockFile lock_;
+    TStartLock lock_;
     std::chrono::milliseconds wait_;
 };

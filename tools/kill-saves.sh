@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Kills a process that saves ROM images and spec files at random moments, and fails unless every file was found whole, old or
+# new, and no temporary files pile up. The tests do this 100 times; this is the long run.
+#   tools/kill-saves.sh [KILLS]    2000 unless told otherwise; about ten a second
+. "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+kills=${1:-2000}
+[[ $kills =~ ^[1-9][0-9]*$ ]] || { current_step="reading its arguments"; say "'$kills' is no number of kills" >&2; exit 2; }
+build dev test_faults
+step "killing $kills saves"
+FERROLYN_KILLS=$kills "$top/build/dev/tests/faults/test_faults" --gtest_filter='TKilledSaver.*'
+say "$kills kills survived in $SECONDS s"
