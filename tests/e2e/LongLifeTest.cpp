@@ -63,9 +63,8 @@ void Round(TSession &session, int number) {
     session.SaveAs("SAVED.BIN");
     QTest::qWait(0); // what was closed goes now
     // The script's own records would grow.
-    for (QStringList *record :
-         {&session.dialogs.messages, &session.dialogs.questions, &session.dialogs.openDialogs,
-          &session.dialogs.saveDialogs})
+    for (QStringList *record : {&session.dialogs.messages, &session.dialogs.questions,
+                                &session.dialogs.openDialogs, &session.dialogs.saveDialogs})
         record->clear();
 }
 
