@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
 #include <spawn.h>
 #include <stdexcept>
 #include <sys/wait.h>
@@ -56,4 +55,19 @@ TStart Start(const std::string &name, std::vector<std::string> arguments) {
     if (!shown || !ended || status != 0)
         throw std::runtime_error(name + " failed");
     return {time.count(), static_cast<double>(kibibytes) / 1024};
+}
+
+int MeasureWithImage(const std::function<bool(const std::filesystem::path &image)> &measure) {
+    namespace fs = std::filesystem;
+    const fs::path image =
+        fs::temp_directory_path() / ("ferrolyn-bench-" + std::to_string(getpid()) + ".BIN");
+    bool good = false;
+    try {
+        good = measure(image);
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "the benchmark failed: %s\n", error.what());
+    }
+    std::error_code ignored;
+    fs::remove(image, ignored);
+    return good ? 0 : 1;
 }

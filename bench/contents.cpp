@@ -18,7 +18,6 @@
 #include <fstream>
 #include <random>
 #include <stdexcept>
-#include <unistd.h>
 
 #include <QApplication>
 #include <QPainter>
@@ -242,15 +241,5 @@ bool MeasureAll(const fs::path &image) {
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
     SetUpApplication();
-    const fs::path image =
-        fs::temp_directory_path() / ("ferrolyn-bench-" + std::to_string(getpid()) + ".BIN");
-    bool good = false;
-    try {
-        good = MeasureAll(image);
-    } catch (const std::exception &error) {
-        std::fprintf(stderr, "ferrolyn_bench_contents: %s\n", error.what());
-    }
-    std::error_code ignored;
-    fs::remove(image, ignored);
-    return good ? 0 : 1;
+    return MeasureWithImage(MeasureAll);
 }

@@ -15,7 +15,6 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 #include <QApplication>
@@ -207,15 +206,5 @@ bool MeasureAll(const fs::path &image) {
 
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
-    const fs::path image =
-        fs::temp_directory_path() / ("ferrolyn-bench-" + std::to_string(getpid()) + ".BIN");
-    bool good = false;
-    try {
-        good = MeasureAll(image);
-    } catch (const std::exception &error) {
-        std::fprintf(stderr, "ferrolyn_bench: %s\n", error.what());
-    }
-    std::error_code ignored;
-    fs::remove(image, ignored);
-    return good ? 0 : 1;
+    return MeasureWithImage(MeasureAll);
 }
