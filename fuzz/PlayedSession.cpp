@@ -141,7 +141,8 @@ void TPlayedSession::EndOpenEdit(std::size_t which) {
     case 1:
         return Interpret();
     case 2:
-        return Paste(which);
+        Paste(which); // says why not and leaves the edit open where nothing can be pasted
+        return Commit(which);
     case 3:
         return Adjust(which);
     case 4:
