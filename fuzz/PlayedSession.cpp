@@ -52,6 +52,7 @@ TPlayedSession::TPlayedSession(TFuzzInput &input) : input_(input) {
 void TPlayedSession::Run(int mostSteps) {
     for (int step = 0; step < mostSteps && !input_.Empty(); ++step) {
         Step();
+        QTest::qWait(0); // what has been closed goes, as between two actions of a user
         Compare();
     }
     CloseWindow();
@@ -77,6 +78,8 @@ void TPlayedSession::Step() {
     case 7:
     case 8:
         return GoTo(input_.Byte() % pages_.size());
+    case 9:
+        return ChooseManually();
     default:
         if (CurrentPage().map)
             OnMapPage(what);
@@ -88,53 +91,91 @@ void TPlayedSession::Step() {
 void TPlayedSession::OnMapPage(int what) {
     const auto which = static_cast<std::size_t>(input_.Below(3));
     const QString name = CurrentPage().form->objectName();
-    TLiteralPage &page = *CurrentPage().map;
-    switch (what) {
-    case 9:
+    if (what == 10)
         return ClosePage();
-    case 10:
+    if (what == 11)
         return Adjust(which);
-    default:
-        break;
-    }
     if (CurrentPage().graphical)
         return;
     switch (what) {
-    case 11:
-        page.Interpret();
-        return session_.Interpret(name);
     case 12:
-        page.Copy(which);
-        return session_.Trigger(name, QString("Copy%1").arg(which + 1));
+        return Interpret();
     case 13:
+        CurrentPage().map->Copy(which);
+        return session_.Trigger(name, QString("Copy%1").arg(which + 1));
     case 14:
-        page.Paste(which);
-        return session_.Trigger(name, QString("Paste%1").arg(which + 1));
+        return Paste(which);
     case 15:
         return PlayRevLimiter();
     case 16:
         return MoveMap(which);
     case 17:
     case 18:
-        if (!Shown(which))
-            return;
-        page.Reset(which);
-        return session_.Reset(name, kinds[which]);
+        return Reset(which);
     case 19:
     case 20:
     case 21:
     case 22:
-        if (!Shown(which))
-            return;
-        page.Commit(which);
-        return session_.Commit(name, kinds[which]);
+        return Commit(which);
     case 23:
     case 24:
     case 25:
         return EditAxis(which);
+    case 26:
+    case 27:
+    case 28:
+    case 29:
+        if (EditCell(which, true))
+            EndOpenEdit(which);
+        return;
     default:
-        return EditCell(which);
+        EditCell(which, false);
     }
+}
+
+/// What ends an edit that is still open, and accepts it.
+void TPlayedSession::EndOpenEdit(std::size_t which) {
+    switch (input_.Below(7)) {
+    case 0:
+        return Reset(which);
+    case 1:
+        return Interpret();
+    case 2:
+        Paste(which); // says why not and leaves the edit open where nothing can be pasted
+        return Commit(which);
+    case 3:
+        return Adjust(which);
+    case 4:
+        return ClosePage();
+    case 5:
+        return Commit(which);
+    default:
+        return GoTo(Current() == 0 ? 1 : Current() - 1);
+    }
+}
+
+void TPlayedSession::Interpret() {
+    CurrentPage().map->Interpret();
+    session_.Interpret(CurrentPage().form->objectName());
+}
+
+void TPlayedSession::Paste(std::size_t which) {
+    CurrentPage().map->Paste(which);
+    session_.Trigger(CurrentPage().form->objectName(), QString("Paste%1").arg(which + 1));
+}
+
+void TPlayedSession::Reset(std::size_t which) {
+    if (!Shown(which))
+        return;
+    CurrentPage().map->Reset(which);
+    session_.Reset(CurrentPage().form->objectName(), kinds[which]);
+}
+
+void TPlayedSession::Commit(std::size_t which) {
+    if (!Shown(which))
+        return;
+    CurrentPage().map->Commit(which);
+    session_.Commit(CurrentPage().form->objectName(), kinds[which]);
 }
 
 std::size_t TPlayedSession::Current() const {
@@ -180,7 +221,6 @@ void TPlayedSession::ClosePage() {
     const std::size_t index = Current();
     Leave(pages_[index]);
     session_.Click(pages_[index].form->objectName(), "btnClose");
-    QTest::qWait(0);
     pages_.erase(pages_.begin() + static_cast<std::ptrdiff_t>(index));
     Demand(session_.window->PageCount() == static_cast<int>(pages_.size()),
            "a page is still there");
@@ -245,26 +285,37 @@ std::string TPlayedSession::NumberText() {
     return std::to_string(number % 400 - 60);
 }
 
-void TPlayedSession::TypeInto(std::size_t which, int column, int row, const std::string &text) {
+void TPlayedSession::TypeInto(std::size_t which, TGridCell cell, const std::string &text,
+                              bool leaveOpen) {
+    const QString name = CurrentPage().form->objectName();
     TLiteralPage &page = *CurrentPage().map;
     // An edit that begins in a cell that is no number says so, and goes on.
-    if (!page.CellNumber(which, column, row)) {
-        const std::string shown = page.grids[which].Cell(column, row);
+    if (!page.CellNumber(which, cell.column, cell.row)) {
+        const std::string shown = page.grids[which].Cell(cell.column, cell.row);
         world_.messages.push_back("'" + shown + "' is not a valid floating point value");
     }
-    page.Edit(which, column, row, text);
-    session_.Type(CurrentPage().form->objectName(), kinds[which], {column, row},
-                  QString::fromStdString(text));
+    page.Edit(which, cell.column, cell.row, text);
+    if (!leaveOpen)
+        return session_.Type(name, kinds[which], cell, QString::fromStdString(text));
+    TStringAlignGrid &grid = session_.Grid(name, kinds[which]);
+    grid.SetCurrent(cell.column, cell.row);
+    QTest::keyClick(grid.viewport(), Qt::Key_F2);
+    auto *editor = grid.viewport()->findChild<QLineEdit *>();
+    Demand(editor != nullptr, "no editor has opened");
+    editor->selectAll();
+    QTest::keyClicks(editor, QString::fromStdString(text));
 }
 
-void TPlayedSession::EditCell(std::size_t which) {
+bool TPlayedSession::EditCell(std::size_t which, bool leaveOpen) {
     const int column = input_.Byte();
     const int row = input_.Byte();
     const std::string text = NumberText();
     if (!Editable(which))
-        return;
+        return false;
     const TFakeMapGrid &grid = CurrentPage().map->grids[which];
-    TypeInto(which, 1 + column % (grid.ColCount() - 1), 1 + row % (grid.RowCount() - 1), text);
+    TypeInto(which, {1 + column % (grid.ColCount() - 1), 1 + row % (grid.RowCount() - 1)}, text,
+             leaveOpen);
+    return true;
 }
 
 void TPlayedSession::EditAxis(std::size_t which) {
@@ -276,11 +327,11 @@ void TPlayedSession::EditAxis(std::size_t which) {
     const TFakeMapGrid &grid = CurrentPage().map->grids[which];
     session_.Trigger(CurrentPage().form->objectName(), QString("UnlockAxis%1").arg(which + 1));
     if (load)
-        TypeInto(which, 0, 1 + point % (grid.RowCount() - 1),
-                 std::to_string(number % 140 - 20) + "%");
+        TypeInto(which, {0, 1 + point % (grid.RowCount() - 1)},
+                 std::to_string(number % 140 - 20) + "%", false);
     else
-        TypeInto(which, 1 + point % (grid.ColCount() - 1), 0,
-                 std::to_string(number % 12000 - 1000));
+        TypeInto(which, {1 + point % (grid.ColCount() - 1), 0},
+                 std::to_string(number % 12000 - 1000), false);
 }
 
 void TPlayedSession::Adjust(std::size_t which) {

@@ -57,8 +57,14 @@ private:
     bool Shown(std::size_t which);
     bool Editable(std::size_t which);
     std::string NumberText();
-    void TypeInto(std::size_t which, int column, int row, const std::string &text);
-    void EditCell(std::size_t which);
+    void TypeInto(std::size_t which, TGridCell cell, const std::string &text, bool leaveOpen);
+    /// False when there is no such cell.
+    bool EditCell(std::size_t which, bool leaveOpen);
+    void EndOpenEdit(std::size_t which);
+    void Interpret();
+    void Paste(std::size_t which);
+    void Reset(std::size_t which);
+    void Commit(std::size_t which);
     void EditAxis(std::size_t which);
     void Adjust(std::size_t which);
     void PlayRevLimiter();
@@ -69,6 +75,7 @@ private:
     void Load();
     void Choose();
     void Place(const TPlayedSpec &spec);
+    void ChooseManually();
     void Save();
     void SaveSpec();
     bool PlaySave();

@@ -4,12 +4,27 @@
 
 #include <algorithm>
 
+#include <QApplication>
+#include <QLineEdit>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 const QString contentsPage = "frmFileContents";
 constexpr std::size_t mostPages = 12;
 constexpr std::size_t mostSpecs = 12;
+
+void AnswerOffsetEntry(const std::array<int, 6> &places) {
+    constexpr std::array names{"edtFuelPTMapOffset",   "edtFuelIdMapOffset",
+                               "edtFuelFTMapOffset",   "edtTimingPTMapOffset",
+                               "edtTimingIdMapOffset", "edtTimingFTMapOffset"};
+    QWidget *dialog = QApplication::activeModalWidget();
+    Demand(dialog != nullptr, "no dialog has opened");
+    for (std::size_t i = 0; i < names.size(); ++i)
+        FindControl<QLineEdit>(*dialog, names[i])
+            .setText((i % 2 == 0 ? "$" : "") + QString::number(places[i], i % 2 == 0 ? 16 : 10));
+    QTest::mouseClick(&FindControl<QAbstractButton>(*dialog, "btnOK"), Qt::LeftButton);
+}
 } // namespace
 
 void TPlayedSession::WriteSpec(const TPlayedSpec &spec) {
@@ -96,6 +111,28 @@ void TPlayedSession::Place(const TPlayedSpec &spec) {
             set.PlaceDirectly(entry, spec.places[i]);
         set.SetSingleLoadPoint(i % 3);
     }
+}
+
+/// The maps are placed as typed; neither the image is read again nor the rev limiter moved.
+void TPlayedSession::ChooseManually() {
+    GoTo(0);
+    const auto last = static_cast<int>(listed_);
+    std::array<int, 6> places{};
+    for (int &place : places)
+        place = input_.Flag() ? input_.Word() : 0;
+    if (chosen_ == last)
+        return;
+    chosen_ = last;
+    for (const std::size_t first : {0U, 3U}) {
+        TLiteralSet &set = first == 0 ? fuel_ : timing_;
+        set.Zero();
+        for (std::size_t i = 0; i < 3; ++i) {
+            set.PlaceDirectly(set.entries[i], places[first + i]);
+            set.SetSingleLoadPoint(i);
+        }
+    }
+    QTimer::singleShot(0, qApp, [places] { AnswerOffsetEntry(places); });
+    session_.Choose("Use Manual Offset Method");
 }
 
 void TPlayedSession::ApplyROM() {

@@ -13,7 +13,7 @@ if ! [[ $minutes =~ ^[1-9][0-9]*$ ]] || [ $# -ne 1 ]; then
     exit 2
 fi
 
-"$top/tools/packages.sh" build clang
+"$top/tools/packages.sh" build test clang
 build fuzz fuzz_targets
 
 found=()

@@ -355,6 +355,8 @@ TEST_P(TCrowdedFileTest, OverlappingMapsAreWrittenOverEachOtherAndOverNothingEls
         LoadOver(file);
         fuel.revLimiter.SetOffset(Number(1, 900));
         PlaceAndEdit(at);
+        if (Chance(2))
+            fuel.revLimiter.SetValue(Number(0, 10200));
         ASSERT_EQ(Differences(ExpectedFile(file.size()), SavedFile()), "");
     }
 }
