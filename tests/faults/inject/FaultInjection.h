@@ -93,7 +93,7 @@ struct TFault {
 
 /// In force from construction to destruction, one at a time, for the calls that the constructing
 /// thread makes on a file or on anything below a folder, by name or through a descriptor that was
-/// opened while it was in force.
+/// opened while it was in force. Flushes of such files do not wait for the disk.
 class TFaultInjection {
 public:
     /// @param where   a file or folder: absolute, without symbolic links on the way
