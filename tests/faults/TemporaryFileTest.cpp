@@ -93,6 +93,65 @@ TEST_F(TTemporaryFileTest, OfANewFileHasThePermissionsOfTheMaskFromTheStart) {
         }
 }
 
+// What somebody else does meanwhile
+
+TEST_F(TTemporaryFileTest, IsMadeAnewWhenAnotherSaveHoldsIt) {
+    PutFile(target, oldBytes);
+    const TFaultInjection injection(folder.Path(), {{TEffect::Fails, EWOULDBLOCK, {TCall::Lock}}});
+    WriteFileSafely(target, newBytes);
+    EXPECT_EQ(injection.Hits(), 1);
+    EXPECT_EQ(GetFile(target), newBytes);
+    EXPECT_THAT(folder.Names(), UnorderedElementsAre("a.bin"));
+}
+
+TEST_F(TTemporaryFileTest, IsMadeAnewWhenAnotherSaveHasRemovedIt) {
+    PutFile(target, oldBytes);
+    TFault fault{TEffect::ComesLate, 0, {TCall::Lock}};
+    fault.meanwhile = [&] { EXPECT_TRUE(fs::remove(Left())); };
+    const TFaultInjection injection(folder.Path(), {fault});
+    WriteFileSafely(target, newBytes);
+    EXPECT_EQ(injection.Hits(), 1);
+    EXPECT_EQ(GetFile(target), newBytes);
+    EXPECT_THAT(folder.Names(), UnorderedElementsAre("a.bin"));
+}
+
+TEST_F(TTemporaryFileTest, IsGivenUpWhenItIsTakenForEver) {
+    PutFile(target, oldBytes);
+    const TFaultInjection injection(folder.Path(),
+                                    {{TEffect::Fails, EWOULDBLOCK, {TCall::Lock}, true}});
+    EXPECT_THROW(WriteFileSafely(target, newBytes), EFileError);
+    EXPECT_EQ(GetFile(target), oldBytes);
+    EXPECT_THAT(folder.Names(), UnorderedElementsAre("a.bin"));
+}
+
+// Nobody may lead a write into a file that was never chosen.
+TEST_F(TTemporaryFileTest, ALinkThatTakesTheTargetsPlaceIsNotFollowed) {
+    const TTemporaryFolder other;
+    PutFile(other / "precious", oldBytes);
+    const auto swap = [&] {
+        fs::remove(target);
+        fs::create_symlink(other / "precious", target);
+    };
+    PutFile(target, oldBytes);
+    TFault fault{TEffect::ComesLate, 0, {TCall::OpenToWrite}};
+    fault.meanwhile = swap;
+    const TFaultInjection injection(folder.Path(),
+                                    {fault, {TEffect::Fails, EACCES, {TCall::Create}, true}});
+    EXPECT_THROW(WriteFileSafely(target, newBytes), EFileError);
+    EXPECT_EQ(injection.Hits(), 1);
+    EXPECT_EQ(GetFile(other / "precious"), oldBytes);
+}
+
+TEST_F(TTemporaryFileTest, AFileThatGrowsOrShrinksWhileItIsReadIsRefused) {
+    for (const std::uintmax_t length : {0U, 2U, 4U, 10000U}) {
+        PutFile(target, oldBytes);
+        TFault fault{TEffect::ComesLate, 0, {TCall::Read}};
+        fault.meanwhile = [&] { fs::resize_file(target, length); };
+        const TFaultInjection injection(folder.Path(), {fault});
+        EXPECT_THROW(ReadWholeFile(target), EFileError) << length;
+    }
+}
+
 // What a later save removes
 
 class TRemains : public TTemporaryFileTest {

@@ -51,6 +51,9 @@ TResult Run(bool concerned, TCall call, TResult failed, TDo execute) {
     case TEffect::DiesHalfWay:
         execute();
         Die();
+    case TEffect::ComesLate:
+        RunMeanwhile(*fault);
+        return execute();
     case TEffect::DoneButFails:
         execute();
         break;
@@ -81,6 +84,9 @@ ssize_t Move(int descriptor, TCall call, std::size_t count, TDo execute) {
     case TEffect::DiesAfter:
         execute(count);
         Die();
+    case TEffect::ComesLate:
+        RunMeanwhile(*fault);
+        return execute(count);
     default:
         errno = fault->code;
         return -1;
