@@ -87,6 +87,19 @@ TEST_F(TFaultInjectionTest, WhatIsDoneButFailsIsDone) {
     EXPECT_TRUE(fs::exists(folder / "b.bin"));
 }
 
+TEST_F(TFaultInjectionTest, SomethingElseHappensBeforeACallThatComesLate) {
+    TFault fault{TEffect::ComesLate, 0, {TCall::Access}};
+    fault.meanwhile = [&] {
+        EXPECT_EQ(access(file.c_str(), F_OK), 0);
+        fs::remove(file);
+    };
+    const TFaultInjection injection(folder.Path(), {fault});
+    EXPECT_EQ(access(file.c_str(), F_OK), -1);
+    EXPECT_EQ(errno, ENOENT);
+    EXPECT_EQ(injection.Hits(), 1);
+    EXPECT_EQ(injection.Made().Text(), "Access");
+}
+
 TEST_F(TFaultInjectionTest, LeavesOtherFilesAndThreadsAlone) {
     const TTemporaryFolder other;
     PutFile(other / "a.bin", {1});

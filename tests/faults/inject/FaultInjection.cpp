@@ -1,6 +1,6 @@
 #include "inject/Judge.h"
 
-#include <algorithm>
+#include <array>
 #include <atomic>
 #include <string_view>
 #include <sys/types.h>
@@ -115,6 +115,12 @@ void Watch(int descriptor, bool on) {
     const auto index = static_cast<std::size_t>(descriptor);
     if (IsOurs() && descriptor >= 0 && index < mostDescriptors)
         State().watched[index] = on;
+}
+
+void RunMeanwhile(const TFault &fault) {
+    inForce = false;
+    fault.meanwhile();
+    inForce = true;
 }
 
 const TFault *Judge(TCall call) {

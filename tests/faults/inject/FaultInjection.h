@@ -3,9 +3,9 @@
 // without an injection in force every call passes untouched. Interposed.cpp holds the calls.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -81,6 +81,7 @@ enum class TEffect {
     DiesBefore,   ///< the process is killed before the call,
     DiesAfter,    ///< behind it,
     DiesHalfWay,  ///< or, for a write, when half of the bytes are written
+    ComesLate,    ///< `meanwhile` runs before the call; no call inside it is hit or counted
 };
 
 struct TFault {
@@ -89,11 +90,12 @@ struct TFault {
     TCalls calls = TCalls::All();
     bool lasting = false; ///< every later call of those kinds too
     int first = 1;        ///< which of the calls of those kinds is the first to be hit
+    std::function<void()> meanwhile = {};
 };
 
 /// In force from construction to destruction, one at a time, for the calls that the constructing
 /// thread makes on a file or on anything below a folder, by name or through a descriptor that was
-/// opened while it was in force.
+/// opened while it was in force. Flushes of such files do not wait for the disk.
 class TFaultInjection {
 public:
     /// @param where   a file or folder: absolute, without symbolic links on the way

@@ -51,6 +51,9 @@ TResult Run(bool concerned, TCall call, TResult failed, TDo execute) {
     case TEffect::DiesHalfWay:
         execute();
         Die();
+    case TEffect::ComesLate:
+        RunMeanwhile(*fault);
+        return execute();
     case TEffect::DoneButFails:
         execute();
         break;
@@ -81,6 +84,9 @@ ssize_t Move(int descriptor, TCall call, std::size_t count, TDo execute) {
     case TEffect::DiesAfter:
         execute(count);
         Die();
+    case TEffect::ComesLate:
+        RunMeanwhile(*fault);
+        return execute(count);
     default:
         errno = fault->code;
         return -1;
@@ -274,14 +280,17 @@ int ftruncate64(int descriptor, off64_t length) noexcept {
                [&] { return NEXT(ftruncate64)(descriptor, length); });
 }
 
+// Nobody pulls the plug while an injection is in force, so it need not wait for the disk.
 int fsync(int descriptor) {
-    return Run(ConcernsDescriptor(descriptor), TCall::Flush, -1,
-               [&] { return NEXT(fsync)(descriptor); });
+    const bool concerned = ConcernsDescriptor(descriptor);
+    return Run(concerned, TCall::Flush, -1,
+               [&] { return concerned ? 0 : NEXT(fsync)(descriptor); });
 }
 
 int fdatasync(int descriptor) {
-    return Run(ConcernsDescriptor(descriptor), TCall::Flush, -1,
-               [&] { return NEXT(fdatasync)(descriptor); });
+    const bool concerned = ConcernsDescriptor(descriptor);
+    return Run(concerned, TCall::Flush, -1,
+               [&] { return concerned ? 0 : NEXT(fdatasync)(descriptor); });
 }
 
 int chmod(const char *path, mode_t mode) noexcept {

@@ -12,3 +12,6 @@ void Watch(int descriptor, bool on);
 
 /// Counts a call that is concerned; the fault to inject into it, or nothing.
 const TFault *Judge(TCall call);
+
+/// Runs what a late call waits for.
+void RunMeanwhile(const TFault &fault);
