@@ -81,6 +81,25 @@ TEST(TLockFileOfOthers, AFileBehindALinkIsLeftAlone) {
     EXPECT_EQ(GetFile(folder / "precious"), (std::vector<std::uint8_t>{'t', 'e', 'x', 't'}));
 }
 
+TEST(TLockFileOfOthers, NothingIsMadeBehindALink) {
+    const TTemporaryFolder folder;
+    fs::create_symlink("elsewhere", folder / lockName);
+    EXPECT_EQ(TCopy(folder.Path()).Check(), TStart::Go);
+    EXPECT_FALSE(fs::exists(folder / "elsewhere"));
+}
+
+TEST(TLockFileOfOthers, AFileThatItsHolderRemovesMeanwhileIsMadeAnew) {
+    const TTemporaryFolder folder;
+    TFault fault{TEffect::ComesLate, 0, {TCall::Lock}};
+    fault.meanwhile = [&] { fs::remove(folder / lockName); };
+    const TFaultInjection injection(folder.Path(), {fault});
+    TCopy first(folder.Path());
+    EXPECT_EQ(first.Check(), TStart::Go);
+    EXPECT_EQ(injection.Hits(), 1);
+    EXPECT_TRUE(fs::exists(folder / lockName));
+    EXPECT_EQ(TCopy(folder.Path()).Check(), TStart::End) << "the first copy holds it";
+}
+
 /// The exit code of `check` in a process with nobody's rights.
 template <class TCheck>
 int AsNobody(TCheck check) {
@@ -97,6 +116,7 @@ TEST(TLockFileOfOthers, AFileOrFolderOfSomebodyElseHindersNobody) {
     ASSERT_EQ(chmod(folder.Path().c_str(), 01777), 0);
     const auto start = [&] { return TCopy(folder.Path()).Check() == TStart::Go ? 0 : 1; };
     for (const mode_t mode : {0600U, 0644U, 0000U}) {
+        fs::remove(folder / lockName);
         PutText(folder / lockName, "");
         // Without an administrator's rights the file is one's own, and still not to be opened.
         ASSERT_EQ(chmod((folder / lockName).c_str(), geteuid() == 0 ? mode : 0), 0);
