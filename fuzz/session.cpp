@@ -21,7 +21,7 @@ void FailOnWarning(QtMsgType type, const QMessageLogContext &, const QString &te
 }
 } // namespace
 
-/// What the toolkit's libraries keep for the life of the process is not ours to mend.
+/// The font library keeps a table as long as the application, which here is never destroyed.
 extern "C" const char *__lsan_default_suppressions() {
     return "leak:libfontconfig.so\n";
 }
@@ -32,7 +32,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     static char *argv[] = {name, nullptr};
     qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
-    // Never destroyed: it would outlive what it needs at the end of the process.
+    // Never destroyed: at the end of the process it would go after what it needs.
     static auto *application = new QApplication(argc, argv);
     Demand(application != nullptr, "no application");
     QApplication::setQuitOnLastWindowClosed(false);
