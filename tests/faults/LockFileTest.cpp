@@ -128,6 +128,7 @@ TEST(TLockFileOfOthers, AFileOrFolderOfSomebodyElseHindersNobody) {
     EXPECT_EQ(AsNobody(start), 0);
     ASSERT_EQ(chmod(folder.Path().c_str(), 0555), 0);
     EXPECT_EQ(AsNobody(start), 0);
+    ASSERT_EQ(chmod(folder.Path().c_str(), 0755), 0);
 }
 
 TEST(TLockFileOfOthers, TheFileIsTheUsersAlone) {
