@@ -2,6 +2,7 @@
 
 #include "forms/KelvaneNotebook.h"
 #include "forms/Paths.h"
+#include "model/Errors.h"
 #include "model/ROMTypes.h"
 #include "model/SafeFile.h"
 #include "spec/IniFile.h"
@@ -19,6 +20,18 @@ bool Exists(const std::filesystem::path &name) {
 }
 
 constexpr auto romFilter = "Binary Data (*.BIN)|*.BIN";
+
+/// Refuses to replace; a failure does not matter. The copy is the user's own new file: it does not
+/// take over a write protection of the loaded one, which would keep the save that follows from it.
+void CopyToNewFile(const std::filesystem::path &from, const std::filesystem::path &to) {
+    if (from.empty() || to.empty() || Exists(to))
+        return;
+    try {
+        WriteFileSafely(to, ReadWholeFile(from, TROMImage::capacity));
+    } catch (const EFileError &) {
+        // The save that follows tells what is wrong with the target.
+    }
+}
 } // namespace
 
 void TfrmROMInformation::ShowPage() {
@@ -173,9 +186,7 @@ bool TfrmROMInformation::MayWrite(const std::filesystem::path &target) {
 
 void TfrmROMInformation::WriteROM() {
     const std::filesystem::path target = saveFileName_;
-    if (!target.empty() && !romFileName_.empty())
-        QFile::copy(FromPath(romFileName_),
-                    FromPath(target)); // refuses to replace; a failure does not matter
+    CopyToNewFile(romFileName_, target);
     workspace_.fuelMapSet.SaveAll();
     workspace_.timingMapSet.SaveAll();
     ROMImage()->SaveToFile(target);
