@@ -68,7 +68,7 @@ bool TX11WindowFinder::IsMinimised(TWindowId window) {
 
 void TX11WindowFinder::ShowNormal(TWindowId window) {
     xcb_map_window(connection_.get(), window); // what ICCCM says leaves the iconic state
-    xcb_flush(connection_.get());
+    WaitUntilHandled();
 }
 
 void TX11WindowFinder::BringToForeground(TWindowId window) {
@@ -81,7 +81,14 @@ void TX11WindowFinder::BringToForeground(TWindowId window) {
     xcb_send_event(connection_.get(), 0, root_,
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char *>(&message));
-    xcb_flush(connection_.get());
+    WaitUntilHandled();
+}
+
+/// A server drops what it has not yet read of a connection that has been closed, and a second start
+/// ends right after its request: the answer to a question asked later says that it was handled.
+void TX11WindowFinder::WaitUntilHandled() {
+    const TReply<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(
+        connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
 }
 
 std::uint32_t TX11WindowFinder::Atom(std::string_view name) {

@@ -32,6 +32,7 @@ private:
     using TConnection = std::unique_ptr<xcb_connection_t, TDisconnect>;
 
     TX11WindowFinder(TConnection connection, TWindowId root);
+    void WaitUntilHandled();
     std::uint32_t Atom(std::string_view name);
     std::optional<std::string> Property(TWindowId window, std::uint32_t property);
     std::vector<std::uint32_t> Numbers(TWindowId window, std::uint32_t property);

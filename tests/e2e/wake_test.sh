@@ -36,12 +36,15 @@ expect_end_without_window() {
     expect_clean_end "$started"
 }
 
+# More than once: a request that is sent just before the end of a start gets lost only now and then.
 show_foreign normal
-xdotool windowactivate "$foreign"
-eventually "the foreign window cannot be activated" is_active "$foreign"
-start
-expect_end_without_window
-eventually "the owner is not brought to the foreground" is_active "$owner"
+for _ in {1..10}; do
+    xdotool windowactivate "$foreign"
+    eventually "the foreign window cannot be activated" is_active "$foreign"
+    start
+    expect_end_without_window
+    eventually "the owner is not brought to the foreground" is_active "$owner"
+done
 end_foreign
 
 show_foreign iconic
