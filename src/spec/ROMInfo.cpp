@@ -34,6 +34,19 @@ void RemoveIfEmpty(const fs::path &name) {
         fs::remove(file, error);
 }
 
+/// The process's current folder. One that has been deleted gives way to the folder of `image`, else
+/// to the user's own; empty when they are gone as well.
+fs::path CurrentFolder(const fs::path &image) {
+    std::error_code error;
+    fs::path folder = fs::current_path(error);
+    if (!error)
+        return folder;
+    fs::current_path(image.parent_path(), error);
+    if (error)
+        fs::current_path(ToPath(QDir::homePath()), error);
+    return fs::current_path(error);
+}
+
 constexpr auto romFilter = "Binary Data (*.BIN)|*.BIN";
 
 /// Refuses to replace; a failure does not matter. The copy is the user's own new file: it does not
@@ -56,7 +69,7 @@ void TfrmROMInformation::ShowPage() {
 
 void TfrmROMInformation::ScanSpecDirectory() {
     rdoROMtemplate_->Clear();
-    const TSpecScan scan = ScanSpecFiles(fs::current_path());
+    const TSpecScan scan = ScanSpecFiles(CurrentFolder(romFileName_));
     specTable_ = scan.entries;
     for (const TSpecEntry &entry : specTable_)
         rdoROMtemplate_->AddItem(QString::fromStdString(entry.label));
