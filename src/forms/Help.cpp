@@ -5,6 +5,7 @@
 #include "forms/Paths.h"
 #include "model/Errors.h"
 
+#include <cmath>
 #include <filesystem>
 #include <utility>
 
@@ -88,10 +89,11 @@ QString ReadText(const QString &name) {
 /// Of the memo in which so many characters and lines are seen.
 QSize SizeFor(const QPlainTextEdit &memo) {
     const QFontMetricsF font(memo.font());
+    const double lineHeight = std::ceil(font.ascent()) + std::ceil(font.descent());
     const double margins = 2 * (memo.document()->documentMargin() + memo.frameWidth());
     const double width = helpColumns * font.horizontalAdvance('0') +
                          memo.verticalScrollBar()->sizeHint().width() + margins;
-    return QSizeF(width, helpRows * font.lineSpacing() + margins).toSize() + QSize(1, 1);
+    return QSizeF(width, helpRows * lineHeight + margins).toSize() + QSize(1, 1);
 }
 
 class THelpKey : public QObject {

@@ -52,9 +52,9 @@ protected:
 TEST_F(HelpLookup, F1OnEachPageOpensTheGuide) {
     window.show();
     window.setWindowState(Qt::WindowNoState); // it comes up minimised
-    window.activateWindow();
     for (int page = 0; page < window.PageCount(); ++page) {
         window.PageControl1->SelectByUser(page);
+        QApplication::setActiveWindow(&window);
         QString shown;
         QTimer::singleShot(0, &window, [&] {
             auto *help = qobject_cast<TfrmHelp *>(QApplication::activeModalWidget());
