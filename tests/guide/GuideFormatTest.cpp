@@ -15,16 +15,24 @@
 namespace {
 constexpr int longestLine = helpColumns - 2;
 
-class HelpFile : public testing::TestWithParam<QString> {
+class HelpFile : public testing::TestWithParam<std::string> {
 protected:
-    const QString text = TextOfFile(GetParam());
-    const QString name = QFileInfo(GetParam()).fileName();
+    const QString fullName = QString::fromStdString(GetParam());
+    const QString text = TextOfFile(fullName);
+    const QString name = QFileInfo(fullName).fileName();
 };
+
+std::vector<std::string> FullNames() {
+    std::vector<std::string> names;
+    for (const QString &file : HelpFiles())
+        names.push_back(file.toStdString());
+    return names;
+}
 } // namespace
 
 TEST_P(HelpFile, IsPlainTextWithinTheLimits) {
     EXPECT_TRUE(name.endsWith(".txt"));
-    EXPECT_LE(QFileInfo(GetParam()).size(), maxHelpFileSize / 2);
+    EXPECT_LE(QFileInfo(fullName).size(), maxHelpFileSize / 2);
     EXPECT_TRUE(text.endsWith('\n'));
     EXPECT_FALSE(text.endsWith("\n\n"));
     static const QRegularExpression control("[\\x00-\\x09\\x0b-\\x1f\\x7f]");
@@ -46,8 +54,8 @@ TEST_P(HelpFile, FitsTheWindowLineByLine) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, HelpFile, testing::ValuesIn(HelpFiles()), [](const auto &test) {
-    return QFileInfo(test.param).baseName().toStdString();
+INSTANTIATE_TEST_SUITE_P(All, HelpFile, testing::ValuesIn(FullNames()), [](const auto &test) {
+    return QFileInfo(QString::fromStdString(test.param)).baseName().toStdString();
 });
 
 TEST(Guide, HasTheChaptersOfItsContents) {

@@ -229,30 +229,3 @@ TEST_F(GuideItems, ThatAreQuotedAreInTheProgram) {
                 << QFileInfo(file).fileName().toStdString() << " quotes \"" << text.toStdString()
                 << "\", which the program does not show";
 }
-
-namespace {
-struct TColorName {
-    const char *chapter;
-    const char *word;
-};
-} // namespace
-
-TEST(GuideColours, AreAllExplained) {
-    const QString guide = GuideText();
-    const auto chapter = [&](const char *title) {
-        const qsizetype start = guide.indexOf(QString("  ") + title + '\n');
-        EXPECT_GE(start, 0) << title;
-        return guide.mid(start, guide.indexOf("\n\n\n", start) - start);
-    };
-    const TColorName colors[] = {
-        {"FUEL MAPS AND TIMING MAPS", "black"},     {"FUEL MAPS AND TIMING MAPS", "blue"},
-        {"FUEL MAPS AND TIMING MAPS", "red"},       {"FUEL MAPS AND TIMING MAPS", "green"},
-        {"THE COLOURS OF FILE CONTENTS", "lime"},   {"THE COLOURS OF FILE CONTENTS", "fuchsia"},
-        {"THE COLOURS OF FILE CONTENTS", "olive"},  {"THE COLOURS OF FILE CONTENTS", "blue"},
-        {"THE COLOURS OF FILE CONTENTS", "green"},  {"THE COLOURS OF FILE CONTENTS", "purple"},
-        {"THE COLOURS OF FILE CONTENTS", "yellow"}, {"THE COLOURS OF FILE CONTENTS", "white"},
-    };
-    for (const TColorName &color : colors)
-        EXPECT_TRUE(chapter(color.chapter).contains(QString("\n    ") + color.word + ' '))
-            << color.chapter << ": " << color.word;
-}
