@@ -43,7 +43,8 @@ drive() {
 step "preparing the root"
 quietly apt-get update
 "$top/tools/packages.sh" screen drive
-quietly apt-get purge -y --autoremove ferrolyn
+! dpkg-query -W ferrolyn >/dev/null 2>&1 || quietly apt-get purge -y ferrolyn # of a run that failed
+quietly apt-get purge -y --autoremove
 id tester >/dev/null 2>&1 || useradd --create-home tester
 rm -rf /home/tester && install -d -o tester -g tester /home/tester
 mkdir -p -m 1777 /tmp/.X11-unix # the virtual screen's; a user may not make it as it should be
