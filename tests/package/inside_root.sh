@@ -49,18 +49,20 @@ id tester >/dev/null 2>&1 || useradd --create-home tester
 rm -rf /home/tester && install -d -o tester -g tester /home/tester
 mkdir -p -m 1777 /tmp/.X11-unix # the virtual screen's; a user may not make it as it should be
 list_files >"$scratch/before"
+packages_before=$(dpkg-query -W | wc -l)
 
 step "installing the Debian package"
 quietly apt-get install -y --no-install-recommends "$packages"/*.deb
 list_files >"$scratch/installed"
 ldd /usr/bin/ferrolyn | grep 'not found' && exit 1
-say "with it came $(dpkg-query -W -f '${db:Status-Abbrev}\n' | grep -c '^ii') packages in all; installed files: $(dpkg -L ferrolyn | wc -l)"
+say "with it came $(($(dpkg-query -W | wc -l) - packages_before - 1)) other packages"
 [ -z "$(dpkg --verify ferrolyn)" ]
 
 step "using the installed program"
 drive ferrolyn /usr/share/ferrolyn/samples /usr/lib/ferrolyn
 expect_files "$scratch/installed" "using the program changed the system's folders"
-say "left in the user's home: $(cd /home/tester && find . -type f -printf '%P ')"
+step "looking what it left in the user's home"
+(cd /home/tester && find . -type f ! -path './.cache/*' -printf '%P\n') | diff - <(echo .config/QtProject.conf) # the file dialog's folders
 
 step "removing the package but not what it needs"
 quietly apt-get purge -y ferrolyn
