@@ -73,7 +73,7 @@ void TfrmBaseForm::LayOut() {
 
 void TfrmBaseForm::FormCreate() {
     if (ProgRegKey.isEmpty())
-        Dialogs().ShowMessage("You must set ProgRegKey in the main application");
+        Dialogs().ShowMessage(tr("You must set ProgRegKey in the main application"));
 }
 
 void TfrmBaseForm::SetMode(int mode) {
@@ -92,7 +92,7 @@ void TfrmBaseForm::btnCancelClick() {
 }
 
 void TfrmBaseForm::btnFilterClick() {
-    const bool partial = Dialogs().AskYesNo("Include partial matches?") == TAnswer::Yes;
+    const bool partial = Dialogs().AskYesNo(tr("Include partial matches?")) == TAnswer::Yes;
     QStringList conditions;
     const auto edits = findChildren<QLineEdit *>(QRegularExpression("^" + editPrefix + "."));
     for (const QLineEdit *edit : edits)
@@ -105,7 +105,7 @@ void TfrmBaseForm::btnHelpClick() {
     const QString shown = objectName() + ".txt";
     const QString asked = helpFileName.isEmpty() ? shown : helpFileName;
     if (!QFileInfo(ProgramDirectory() + asked).isFile())
-        return Dialogs().ShowMessage("Sorry no help is yet available for this screen");
+        return Dialogs().ShowMessage(tr("Sorry no help is yet available for this screen"));
     auto *help = new TfrmHelp(shown, this);
     help->setAttribute(Qt::WA_DeleteOnClose);
     help->show();
@@ -124,7 +124,7 @@ bool TfrmBaseForm::CloseQuery() {
     if (!modified)
         return true;
     const QScopedValueRollback<bool> asking(asking_, true);
-    const TAnswer answer = Dialogs().AskYesNoCancel("Save Changes?");
+    const TAnswer answer = Dialogs().AskYesNoCancel(tr("Save Changes?"));
     if (answer != TAnswer::Yes)
         return answer == TAnswer::No;
     if (!SaveChanges())

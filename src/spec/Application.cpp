@@ -4,6 +4,7 @@
 #include "forms/baseform.h"
 #include "model/Messages.h"
 #include "model/Numbers.h"
+#include "spec/Translations.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -12,6 +13,7 @@ void SetUpApplication() {
     TfrmBaseForm::ProgRegKey = "\\Software\\Kelvane\\Ferrolyn";
     QCoreApplication::setApplicationName("Ferrolyn");
     QCoreApplication::setApplicationVersion(FERROLYN_VERSION);
+    InstallTranslations(QLocale(), TranslationFolders());
     SetDecimalSeparator(QLocale().decimalPoint().toStdString());
     SetMessageHook(
         [](const std::string &text) { Dialogs().ShowMessage(QString::fromStdString(text)); });

@@ -8,6 +8,7 @@
 #include "spec/IniFile.h"
 #include "spec/offsetentry.h"
 
+#include <algorithm>
 #include <exception>
 
 #include <QCoreApplication>
@@ -19,7 +20,15 @@ bool Exists(const std::filesystem::path &name) {
     return QFileInfo::exists(FromPath(name));
 }
 
-constexpr auto romFilter = "Binary Data (*.BIN)|*.BIN";
+QString ROMFilter() {
+    return TfrmROMInformation::tr("Binary Data (*.BIN)|*.BIN");
+}
+
+/// A file name that is too long for its panel is cut in the middle and whole in the tool tip.
+void ShowInPanel(QLabel &panel, const QString &name) {
+    panel.setText(panel.fontMetrics().elidedText(name, Qt::ElideMiddle, panel.width()));
+    panel.setToolTip(panel.text() == name ? QString() : name);
+}
 
 /// Refuses to replace; a failure does not matter. The copy is the user's own new file: it does not
 /// take over a write protection of the loaded one, which would keep the save that follows from it.
@@ -98,8 +107,10 @@ void TfrmROMInformation::SetCaption(bool withFile) {
 }
 
 void TfrmROMInformation::ShowStatus() {
-    statusPanels_[0]->setText(FromPath(romFileName_));
-    statusPanels_[1]->setText(tr("%L1 bytes").arg(ROMImage()->size));
+    ShowInPanel(*statusPanels_[0], FromPath(romFileName_));
+    QLabel &size = *statusPanels_[1];
+    size.setText(tr("%L1 bytes").arg(ROMImage()->size));
+    size.setFixedWidth(std::max(size.width(), size.sizeHint().width())); // in large fonts too
 }
 
 void TfrmROMInformation::SetROMFileName(const std::filesystem::path &name) {
@@ -111,7 +122,7 @@ std::filesystem::path TfrmROMInformation::ChooseROMFile() {
     const QString current = FromPath(romFileName_);
     const QString folder =
         current.isEmpty() ? QCoreApplication::applicationDirPath() : QFileInfo(current).path();
-    const QString chosen = Dialogs().OpenFile(romFilter, folder);
+    const QString chosen = Dialogs().OpenFile(ROMFilter(), folder);
     if (chosen.isEmpty())
         return romFileName_;
     QDir::setCurrent(QFileInfo(chosen).absolutePath());
@@ -165,7 +176,7 @@ bool TfrmROMInformation::SaveROM() {
     saveFileName_.clear();
     dlgSave_->defaultExt = ".BIN";
     dlgSave_->title = tr("Save ROM File");
-    dlgSave_->filter = romFilter;
+    dlgSave_->filter = ROMFilter();
     if (dlgSave_->Execute())
         saveFileName_ = ToPath(dlgSave_->fileName);
     const bool result = MayWrite(saveFileName_);
@@ -197,7 +208,7 @@ void TfrmROMInformation::WriteROM() {
 void TfrmROMInformation::btnSaveSpecClick() {
     dlgSave_->defaultExt = ".SPC";
     dlgSave_->title = tr("Save ROM Spec File");
-    dlgSave_->filter = "Spec Files (*.SPC)|*.SPC";
+    dlgSave_->filter = tr("Spec Files (*.SPC)|*.SPC");
     const std::filesystem::path target =
         dlgSave_->Execute() ? ToPath(dlgSave_->fileName) : std::filesystem::path();
     if (!MayWrite(target))
