@@ -152,7 +152,7 @@ void TfrmFileContents::PopUpMenu() {
 }
 
 void TfrmFileContents::grdFileDblClick() {
-    Dialogs().ShowMessage(QString("col: %1 row: %2").arg(grdFile_->Col()).arg(grdFile_->Row()));
+    Dialogs().ShowMessage(tr("col: %1 row: %2").arg(grdFile_->Col()).arg(grdFile_->Row()));
 }
 
 void TfrmFileContents::Copy1Click() {
@@ -166,8 +166,8 @@ void TfrmFileContents::CopySelected1Click() {
 void TfrmFileContents::Print1Click() {
     redPrint_->clear();
     Copy1Click();
-    redPrint_->setPlainText(tr("\nFerrolyn\nContents of the ROM image, 16 bytes a row\n\n\n") +
-                            QGuiApplication::clipboard()->text());
+    redPrint_->setPlainText("\nFerrolyn\n" + tr("Contents of the ROM image, 16 bytes a row") +
+                            "\n\n\n" + QGuiApplication::clipboard()->text());
     printing_.Print(*redPrint_->document(), "Ferrolyn");
 }
 

@@ -50,10 +50,8 @@ public:
     void PrintSetup1Click();
     void btnHelpClick() { Help(); }
 
-    /// Asks for one search parameter, prompting with both texts run together without a blank, as is
-    /// intended; what is no number stores -1.
-    void EnterParamClick(std::int32_t TSearchParameters::*parameter, const QString &firstText,
-                         const QString &secondText);
+    /// Asks for one search parameter; what is no number stores -1.
+    void EnterParamClick(std::int32_t TSearchParameters::*parameter, const QString &prompt);
     void FindConsecutivePossFuelValsClick();
     void FindConsecutivePossTimeValsClick();
     void HighlightAValue1Click();

@@ -39,6 +39,11 @@ const TByteTexts &ByteTexts(bool hexadecimal) {
     static const TByteTexts hexadecimalTexts = MakeByteTexts(true);
     return hexadecimal ? hexadecimalTexts : decimalTexts;
 }
+/// Of a column that shows `text`.
+int WidthFor(const TStringAlignGrid &grid, const QString &text) {
+    constexpr int leastMargins = 2; // both sides together
+    return std::max(columnWidth, grid.fontMetrics().horizontalAdvance(text) + leastMargins);
+}
 } // namespace
 
 void PrepareFileGrid(TStringAlignGrid &grid) {
@@ -77,9 +82,14 @@ void FillFileGrid(TStringAlignGrid &grid, std::span<const std::uint8_t> bytes, b
 void SizeFileGrid(TStringAlignGrid &grid, int visibleHeight) {
     constexpr int border = 4;
     constexpr int scrollBarRoom = 24;
-    grid.SetDefaultColWidth(columnWidth);
+    const int dataWidth = std::max(WidthFor(grid, "$DD"), WidthFor(grid, "255"));
+    const qsizetype addressLength = grid.Cell(0, grid.RowCount() - 1).size();
+    const int addressWidth = WidthFor(grid, QString(addressLength, 'D')); // the widest digit
+    grid.SetDefaultColWidth(dataWidth);
+    grid.SetColWidth(0, addressWidth);
     const int rowHeight = grid.DefaultRowHeight() + grid.GridLineWidth();
     const bool allVisible = grid.RowCount() * rowHeight + border <= visibleHeight;
-    grid.setFixedWidth((dataColumns + 1) * (columnWidth + grid.GridLineWidth()) + border +
+    grid.setFixedWidth(addressWidth + dataColumns * dataWidth +
+                       (dataColumns + 1) * grid.GridLineWidth() + border +
                        (allVisible ? 0 : scrollBarRoom));
 }

@@ -13,8 +13,8 @@ void PrepareFileGrid(TStringAlignGrid &grid);
 /// Shows `bytes` in decimal, or as "$" and two hexadecimal digits. All marks are lost.
 void FillFileGrid(TStringAlignGrid &grid, std::span<const std::uint8_t> bytes, bool hexadecimal);
 
-/// Makes all columns 38 pixels wide and the grid as wide as they need, with room for the scroll bar
-/// when not all rows are visible at `visibleHeight` pixels.
+/// Makes all columns 38 pixels wide, wider where a large font needs it, and the grid as wide as
+/// they are, with room for the scroll bar when not all rows are visible at `visibleHeight` pixels.
 void SizeFileGrid(TStringAlignGrid &grid, int visibleHeight);
 
 /// Image offset of a data cell (column and row from 1).

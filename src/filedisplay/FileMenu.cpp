@@ -16,23 +16,29 @@ namespace {
 struct TParameterItem {
     const char *name;
     const char *caption;
-    const char *firstText;
-    const char *secondText;
+    const char *prompt;
     std::int32_t TSearchParameters::*parameter;
 };
 
+/// The missing blank after "Possible" is intended.
 constexpr std::array<TParameterItem, 6> parameterItems{{
-    {"MinFuelVal1", "Fuel Val Min", "Minimum Possible", "Fuel value to include",
+    {"MinFuelVal1", QT_TRANSLATE_NOOP("TFileMenu", "Fuel Val Min"),
+     QT_TRANSLATE_NOOP("TFileMenu", "Minimum PossibleFuel value to include"),
      &TSearchParameters::fuelMinimum},
-    {"MaxFuelVal1", "Fuel Value Max", "Maximum Possible", "Fuel value to include",
+    {"MaxFuelVal1", QT_TRANSLATE_NOOP("TFileMenu", "Fuel Value Max"),
+     QT_TRANSLATE_NOOP("TFileMenu", "Maximum PossibleFuel value to include"),
      &TSearchParameters::fuelMaximum},
-    {"MinTimingVal1", "Timing Val Min", "Minimum Possible", "Timing value to include",
+    {"MinTimingVal1", QT_TRANSLATE_NOOP("TFileMenu", "Timing Val Min"),
+     QT_TRANSLATE_NOOP("TFileMenu", "Minimum PossibleTiming value to include"),
      &TSearchParameters::timingMinimum},
-    {"MaxTimingVal1", "Timing Val Max", "Maximum Possible", "Timing value to include",
+    {"MaxTimingVal1", QT_TRANSLATE_NOOP("TFileMenu", "Timing Val Max"),
+     QT_TRANSLATE_NOOP("TFileMenu", "Maximum PossibleTiming value to include"),
      &TSearchParameters::timingMaximum},
-    {"RPMRAMLocation1", "RPM RAM Location", "", "RAM location of RPM reading",
+    {"RPMRAMLocation1", QT_TRANSLATE_NOOP("TFileMenu", "RPM RAM Location"),
+     QT_TRANSLATE_NOOP("TFileMenu", "RAM location of RPM reading"),
      &TSearchParameters::rpmLocation},
-    {"LoadRAMLocation1", "% Load RAM Location", "", "RAM Location of % Load reading",
+    {"LoadRAMLocation1", QT_TRANSLATE_NOOP("TFileMenu", "% Load RAM Location"),
+     QT_TRANSLATE_NOOP("TFileMenu", "RAM Location of % Load reading"),
      &TSearchParameters::loadLocation},
 }};
 } // namespace
@@ -40,53 +46,56 @@ constexpr std::array<TParameterItem, 6> parameterItems{{
 TFileMenu::TFileMenu(TfrmFileContents &page) : QMenu(&page), page_(page) {
     using TPage = TfrmFileContents;
     setObjectName("PopupMenu1");
-    AddItems(*this, {{"Copy1", "Copy", &TPage::Copy1Click},
-                     {"CopySelected1", "Copy Selected", &TPage::CopySelected1Click},
-                     {"Print1", "Print", &TPage::Print1Click},
-                     {"PrintSetup1", "Print Setup", &TPage::PrintSetup1Click}});
+    AddItems(*this, {{"Copy1", QT_TR_NOOP("Copy"), &TPage::Copy1Click},
+                     {"CopySelected1", QT_TR_NOOP("Copy Selected"), &TPage::CopySelected1Click},
+                     {"Print1", QT_TR_NOOP("Print"), &TPage::Print1Click},
+                     {"PrintSetup1", QT_TR_NOOP("Print Setup"), &TPage::PrintSetup1Click}});
     addSeparator();
-    AddItems(*this, {{"ClearAllMarkers1", "Clear All Markers", &TPage::ClearAllMarkers1Click}});
+    AddItems(*this, {{"ClearAllMarkers1", QT_TR_NOOP("Clear All Markers"),
+                      &TPage::ClearAllMarkers1Click}});
     AddSubmenu("HighlightMapFromCurrentCell1", tr("Highlight Map From Current Cell"),
-               {{"Fuel3", "Fuel - Part Throttle", &TPage::Fuel3Click},
-                {"Fuel4", "Fuel - WOT/Idle", &TPage::Fuel4Click},
-                {"Timing3", "Timing - Part Throttle", &TPage::Timing3Click},
-                {"Timing4", "Timing - WOT/Idle", &TPage::Timing4Click}});
+               {{"Fuel3", QT_TR_NOOP("Fuel - Part Throttle"), &TPage::Fuel3Click},
+                {"Fuel4", QT_TR_NOOP("Fuel - WOT/Idle"), &TPage::Fuel4Click},
+                {"Timing3", QT_TR_NOOP("Timing - Part Throttle"), &TPage::Timing3Click},
+                {"Timing4", QT_TR_NOOP("Timing - WOT/Idle"), &TPage::Timing4Click}});
     addSeparator();
     AddParameters();
     AddSubmenu("ManualSearches1", tr("Manual Searches"),
-               {{"FindConsecutivePossFuelVals", "Mark Possible Fuel Vals",
+               {{"FindConsecutivePossFuelVals", QT_TR_NOOP("Mark Possible Fuel Vals"),
                  &TPage::FindConsecutivePossFuelValsClick},
-                {"FindConsecutivePossTimeVals", "Mark Possible Timing Vals",
+                {"FindConsecutivePossTimeVals", QT_TR_NOOP("Mark Possible Timing Vals"),
                  &TPage::FindConsecutivePossTimeValsClick},
-                {"HighlightAValue1", "Mark All Instances of a Specific Value",
+                {"HighlightAValue1", QT_TR_NOOP("Mark All Instances of a Specific Value"),
                  &TPage::HighlightAValue1Click},
-                {"FindMapPointers1", "Find Map Pointers by offset Address",
+                {"FindMapPointers1", QT_TR_NOOP("Find Map Pointers by offset Address"),
                  &TPage::FindMapPointers1Click}});
     AddSubmenu("SearchandHighlightMaps1", tr("Search and Highlight Maps"),
-               {{"Fuel5", "Fuel - Part Throttle", &TPage::Fuel5Click},
-                {"Fuel6", "Fuel - WOT/Idle", &TPage::Fuel6Click},
-                {"Timing5", "Timing - Part Throttle", &TPage::Timing5Click},
-                {"Timing6", "Timing - WOT/Idle", &TPage::Timing6Click},
-                {"Any1", "All 2D Maps (any values)", &TPage::Any1Click},
-                {"Any2", "All Linear Maps (any values)", &TPage::Any2Click}});
+               {{"Fuel5", QT_TR_NOOP("Fuel - Part Throttle"), &TPage::Fuel5Click},
+                {"Fuel6", QT_TR_NOOP("Fuel - WOT/Idle"), &TPage::Fuel6Click},
+                {"Timing5", QT_TR_NOOP("Timing - Part Throttle"), &TPage::Timing5Click},
+                {"Timing6", QT_TR_NOOP("Timing - WOT/Idle"), &TPage::Timing6Click},
+                {"Any1", QT_TR_NOOP("All 2D Maps (any values)"), &TPage::Any1Click},
+                {"Any2", QT_TR_NOOP("All Linear Maps (any values)"), &TPage::Any2Click}});
     addSeparator();
     AddSubmenu("mnuGraphPT", tr("Update Notebook Map"),
-               {{"Fuel1", "Fuel Maps - Part Throttle", &TPage::Fuel1Click},
-                {"Fuel2", "Fuel Maps - Idle", &TPage::Fuel2Click},
-                {"WOTFuel1", "Fuel Maps - WOT", &TPage::WOTFuel1Click},
-                {"Timing1", "Timing Maps - Part Throttle", &TPage::Timing1Click},
-                {"Timing2", "Timing Maps - Idle", &TPage::Timing2Click},
-                {"WOTTiming1", "Timing Maps - WOT", &TPage::WOTTiming1Click}});
+               {{"Fuel1", QT_TR_NOOP("Fuel Maps - Part Throttle"), &TPage::Fuel1Click},
+                {"Fuel2", QT_TR_NOOP("Fuel Maps - Idle"), &TPage::Fuel2Click},
+                {"WOTFuel1", QT_TR_NOOP("Fuel Maps - WOT"), &TPage::WOTFuel1Click},
+                {"Timing1", QT_TR_NOOP("Timing Maps - Part Throttle"), &TPage::Timing1Click},
+                {"Timing2", QT_TR_NOOP("Timing Maps - Idle"), &TPage::Timing2Click},
+                {"WOTTiming1", QT_TR_NOOP("Timing Maps - WOT"), &TPage::WOTTiming1Click}});
     AddSubmenu("AddNotebookMap1", tr("Add Notebook Map"),
-               {{"AllHighlighted1", "All Highlighted", &TPage::AllHighlighted1Click}});
+               {{"AllHighlighted1", QT_TR_NOOP("All Highlighted"), &TPage::AllHighlighted1Click}});
     AddSubmenu("QuickMap1", tr("Quick Map"),
-               {{"SelectedCellisMapOffset1", "Selected Cell is 2D Map Offset",
+               {{"SelectedCellisMapOffset1", QT_TR_NOOP("Selected Cell is 2D Map Offset"),
                  &TPage::SelectedCellisMapOffset1Click},
-                {"SelectedCellisLinearMapOffset1", "Selected Cell is Linear Map Offset",
+                {"SelectedCellisLinearMapOffset1", QT_TR_NOOP("Selected Cell is Linear Map Offset"),
                  &TPage::SelectedCellisLinearMapOffset1Click},
-                {"SelectedCellisMapPointerOffset1", "Selected Cell is address of 2D Map Address",
+                {"SelectedCellisMapPointerOffset1",
+                 QT_TR_NOOP("Selected Cell is address of 2D Map Address"),
                  &TPage::SelectedCellisMapPointerOffset1Click},
-                {"SelectedCellisLinearMapPointer1", "Selected Cell is address of Linear Map Offset",
+                {"SelectedCellisLinearMapPointer1",
+                 QT_TR_NOOP("Selected Cell is address of Linear Map Offset"),
                  &TPage::SelectedCellisLinearMapPointer1Click}});
 }
 
@@ -115,7 +124,6 @@ QMenu &TFileMenu::AddSubmenu(const char *name, const QString &caption,
 void TFileMenu::AddParameters() {
     QMenu &menu = AddSubmenu("SetSearchParameters1", tr("Set Search Parameters"), {});
     for (const TParameterItem &item : parameterItems)
-        Add(menu, item.name, tr(item.caption), [this, &item] {
-            page_.EnterParamClick(item.parameter, tr(item.firstText), tr(item.secondText));
-        });
+        Add(menu, item.name, tr(item.caption),
+            [this, &item] { page_.EnterParamClick(item.parameter, tr(item.prompt)); });
 }

@@ -22,6 +22,15 @@ std::unique_ptr<TfrmMaps> MakePage(TMapContents contents, TWorkspace &workspace)
     return std::make_unique<TAddedMapPage<TfrmTimingMaps, TTimingMapSet>>(workspace);
 }
 
+/// Of the map's tab; "%1" is its address of four digits.
+QString CaptionOf(const TMapStart &start) {
+    if (start.contents == TMapContents::Fuel)
+        return start.shape == TMapShape::TwoD ? TfrmFileContents::tr("2-D Fuel Map at $%1")
+                                              : TfrmFileContents::tr("1-D Fuel Map at $%1");
+    return start.shape == TMapShape::TwoD ? TfrmFileContents::tr("2-D Timing Map at $%1")
+                                          : TfrmFileContents::tr("1-D Timing Map at $%1");
+}
+
 TMapKind KindOf(TMapShape shape) {
     return shape == TMapShape::TwoD ? TMapKind::PT : TMapKind::WOT;
 }
@@ -68,7 +77,7 @@ void TfrmFileContents::AllHighlighted1Click() {
 void TfrmFileContents::AddMapPage(const TMapStart &start, std::int32_t address) {
     const bool linear = start.shape == TMapShape::Linear;
     const QString digits = QString("%1").arg(address, 4, 16, QChar('0')).toUpper();
-    const QString caption = tr(start.caption) + digits;
+    const QString caption = CaptionOf(start).arg(digits);
     std::unique_ptr<TfrmMaps> page = MakePage(start.contents, workspace_);
     page->setObjectName(page->objectName() + "_" + digits);
     // A linear map is placed at the current cell, not at the one found; this is intended.
@@ -77,7 +86,7 @@ void TfrmFileContents::AddMapPage(const TMapStart &start, std::int32_t address) 
     page->ShowOnly(KindOf(start.shape));
     const int tab = Notebook()->AddExtraPage(
         std::move(page), "tabMap_" + digits,
-        start.contents == TMapContents::Fuel ? tr("map at $") + digits : caption);
+        start.contents == TMapContents::Fuel ? tr("map at $%1").arg(digits) : caption);
     Notebook()->PageControl1->setTabText(tab, caption);
 }
 

@@ -30,11 +30,10 @@ void TfrmFileContents::ScanAll(const TSearch &search) {
 }
 
 void TfrmFileContents::EnterParamClick(std::int32_t TSearchParameters::*parameter,
-                                       const QString &firstText, const QString &secondText) {
+                                       const QString &prompt) {
     std::int32_t &value = parameters.*parameter;
     const QString current = value == -1 ? QString("") : QString::number(value);
-    const QString answer =
-        Dialogs().InputBox(tr("Search Parameters"), firstText + secondText, current);
+    const QString answer = Dialogs().InputBox(tr("Search Parameters"), prompt, current);
     value = NumberIn(answer).value_or(-1);
 }
 

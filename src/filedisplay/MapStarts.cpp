@@ -5,10 +5,10 @@
 
 namespace {
 constexpr std::array<TMapStart, 4> mapStarts{{
-    {0x008001, TMapContents::Fuel, TMapShape::Linear, "1-D Fuel Map at $"},
-    {0x008002, TMapContents::Fuel, TMapShape::TwoD, "2-D Fuel Map at $"},
-    {0x800081, TMapContents::Timing, TMapShape::Linear, "1-D Timing Map at $"},
-    {0x800082, TMapContents::Timing, TMapShape::TwoD, "2-D Timing Map at $"},
+    {0x008001, TMapContents::Fuel, TMapShape::Linear},
+    {0x008002, TMapContents::Fuel, TMapShape::TwoD},
+    {0x800081, TMapContents::Timing, TMapShape::Linear},
+    {0x800082, TMapContents::Timing, TMapShape::TwoD},
 }};
 } // namespace
 

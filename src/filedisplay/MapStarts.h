@@ -9,7 +9,6 @@ struct TMapStart {
     TColor color; ///< exactly, unshaded
     TMapContents contents;
     TMapShape shape;
-    const char *caption; ///< of the map's tab, before its address of four digits
 };
 
 /// The kind of map that a cell of this colour starts; nullptr for any other colour.

@@ -14,16 +14,16 @@ struct TLegendRow {
 };
 
 constexpr std::array<TLegendRow, 6> legend{{
-    {"Axis Count", 0xFF0000},
-    {"Axis Values", 0x008000},
-    {"Map Data", 0x00FFFF},
-    {"Possible Fuel Val", 0x00FF00},
-    {"Possible Timing Val", 0xFF00FF},
-    {"Searched Val", 0x008080},
+    {QT_TRANSLATE_NOOP("TfrmKey", "Axis Count"), 0xFF0000},
+    {QT_TRANSLATE_NOOP("TfrmKey", "Axis Values"), 0x008000},
+    {QT_TRANSLATE_NOOP("TfrmKey", "Map Data"), 0x00FFFF},
+    {QT_TRANSLATE_NOOP("TfrmKey", "Possible Fuel Val"), 0x00FF00},
+    {QT_TRANSLATE_NOOP("TfrmKey", "Possible Timing Val"), 0xFF00FF},
+    {QT_TRANSLATE_NOOP("TfrmKey", "Searched Val"), 0x008080},
 }};
 
-QString LocationText(const QString &prefix, std::int32_t location) {
-    return prefix + (location < 0 ? QString("(not specified)") : QString::number(location));
+QString LocationText(const QString &text, std::int32_t location) {
+    return text.arg(location < 0 ? TfrmKey::tr("(not specified)") : QString::number(location));
 }
 
 /// A box filled with one colour of the legend.
@@ -35,7 +35,8 @@ QFrame *ColorBox(QWidget *parent, TColor color) {
     box->setPalette(colors);
     box->setAutoFillBackground(true);
     box->setFrameShape(QFrame::Box);
-    box->setFixedSize(28, 16);
+    const int height = box->fontMetrics().height();
+    box->setFixedSize(2 * height, height);
     return box;
 }
 } // namespace
@@ -94,10 +95,10 @@ void TfrmKey::PlaceAt(const QWidget &window) {
 }
 
 void TfrmKey::ShowParameters() {
-    lblFuelMin_->setText(tr("min: ") + QString::number(parameters_.fuelMinimum));
-    lblFuelMax_->setText(tr("max: ") + QString::number(parameters_.fuelMaximum));
-    lblTimingMin_->setText(tr("min: ") + QString::number(parameters_.timingMinimum));
-    lblTimingMax_->setText(tr("max: ") + QString::number(parameters_.timingMaximum));
-    lblRPMLocation_->setText(LocationText(tr("RPM: "), parameters_.rpmLocation));
-    lblLoadLocation_->setText(LocationText(tr("Load: "), parameters_.loadLocation));
+    lblFuelMin_->setText(tr("min: %1").arg(parameters_.fuelMinimum));
+    lblFuelMax_->setText(tr("max: %1").arg(parameters_.fuelMaximum));
+    lblTimingMin_->setText(tr("min: %1").arg(parameters_.timingMinimum));
+    lblTimingMax_->setText(tr("max: %1").arg(parameters_.timingMaximum));
+    lblRPMLocation_->setText(LocationText(tr("RPM: %1"), parameters_.rpmLocation));
+    lblLoadLocation_->setText(LocationText(tr("Load: %1"), parameters_.loadLocation));
 }

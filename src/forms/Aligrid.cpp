@@ -72,6 +72,7 @@ TStringAlignGrid::TStringAlignGrid(QWidget *parent)
     delegate_->onHint = [this](TGridCell cell, QString &hint) {
         Fire(OnShowHintCell, cell.column, cell.row, hint);
     };
+    setLayoutDirection(Qt::LeftToRight); // tables of numbers run rightwards in every language
     setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked);
     setSelectionMode(ContiguousSelection);
     setTabKeyNavigation(false);

@@ -2,6 +2,8 @@
 
 #include "forms/AligridTypes.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include <QtGlobal>
@@ -25,8 +27,22 @@ QColor ThemeColor(TColor color, const QPalette &palette) {
     }
 }
 
-double Linear(float channel) {
-    return std::pow(static_cast<double>(channel), 2.2);
+/// Light of an 8-bit sRGB channel, 0 to 1.
+double Light(int channel) {
+    static const std::array<double, 256> lights = [] {
+        std::array<double, 256> table{};
+        for (std::size_t i = 0; i < table.size(); ++i) {
+            const double share = static_cast<double>(i) / 255;
+            table[i] = share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+        }
+        return table;
+    }();
+    return lights[static_cast<std::size_t>(channel)];
+}
+
+double Luminance(const QColor &color) {
+    return 0.2126 * Light(color.red()) + 0.7152 * Light(color.green()) +
+           0.0722 * Light(color.blue());
 }
 
 int Channel(TColor color, int shift) {
@@ -46,10 +62,21 @@ QColor Blended(const QColor &above, const QColor &below, double share) {
             mix(above.blue(), below.blue())};
 }
 
+double Contrast(const QColor &one, const QColor &other) {
+    const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
 QColor ReadableOn(const QColor &background) {
-    // The relative luminance of sRGB; at 0.179 the contrasts to black and to white are equal.
-    const double luminance = 0.2126 * Linear(background.redF()) +
-                             0.7152 * Linear(background.greenF()) +
-                             0.0722 * Linear(background.blueF());
-    return luminance > 0.179 ? QColor(Qt::black) : QColor(Qt::white);
+    const QColor black(Qt::black);
+    const QColor white(Qt::white);
+    return Contrast(black, background) >= Contrast(white, background) ? black : white;
+}
+
+QColor Legible(const QColor &color, const QColor &background, double leastContrast) {
+    constexpr int steps = 32;
+    QColor legible = color;
+    for (int step = 1; step <= steps && Contrast(legible, background) < leastContrast; ++step)
+        legible = Blended(ReadableOn(background), color, double(step) / steps);
+    return legible;
 }

@@ -2,6 +2,8 @@
 
 #include "forms/AligridColors.h"
 
+#include <algorithm>
+
 #include <QAbstractItemView>
 #include <QFocusEvent>
 #include <QHelpEvent>
@@ -19,11 +21,12 @@ bool IsCurrent(const QStyleOptionViewItem &option, const QModelIndex &index) {
 }
 
 /// Inside the cell; thicker while the grid has the focus.
-void DrawCurrentFrame(QPainter &painter, const QRect &rect, const QStyleOptionViewItem &option) {
+void DrawCurrentFrame(QPainter &painter, const QRect &rect, const QStyleOptionViewItem &option,
+                      const QColor &color) {
     const bool focused = option.state.testFlag(QStyle::State_HasFocus);
     const int thickness = focused ? focusFrame : 1;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(option.palette.brush(QPalette::Active, QPalette::Highlight));
+    painter.setBrush(color);
     painter.drawRect(rect.left(), rect.top(), rect.width(), thickness);
     painter.drawRect(rect.left(), rect.bottom() - thickness + 1, rect.width(), thickness);
     painter.drawRect(rect.left(), rect.top(), thickness, rect.height());
@@ -51,19 +54,24 @@ QColor TAligridDelegate::Background(const QStyleOptionViewItem &option, TGridCel
 
 QColor TAligridDelegate::TextColor(const QStyleOptionViewItem &option, TGridCell cell) const {
     const TColor color = model_.FontColor(cell);
-    if (color != settings_.DefaultFontColor)
-        return PaintedColor(color, option.palette);
-    if (model_.CellColor(cell) != settings_.DefaultColor)
-        return ReadableOn(Background(option, cell));
-    return PaintedColor(Tinted(option) ? settings_.SelectedFontColor : color, option.palette);
+    const QColor background = Background(option, cell);
+    const bool plain = color == settings_.DefaultFontColor;
+    if (plain && model_.CellColor(cell) != settings_.DefaultColor)
+        return ReadableOn(background);
+    const TColor wanted = plain && Tinted(option) ? settings_.SelectedFontColor : color;
+    // The cell keeps its colour; only what is painted gives way to the theme's background.
+    return Legible(PaintedColor(wanted, option.palette), background);
 }
 
 QRect TAligridDelegate::Inside(const QRect &rect) const {
     return rect.adjusted(0, 0, -gridLineWidth, -gridLineWidth);
 }
 
-QRect TAligridDelegate::TextRect(const QRect &rect) const {
-    return Inside(rect).adjusted(cellTextMargin, 0, -cellTextMargin, 0);
+QRect TAligridDelegate::TextRect(const QStyleOptionViewItem &option, const QString &text) const {
+    const QRect inside = Inside(option.rect);
+    const int room = inside.width() - option.fontMetrics.horizontalAdvance(text);
+    const int margin = std::clamp(room / 2, 0, cellTextMargin);
+    return inside.adjusted(margin, 0, -margin, 0);
 }
 
 void TAligridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -72,13 +80,19 @@ void TAligridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     const QColor line =
         Blended(option.palette.color(QPalette::Text), option.palette.color(QPalette::Base), 0.2);
     painter->fillRect(option.rect, line);
-    painter->fillRect(Inside(option.rect), Background(option, cell));
+    const QColor background = Background(option, cell);
+    painter->fillRect(Inside(option.rect), background);
     painter->setPen(TextColor(option, cell));
     const int wrap = settings_.Wordwrap ? Qt::TextWordWrap : Qt::TextSingleLine;
-    painter->drawText(TextRect(option.rect), static_cast<int>(model_.Alignment(cell)) | wrap,
-                      model_.cells.Text(cell.column, cell.row));
-    if (IsCurrent(option, index))
-        DrawCurrentFrame(*painter, Inside(option.rect), option);
+    const QString text = model_.cells.Text(cell.column, cell.row);
+    painter->drawText(TextRect(option, text), static_cast<int>(model_.Alignment(cell)) | wrap,
+                      text);
+    if (!IsCurrent(option, index))
+        return;
+    // The active colour also in windows without the focus, where some themes have plain grey.
+    const QColor frame = option.palette.color(QPalette::Active, QPalette::Highlight);
+    DrawCurrentFrame(*painter, Inside(option.rect), option,
+                     Legible(frame, background, leastLineContrast));
 }
 
 QWidget *TAligridDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
@@ -135,7 +149,7 @@ bool TAligridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const TGridCell cell = model_.CellOf(index);
     const QString text = model_.cells.Text(cell.column, cell.row);
-    const bool fits = option.fontMetrics.horizontalAdvance(text) <= TextRect(option.rect).width();
+    const bool fits = option.fontMetrics.horizontalAdvance(text) <= TextRect(option, text).width();
     QString hint = fits ? QString() : text;
     onHint(cell, hint);
     QToolTip::showText(event->globalPos(), hint, view, option.rect);

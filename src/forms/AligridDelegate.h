@@ -39,7 +39,8 @@ private:
     QColor TextColor(const QStyleOptionViewItem &option, TGridCell cell) const;
     bool Tinted(const QStyleOptionViewItem &option) const;
     QRect Inside(const QRect &rect) const;
-    QRect TextRect(const QRect &rect) const;
+    /// With the margins as far as the text leaves room for them.
+    QRect TextRect(const QStyleOptionViewItem &option, const QString &text) const;
 
     const TAligridSettings &settings_;
     const TAligridModel &model_;

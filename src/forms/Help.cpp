@@ -24,7 +24,7 @@
 
 namespace {
 [[noreturn]] void Fail(const QFile &file, const QString &reason) {
-    const QString text = QString("Cannot open file \"%1\": %2")
+    const QString text = TfrmHelp::tr("Cannot open file \"%1\": %2")
                              .arg(QDir::toNativeSeparators(file.fileName()), reason);
     throw EFileError(text.toStdString());
 }
@@ -35,19 +35,19 @@ QByteArray ReadFile(QFile &file) {
     const std::filesystem::file_status status =
         std::filesystem::status(ToPath(file.fileName()), error);
     if (exists(status) && !is_regular_file(status))
-        Fail(file, "not a regular file");
+        Fail(file, TfrmHelp::tr("not a regular file"));
     if (!file.open(QIODevice::ReadOnly))
         Fail(file, file.errorString());
     const qint64 length = file.size();
     if (length > maxHelpFileSize)
-        Fail(
-            file,
-            QString("it has %1 bytes, more than the limit of %2").arg(length).arg(maxHelpFileSize));
+        Fail(file, TfrmHelp::tr("it has %1 bytes, more than the limit of %2")
+                       .arg(length)
+                       .arg(maxHelpFileSize));
     const QByteArray bytes = file.read(maxHelpFileSize + 1);
     if (file.error() != QFileDevice::NoError)
         Fail(file, file.errorString());
     if (bytes.size() != length)
-        Fail(file, "its length changed while it was read");
+        Fail(file, TfrmHelp::tr("its length changed while it was read"));
     return bytes;
 }
 
@@ -78,11 +78,11 @@ QString ReadText(const QString &name) {
     QFile file(name);
     const QByteArray bytes = ReadFile(file);
     if (bytes.contains('\0'))
-        Fail(file, "it is not a plain text");
+        Fail(file, TfrmHelp::tr("it is not a plain text"));
     const QString lines = Lines(Decode(bytes));
     // The time that a line takes to be laid out grows with the square of its length.
     if (HasLongLine(lines))
-        Fail(file, QString("it has a line of more than %1 characters").arg(maxHelpLineLength));
+        Fail(file, TfrmHelp::tr("it has a line of more than %1 characters").arg(maxHelpLineLength));
     return lines;
 }
 
@@ -169,7 +169,7 @@ void TfrmHelp::FindAgain() {
 void ShowHelpOf(QWidget &window, const QString &asked) {
     const QString shown = window.objectName() + ".txt";
     if (!QFileInfo(ProgramDirectory() + (asked.isEmpty() ? shown : asked)).isFile())
-        return Dialogs().ShowMessage("Sorry no help is yet available for this screen");
+        return Dialogs().ShowMessage(TfrmHelp::tr("Sorry no help is yet available for this screen"));
     auto *help = window.findChild<TfrmHelp *>({}, Qt::FindDirectChildrenOnly);
     if (!help) {
         help = new TfrmHelp(shown, &window);

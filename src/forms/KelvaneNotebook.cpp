@@ -46,8 +46,8 @@ TfrmKelvaneNotebook::~TfrmKelvaneNotebook() {
 void TfrmKelvaneNotebook::LayOut() {
     StatusBar1->setObjectName("StatusBar1");
     setStatusBar(StatusBar1);
-    SetHint(btnPrint, "Print Displayed Data");
-    SetHint(btnClose, "Close");
+    SetHint(btnPrint, tr("Print Displayed Data"));
+    SetHint(btnClose, tr("Close"));
     btnSave->setEnabled(false);
     btnCancel->setEnabled(false);
 

@@ -19,7 +19,7 @@ class TPageControl;
 /// The host was asked for the page of a tab that has none: "Form Not Found".
 class EFormNotfound : public std::runtime_error {
 public:
-    EFormNotfound() : std::runtime_error("Form Not Found") {}
+    EFormNotfound() : std::runtime_error(QObject::tr("Form Not Found").toStdString()) {}
 };
 
 class TfrmKelvaneNotebook : public QMainWindow {

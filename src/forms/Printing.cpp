@@ -25,13 +25,14 @@ void TPrinting::RunSetup() {
 void TPrinting::Print(const QTextDocument &text, const QString &jobTitle) {
     QPrinter &printer = Printer();
     if (!printer.isValid())
-        throw EFileError("There is no printer");
+        throw EFileError(QObject::tr("There is no printer").toStdString());
     printer.setPageOrientation(QPageLayout::Landscape);
     printer.setDocName(jobTitle);
     text.print(&printer);
     if (printer.printerState() == QPrinter::Error) {
         const QString file = printer.outputFileName();
         const QString target = file.isEmpty() ? printer.printerName() : file;
-        throw EFileError(("The printer does not take the job: " + target).toStdString());
+        throw EFileError(
+            QObject::tr("The printer does not take the job: %1").arg(target).toStdString());
     }
 }

@@ -73,7 +73,7 @@ void TfrmBaseForm::LayOut() {
 
 void TfrmBaseForm::FormCreate() {
     if (ProgRegKey.isEmpty())
-        Dialogs().ShowMessage("You must set ProgRegKey in the main application");
+        Dialogs().ShowMessage(tr("You must set ProgRegKey in the main application"));
 }
 
 void TfrmBaseForm::SetMode(int mode) {
@@ -92,7 +92,7 @@ void TfrmBaseForm::btnCancelClick() {
 }
 
 void TfrmBaseForm::btnFilterClick() {
-    const bool partial = Dialogs().AskYesNo("Include partial matches?") == TAnswer::Yes;
+    const bool partial = Dialogs().AskYesNo(tr("Include partial matches?")) == TAnswer::Yes;
     QStringList conditions;
     const auto edits = findChildren<QLineEdit *>(QRegularExpression("^" + editPrefix + "."));
     for (const QLineEdit *edit : edits)
@@ -118,7 +118,7 @@ bool TfrmBaseForm::CloseQuery() {
     if (!modified)
         return true;
     const QScopedValueRollback<bool> asking(asking_, true);
-    const TAnswer answer = Dialogs().AskYesNoCancel("Save Changes?");
+    const TAnswer answer = Dialogs().AskYesNoCancel(tr("Save Changes?"));
     if (answer != TAnswer::Yes)
         return answer == TAnswer::No;
     if (!SaveChanges())

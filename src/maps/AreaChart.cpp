@@ -30,6 +30,7 @@ int Wrapped(int a, int b) {
 TAreaChart::TAreaChart(QWidget *parent, const QString &name) : QWidget(parent) {
     setObjectName(name);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setLayoutDirection(Qt::LeftToRight); // numbers rise to the right in every language
 }
 
 void TAreaChart::SetTitles(const QString &title, const QString &leftAxisTitle) {

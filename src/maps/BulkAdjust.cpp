@@ -2,6 +2,7 @@
 
 #include "model/Errors.h"
 #include "model/Numbers.h"
+#include "model/Texts.h"
 
 #include <cmath>
 
@@ -27,7 +28,7 @@ double Adjusted(double value, const TAdjustment &adjustment) {
     const long double change = std::nearbyint(static_cast<long double>(signedAmount) *
                                               static_cast<long double>(value) / 100.0L);
     if (!(std::fabs(change) < int64Limit))
-        throw ERangeError("The change is out of range");
+        throw ERangeError(Translated("Numbers", "The change is out of range"));
     return value + static_cast<double>(change);
 }
 

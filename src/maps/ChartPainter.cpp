@@ -158,7 +158,12 @@ private:
     }
     QPen RidgePen() const {
         const QColor mean = ridged_.Mean();
-        QPen pen = LinePen(Blended(ReadableOn(mean), mean, ridgeShare_));
+        const QColor background = palette_.color(QPalette::Base);
+        QColor tint = Blended(ReadableOn(mean), mean, ridgeShare_);
+        // Walls that hardly differ from the background are told by their lines.
+        if (Contrast(mean, background) < leastLineContrast)
+            tint = Legible(tint, background, leastLineContrast);
+        QPen pen = LinePen(tint);
         if (onPixels_) { // wider ones than a pixel of the device are slower by far
             pen.setCosmetic(true);
             pen.setWidth(1);

@@ -3,6 +3,7 @@
 #include <QFocusEvent>
 
 TExitEdit::TExitEdit(QWidget *parent) : QLineEdit(parent) {
+    setLayoutDirection(Qt::LeftToRight); // "$" and signs stand before their number everywhere
     connect(this, &QLineEdit::returnPressed, this, &TExitEdit::Left);
 }
 

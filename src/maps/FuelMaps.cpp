@@ -1,25 +1,19 @@
 #include "maps/FuelMaps.h"
 
+#include "forms/AligridColors.h"
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
 #include "model/Numbers.h"
 
 #include <limits>
 
+#include <QEvent>
 #include <QPushButton>
-
-namespace {
-void SetTextColor(QWidget &control, const QColor &color) {
-    QPalette colors = control.palette();
-    colors.setColor(QPalette::Text, color);
-    control.setPalette(colors);
-}
-} // namespace
 
 TfrmFuelMaps::TfrmFuelMaps(QWidget *parent, TWorkspace &sharedWorkspace, TFuelMapSet &mapSet)
     : TfrmMaps(parent, sharedWorkspace, mapSet), FuelMapSet(&sharedWorkspace.fuelMapSet) {
     setObjectName("frmFuelMaps");
-    setWindowTitle("/\\ Trim");
+    setWindowTitle(tr("/\\ Trim"));
 }
 
 void TfrmFuelMaps::MakeControls() {
@@ -62,8 +56,23 @@ void TfrmFuelMaps::ShowPage() {
 
 void TfrmFuelMaps::ShowRevLimiter() {
     spnRevLimiter_->setValue(Round(FuelMapSet->revLimiter.GetValue()));
-    SetTextColor(*spnRevLimiter_, QPalette().color(QPalette::Text));
+    SetRevColor(clWindowText);
     RevChanged = false;
+}
+
+void TfrmFuelMaps::SetRevColor(TColor color) {
+    revColor_ = color;
+    QPalette colors;
+    if (color != clWindowText)
+        colors.setColor(QPalette::Text,
+                        Legible(PaintedColor(color, colors), colors.color(QPalette::Base)));
+    spnRevLimiter_->setPalette(colors);
+}
+
+void TfrmFuelMaps::changeEvent(QEvent *event) {
+    TfrmMaps::changeEvent(event);
+    if (event->type() == QEvent::ApplicationPaletteChange && spnRevLimiter_)
+        SetRevColor(revColor_);
 }
 
 void TfrmFuelMaps::TakeRevLimiter() {
@@ -85,7 +94,7 @@ bool TfrmFuelMaps::QueryClose() {
 }
 
 void TfrmFuelMaps::spnRevLimiterChange() {
-    SetTextColor(*spnRevLimiter_, Qt::blue);
+    SetRevColor(clBlue);
     RevChanged = true;
 }
 
@@ -109,5 +118,5 @@ void TfrmFuelMaps::CopyFuel(TMapKind kind) {
 }
 
 void TfrmFuelMaps::PasteFuel(TMapKind kind) {
-    PasteMap(kind, workspace.fuelPasteSlots, "Fuel");
+    PasteMap(kind, workspace.fuelPasteSlots, tr("Fuel"));
 }

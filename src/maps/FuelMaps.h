@@ -34,14 +34,18 @@ public:
 protected:
     void MakeControls() override;
     QString DepthTitle() const override { return tr("% Load"); }
+    void changeEvent(QEvent *event) override;
 
 private:
     void MakeRevLimiter();
     void ShowRevLimiter();
+    /// Gives the rev limiter's text that colour, as far as it is readable in the theme.
+    void SetRevColor(TColor color);
     void TakeRevLimiter();
     void CopyFuel(TMapKind kind);
     void PasteFuel(TMapKind kind);
 
     QLabel *revLabel_ = nullptr;
     QSpinBox *spnRevLimiter_ = nullptr;
+    TColor revColor_ = clWindowText;
 };

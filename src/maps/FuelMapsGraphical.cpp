@@ -3,7 +3,7 @@
 TfrmFuelMapsGraphical::TfrmFuelMapsGraphical(QWidget *parent, TWorkspace &sharedWorkspace)
     : TfrmMapsGraphical(parent, sharedWorkspace, sharedWorkspace.fuelMapSet) {
     setObjectName("frmFuelMapsGraphical");
-    setWindowTitle("/\\ Trim");
+    setWindowTitle(tr("/\\ Trim"));
 }
 
 void TfrmFuelMapsGraphical::MakeControls() {

@@ -12,12 +12,15 @@ constexpr int smallestWidth = 480; // pixels
 constexpr int smallestChart = 140; // pixels
 
 constexpr std::array<TMapPanelTraits, 3> panelTraits{{
-    {TMapKind::PT, "Partial Throttle ", 12, 12, "Panel1", "lblPTGrid", "edtPTOffset", "grdPTMap",
-     "chtPTMap", "btnSavePT", "btnResetPT", "PopupMenu1", "Copy1", "Paste1", "UnlockAxis1"},
-    {TMapKind::Idle, "Idle ", 1, 10, "Panel2", "lblIdGrid", "edtIdOffset", "grdIdMap", "chtIdMap",
-     "btnSaveIdle", "btnResetIdle", "PopupMenu2", "Copy2", "Paste2", "UnlockAxis2"},
-    {TMapKind::WOT, "Full Throttle ", 1, 20, "Panel3", "lblFTGrid", "edtFTOffset", "grdFTMap",
-     "chtFTMap", "btnSaveFT", "btnResetFT", "PopupMenu3", "Copy3", "Paste3", "UnlockAxis3"},
+    {TMapKind::PT, QT_TRANSLATE_NOOP("TMapPanel", "Partial Throttle %1 Map"), 12, 12, "Panel1",
+     "lblPTGrid", "edtPTOffset", "grdPTMap", "chtPTMap", "btnSavePT", "btnResetPT", "PopupMenu1",
+     "Copy1", "Paste1", "UnlockAxis1"},
+    {TMapKind::Idle, QT_TRANSLATE_NOOP("TMapPanel", "Idle %1 Map"), 1, 10, "Panel2", "lblIdGrid",
+     "edtIdOffset", "grdIdMap", "chtIdMap", "btnSaveIdle", "btnResetIdle", "PopupMenu2", "Copy2",
+     "Paste2", "UnlockAxis2"},
+    {TMapKind::WOT, QT_TRANSLATE_NOOP("TMapPanel", "Full Throttle %1 Map"), 1, 20, "Panel3",
+     "lblFTGrid", "edtFTOffset", "grdFTMap", "chtFTMap", "btnSaveFT", "btnResetFT", "PopupMenu3",
+     "Copy3", "Paste3", "UnlockAxis3"},
 }};
 } // namespace
 

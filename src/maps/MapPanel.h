@@ -19,7 +19,7 @@
 /// and how much of the grid is shown without scroll bars.
 struct TMapPanelTraits {
     TMapKind kind;
-    const char *heading; ///< before the page caption and " Map"
+    const char *heading; ///< title; "%1" is the page caption
     int maxRows;
     int maxColumns;
     const char *panel;
@@ -39,6 +39,7 @@ struct TMapPanelTraits {
 const TMapPanelTraits &PanelTraits(TMapKind kind);
 
 class TMapPanel : public QWidget {
+    Q_OBJECT
 public:
     TMapPanel(QWidget *parent, const TMapPanelTraits &traits);
 

@@ -193,7 +193,7 @@ void TfrmMaps::FillMap(TMapKind kind) {
 void TfrmMaps::ShowTitles(TMapKind kind) {
     TMapPanel &row = Panel(kind);
     const QString caption = windowTitle();
-    const QString title = row.traits.heading + caption + " Map";
+    const QString title = TMapPanel::tr(row.traits.heading).arg(caption);
     row.title->setText(title);
     row.grid->setAccessibleName(title);
     row.chart->SetTitles(title, caption);

@@ -1,5 +1,7 @@
 #include "maps/OffsetEdit.h"
 
+#include <QEvent>
+
 TOffsetEdit::TOffsetEdit(QWidget *parent, const QString &name) : TExitEdit(parent) {
     setObjectName(name);
     setAccessibleName(tr("offset"));
@@ -8,10 +10,22 @@ TOffsetEdit::TOffsetEdit(QWidget *parent, const QString &name) : TExitEdit(paren
 
 void TOffsetEdit::SetWritable(bool writable) {
     setReadOnly(!writable);
+    TakeThemeColors();
+}
+
+void TOffsetEdit::TakeThemeColors() {
     QPalette colors;
-    if (!writable)
+    if (isReadOnly()) {
+        colors.setColor(QPalette::Text, colors.color(QPalette::ButtonText));
         colors.setColor(QPalette::Base, colors.color(QPalette::Button));
+    }
     setPalette(colors);
+}
+
+void TOffsetEdit::changeEvent(QEvent *event) {
+    TExitEdit::changeEvent(event);
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        TakeThemeColors();
 }
 
 void TOffsetEdit::mouseDoubleClickEvent(QMouseEvent *event) {

@@ -1,16 +1,28 @@
 #include "maps/PasteBuffer.h"
 
-#include <array>
+#include "model/Texts.h"
+
+namespace {
+std::string KindName(TMapKind kind) {
+    if (kind == TMapKind::PT)
+        return Translated("PasteBuffer", "PT");
+    return kind == TMapKind::Idle ? Translated("PasteBuffer", "Idle")
+                                  : Translated("PasteBuffer", "WOT");
+}
+} // namespace
 
 std::string WhyNoPaste(const TMap *buffered, const TMap &target, const std::string &setName,
                        TMapKind kind) {
-    constexpr std::array kindNames{"PT", "Idle", "WOT"};
-    const std::string map = setName + " " + kindNames[static_cast<std::size_t>(kind)] + " Map";
+    const auto problem = [&](const std::string &text) {
+        return Filled(text, {setName, KindName(kind)});
+    };
     if (!buffered)
-        return "No " + map + " currently in paste buffer";
+        return problem(Translated("PasteBuffer", "No %1 %2 Map currently in paste buffer"));
     if (buffered->RPMCount() != target.RPMCount())
-        return map + " in paste buffer has different RPM axis count";
+        return problem(
+            Translated("PasteBuffer", "%1 %2 Map in paste buffer has different RPM axis count"));
     if (buffered->LoadCount() != target.LoadCount())
-        return map + " in paste buffer has different Load axis count";
+        return problem(
+            Translated("PasteBuffer", "%1 %2 Map in paste buffer has different Load axis count"));
     return {};
 }

@@ -11,6 +11,6 @@
 /// Only the stored point counts are compared, never axis values: a map with other axis values
 /// brings its own.
 /// @param buffered  the slot's map, or none when the slot is empty
-/// @param setName   "Fuel" or "Timing"
+/// @param setName   "Fuel" or "Timing" in the user's language
 std::string WhyNoPaste(const TMap *buffered, const TMap &target, const std::string &setName,
                        TMapKind kind);

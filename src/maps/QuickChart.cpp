@@ -1,6 +1,7 @@
 #include "maps/QuickChart.h"
 
 #include "maps/ChartData.h"
+#include "maps/OffsetEdit.h"
 #include "maps/ViewButtons.h"
 #include "model/Numbers.h"
 #include "model/ROMImage.h"
@@ -18,7 +19,7 @@ constexpr QSize usualSize(560, 400);
 TfrmQuickChart::TfrmQuickChart(QWidget *owner)
     : TfrmBaseForm(owner),
       chart_(new TAreaChart(pnlMain, "chtMap")),
-      edtOffset_(new QLineEdit(pnlMain)) {
+      edtOffset_(new TOffsetEdit(pnlMain, "edtOffset")) {
     setObjectName("frmQuickChart");
     setWindowTitle(tr("Quick Map"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -37,12 +38,7 @@ void TfrmQuickChart::MakeControls() {
     QSizePolicy size = chart_->sizePolicy();
     size.setRetainSizeWhenHidden(true);
     chart_->setSizePolicy(size);
-    edtOffset_->setObjectName("edtOffset");
-    edtOffset_->setReadOnly(true);
     edtOffset_->setFixedWidth(edtOffset_->fontMetrics().horizontalAdvance("$FFFFFFFF") + 24);
-    QPalette colors;
-    colors.setColor(QPalette::Base, colors.color(QPalette::Button));
-    edtOffset_->setPalette(colors);
     auto *label = new QLabel(tr("Offset"), pnlMain);
     label->setBuddy(edtOffset_);
     auto *view = new TViewButtons(pnlMain);
@@ -86,7 +82,7 @@ void TfrmQuickChart::FormShow() {
         return;
     ReadMap();
     const QString offset = QString::fromStdString(FormatOffset(map_.GetLocation()));
-    setWindowTitle(tr("Map Offset: ") + offset);
+    setWindowTitle(tr("Map Offset: %1").arg(offset));
     map_.SizeChart(*chart_);
     FillQuickChart(map_, *chart_);
     edtOffset_->setText(offset);

@@ -3,7 +3,7 @@
 TfrmTimingMaps::TfrmTimingMaps(QWidget *parent, TWorkspace &sharedWorkspace, TTimingMapSet &mapSet)
     : TfrmMaps(parent, sharedWorkspace, mapSet), TimingMapSet(&sharedWorkspace.timingMapSet) {
     setObjectName("frmTimingMaps");
-    setWindowTitle("Ign Timing");
+    setWindowTitle(tr("Ign Timing"));
 }
 
 void TfrmTimingMaps::ShowPage() {
@@ -16,5 +16,5 @@ void TfrmTimingMaps::CopyTiming(TMapKind kind) {
 }
 
 void TfrmTimingMaps::PasteTiming(TMapKind kind) {
-    PasteMap(kind, workspace.timingPasteSlots, "Timing");
+    PasteMap(kind, workspace.timingPasteSlots, tr("Timing"));
 }

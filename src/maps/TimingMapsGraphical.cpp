@@ -3,7 +3,7 @@
 TfrmTimingMapsGraphical::TfrmTimingMapsGraphical(QWidget *parent, TWorkspace &sharedWorkspace)
     : TfrmMapsGraphical(parent, sharedWorkspace, sharedWorkspace.timingMapSet) {
     setObjectName("frmTimingMapsGraphical");
-    setWindowTitle("Ign Timing");
+    setWindowTitle(tr("Ign Timing"));
 }
 
 void TfrmTimingMapsGraphical::ShowPage() {

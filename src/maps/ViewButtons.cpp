@@ -19,6 +19,7 @@ TViewButtons::TViewButtons(QWidget *parent)
       udZoom(new QWidget(this)),
       udZoomUp(NewButton(udZoom, "udZoomUp", Qt::UpArrow, tr("Zoom in"))),
       udZoomDown(NewButton(udZoom, "udZoomDown", Qt::DownArrow, tr("Zoom out"))) {
+    setLayoutDirection(Qt::LeftToRight); // the left arrow stays at the left
     udZoom->setObjectName("udZoom");
     udZoom->setAccessibleName(tr("Zoom"));
     LayOut();

@@ -31,7 +31,7 @@ void TAxisData::LoadAxis(std::int32_t newOffset) {
         try {
             values->SetSize(rows, 1);
         } catch (const std::bad_alloc &) {
-            ShowModelMessage(outOfMemoryText);
+            ShowOutOfMemory();
         }
         ReadPoints(*image);
     }
@@ -55,7 +55,7 @@ void TAxisData::SaveAxis() {
     TROMImage *image = ROMImage();
     const bool wasLoaded = size > 0 && size < gridModulus && LastByte() <= TROMImage::highestStart;
     if (image && wasLoaded && !WritePoints(*image))
-        ShowModelMessage(outOfMemoryText); // the load's text, intended
+        ShowOutOfMemory(); // the load's text, intended
     SetModified(false);
 }
 

@@ -3,6 +3,7 @@
 #include "model/Messages.h"
 #include "model/Numbers.h"
 #include "model/ROMImage.h"
+#include "model/Texts.h"
 
 #include <exception>
 #include <new>
@@ -29,6 +30,10 @@ void ForEachValue(const TValCollection &values, TVisit visit) {
 }
 
 } // namespace
+
+void ShowOutOfMemory() {
+    ShowModelMessage(Translated("Model", "Out of memory allocating data map data"));
+}
 
 TBlockData::TBlockData(TValCollectionClass valuesClass)
     : collectionClass(valuesClass), values(valuesClass()) {}
@@ -71,7 +76,7 @@ void TBlockData::Load(std::int32_t newOffset, std::int32_t newRows, std::int32_t
         try {
             values->SetSize(rows, columns);
         } catch (const std::bad_alloc &) {
-            ShowModelMessage(outOfMemoryText);
+            ShowOutOfMemory();
         }
         FillValues(*image);
     }
@@ -101,7 +106,7 @@ void TBlockData::SetModified(bool flag) {
 void TMapData::Save() {
     if (TROMImage *image = ROMImage()) {
         if (rows > 0 && columns > 0 && !TROMImage::Contains(offset))
-            ShowModelMessage("Error saving data map data");
+            ShowModelMessage(Translated("Model", "Error saving data map data"));
         else
             WriteCells(*image);
         image->modified = true;

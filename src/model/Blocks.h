@@ -11,7 +11,8 @@
 inline constexpr std::int32_t gridModulus = 32;
 
 /// The text that failed loads, and failed axis saves, are shown with.
-inline constexpr const char *outOfMemoryText = "Out of memory allocating data map data";
+/// "Out of memory allocating data map data", shown through the message hook.
+void ShowOutOfMemory();
 
 class TROMImage;
 

@@ -2,6 +2,7 @@
 #include "model/MapTypes.h"
 #include "model/Messages.h"
 #include "model/Numbers.h"
+#include "model/Texts.h"
 
 #include <exception>
 #include <optional>
@@ -122,8 +123,8 @@ void TMap::FillBody(IMapGrid &grid, const std::string &cellFormat) const {
             if (const auto number = ReadCell(data->values->GetItem(r, t)))
                 ShowCell(grid, r + 1, t + 1, FormatReal(cellFormat, *number));
             else
-                ShowModelMessage("data error: x=" + FormatReal(cellFormat, r) +
-                                 " y=" + FormatReal(cellFormat, t));
+                ShowModelMessage(Filled(Translated("Model", "data error: x=%1 y=%2"),
+                                        {FormatReal(cellFormat, r), FormatReal(cellFormat, t)}));
 }
 
 void TMap::ReadGrid(IMapGrid &grid) {

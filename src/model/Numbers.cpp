@@ -1,6 +1,7 @@
 #include "model/Numbers.h"
 
 #include "model/Errors.h"
+#include "model/Texts.h"
 
 #include <algorithm>
 #include <array>
@@ -97,10 +98,6 @@ std::optional<std::int32_t> ParseIntegerText(std::string_view text, THexForms fo
     return hex ? ParseHex(text, negative) : ParseDecimal(text, negative);
 }
 
-std::string Quoted(std::string_view text) {
-    return "'" + std::string(text) + "'";
-}
-
 /// A non-negative number as decimal digits, the point standing behind `whole` of them.
 struct TDecimal {
     std::string digits;
@@ -180,7 +177,7 @@ std::optional<std::int32_t> TryRound(double value) {
 std::int32_t Round(double value) {
     if (const std::optional<std::int32_t> rounded = TryRound(value))
         return *rounded;
-    throw ERangeError("The number is outside the range of a stored value");
+    throw ERangeError(Translated("Numbers", "The number is outside the range of a stored value"));
 }
 
 std::optional<double> TryParseReal(std::string_view text) {
@@ -203,7 +200,8 @@ std::optional<double> TryParseReal(std::string_view text) {
 double ParseReal(std::string_view text) {
     if (const std::optional<double> value = TryParseReal(text))
         return *value;
-    throw EConvertError(Quoted(text) + " is not a valid floating point value");
+    throw EConvertError(
+        Filled(Translated("Numbers", "'%1' is not a valid floating point value"), {text}));
 }
 
 std::optional<std::int32_t> TryParseInteger(std::string_view text) {
@@ -213,7 +211,7 @@ std::optional<std::int32_t> TryParseInteger(std::string_view text) {
 std::int32_t ParseInteger(std::string_view text) {
     if (const std::optional<std::int32_t> value = TryParseInteger(text))
         return *value;
-    throw EConvertError(Quoted(text) + " is not a valid integer value");
+    throw EConvertError(Filled(Translated("Numbers", "'%1' is not a valid integer value"), {text}));
 }
 
 std::int32_t ParseIntegerOr(std::string_view text, std::int32_t fallback) {

@@ -1,6 +1,7 @@
 #include "model/SafeFile.h"
 
 #include "model/Errors.h"
+#include "model/Texts.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -346,14 +347,16 @@ void Write(const fs::path &target, TBytes bytes) {
     }
 }
 
-[[noreturn]] void ThrowFileError(const char *what, const fs::path &file,
-                                 const std::string &reason) {
-    throw EFileError(std::string(what) + " '" + file.string() + "': " + reason);
+[[noreturn]] void ThrowCannotRead(const fs::path &file, const std::string &reason) {
+    throw EFileError(
+        Filled(Translated("SafeFile", "Cannot read '%1': %2"), {file.string(), reason}));
 }
 
 std::string ReasonOf(const TSystemFailure &failure) {
-    return std::generic_category().message(failure.code) +
-           (failure.spoilt ? "; the old contents could not be put back" : "");
+    const std::string reason = std::generic_category().message(failure.code);
+    if (!failure.spoilt)
+        return reason;
+    return Filled(Translated("SafeFile", "%1; the old contents could not be put back"), {reason});
 }
 
 } // namespace
@@ -366,18 +369,18 @@ std::vector<std::uint8_t> ReadWholeFile(const fs::path &file, std::uint64_t limi
         if (S_ISDIR(status.st_mode))
             Fail(EISDIR);
         if (!S_ISREG(status.st_mode))
-            ThrowFileError("Cannot read", file, "not a regular file");
+            ThrowCannotRead(file, Translated("SafeFile", "not a regular file"));
         const auto length = static_cast<std::uint64_t>(status.st_size);
         if (length > limit)
-            ThrowFileError("Cannot read", file,
-                           "it has " + std::to_string(length) + " bytes, more than the limit of " +
-                               std::to_string(limit));
+            ThrowCannotRead(
+                file, Filled(Translated("SafeFile", "it has %1 bytes, more than the limit of %2"),
+                             {std::to_string(length), std::to_string(limit)}));
         const auto bytes = ReadExactly(handle, static_cast<std::size_t>(length));
         if (!bytes)
-            ThrowFileError("Cannot read", file, "its length changed while it was read");
+            ThrowCannotRead(file, Translated("SafeFile", "its length changed while it was read"));
         return *bytes;
     } catch (const TSystemFailure &failure) {
-        ThrowFileError("Cannot read", file, ReasonOf(failure));
+        ThrowCannotRead(file, ReasonOf(failure));
     }
 }
 
@@ -385,6 +388,7 @@ void WriteFileSafely(const fs::path &file, TBytes bytes) {
     try {
         Write(Resolve(file), bytes);
     } catch (const TSystemFailure &failure) {
-        ThrowFileError("Cannot write", file, ReasonOf(failure));
+        throw EFileError(Filled(Translated("SafeFile", "Cannot write '%1': %2"),
+                                {file.string(), ReasonOf(failure)}));
     }
 }

@@ -3,6 +3,7 @@
 #include "model/Messages.h"
 #include "model/Numbers.h"
 #include "model/ROMImage.h"
+#include "model/Texts.h"
 
 namespace {
 
@@ -78,7 +79,7 @@ bool TVal::SaveByte() {
         return false;
     const bool saved = image->Poke(offset, LowByte(Round(GetRaw())));
     if (!saved)
-        ShowModelMessage("Error saving rev limiter data");
+        ShowModelMessage(Translated("Model", "Error saving rev limiter data"));
     return saved;
 }
 
@@ -142,7 +143,7 @@ void TTimingVal::SetConverted(double value) {
     if (counts)
         raw = *counts;
     else
-        ShowModelMessage("Timing Divider Not yet Set");
+        ShowModelMessage(Translated("Model", "Timing Divider Not yet Set"));
 }
 
 std::unique_ptr<TVal> TTimingVal::CreateCopy() const {

@@ -4,6 +4,7 @@
 #include "forms/baseform.h"
 #include "model/Messages.h"
 #include "model/Numbers.h"
+#include "spec/Translations.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -24,6 +25,7 @@ void SetUpApplication() {
     QCoreApplication::setApplicationVersion(FERROLYN_VERSION);
     QGuiApplication::setDesktopFileName("org.ferrolyn.Ferrolyn");
     QGuiApplication::setWindowIcon(ProgramIcon());
+    InstallTranslations(QLocale(), TranslationFolders());
     SetDecimalSeparator(QLocale().decimalPoint().toStdString());
     SetMessageHook(
         [](const std::string &text) { Dialogs().ShowMessage(QString::fromStdString(text)); });

@@ -3,6 +3,6 @@
 #pragma once
 
 /// Names the application and its desktop entry, gives its windows their icon, sets the dialogs'
-/// settings key and the decimal separator of the user's locale, and shows the model's messages in
-/// message boxes. Needs the application object.
+/// settings key, the language and the decimal separator of the user's locale, and shows the model's
+/// messages in message boxes. Needs the application object.
 void SetUpApplication();

@@ -1,6 +1,7 @@
 #include "spec/NetUtils.h"
 
 #include "model/Messages.h"
+#include "model/Texts.h"
 
 #include <span>
 
@@ -34,6 +35,6 @@ TNetFunctions LoadNetworkFunctions(ILibraryLoader &loader, bool ntFamily) {
     for (const char *name : FunctionNames(ntFamily))
         functions[name] = loader.Resolve(name);
     if (ntFamily && !functions["NetFileClose"])
-        ShowModelMessage("Could not locate NTNetFileClose");
+        ShowModelMessage(Translated("NetUtils", "Could not locate NTNetFileClose"));
     return functions;
 }

@@ -8,6 +8,7 @@
 #include "spec/IniFile.h"
 #include "spec/offsetentry.h"
 
+#include <algorithm>
 #include <exception>
 #include <system_error>
 
@@ -47,7 +48,15 @@ fs::path CurrentFolder(const fs::path &image) {
     return fs::current_path(error);
 }
 
-constexpr auto romFilter = "Binary Data (*.BIN)|*.BIN";
+QString ROMFilter() {
+    return TfrmROMInformation::tr("Binary Data (*.BIN)|*.BIN");
+}
+
+/// A file name that is too long for its panel is cut in the middle and whole in the tool tip.
+void ShowInPanel(QLabel &panel, const QString &name) {
+    panel.setText(panel.fontMetrics().elidedText(name, Qt::ElideMiddle, panel.width()));
+    panel.setToolTip(panel.text() == name ? QString() : name);
+}
 
 /// Refuses to replace; a failure does not matter. The copy is the user's own new file: it does not
 /// take over a write protection of the loaded one, which would keep the save that follows from it.
@@ -126,8 +135,10 @@ void TfrmROMInformation::SetCaption(bool withFile) {
 }
 
 void TfrmROMInformation::ShowStatus() {
-    statusPanels_[0]->setText(FromPath(romFileName_));
-    statusPanels_[1]->setText(tr("%L1 bytes").arg(ROMImage()->size));
+    ShowInPanel(*statusPanels_[0], FromPath(romFileName_));
+    QLabel &size = *statusPanels_[1];
+    size.setText(tr("%L1 bytes").arg(ROMImage()->size));
+    size.setFixedWidth(std::max(size.width(), size.sizeHint().width())); // in large fonts too
 }
 
 void TfrmROMInformation::SetROMFileName(const fs::path &name) {
@@ -139,7 +150,7 @@ fs::path TfrmROMInformation::ChooseROMFile() {
     const QString current = FromPath(romFileName_);
     const QString folder =
         current.isEmpty() ? QCoreApplication::applicationDirPath() : QFileInfo(current).path();
-    const QString chosen = Dialogs().OpenFile(romFilter, folder);
+    const QString chosen = Dialogs().OpenFile(ROMFilter(), folder);
     if (chosen.isEmpty())
         return romFileName_;
     QDir::setCurrent(QFileInfo(chosen).absolutePath());
@@ -193,7 +204,7 @@ bool TfrmROMInformation::SaveROM() {
     saveFileName_.clear();
     dlgSave_->defaultExt = ".BIN";
     dlgSave_->title = tr("Save ROM File");
-    dlgSave_->filter = romFilter;
+    dlgSave_->filter = ROMFilter();
     if (dlgSave_->Execute())
         saveFileName_ = ToPath(dlgSave_->fileName);
     const bool result = MayWrite(!saveFileName_.empty());
@@ -224,7 +235,7 @@ void TfrmROMInformation::WriteROM() {
 void TfrmROMInformation::btnSaveSpecClick() {
     dlgSave_->defaultExt = ".SPC";
     dlgSave_->title = tr("Save ROM Spec File");
-    dlgSave_->filter = "Spec Files (*.SPC)|*.SPC";
+    dlgSave_->filter = tr("Spec Files (*.SPC)|*.SPC");
     const bool confirmed = dlgSave_->Execute();
     if (MayWrite(confirmed))
         WriteSpec(confirmed ? ToPath(dlgSave_->fileName) : fs::path());

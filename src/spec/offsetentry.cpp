@@ -13,14 +13,15 @@ struct TField {
     const char *label;
 };
 
-constexpr TField dataField{"edtDataOffset", "Main Data Offset (try $0 or $100)"};
+constexpr TField dataField{
+    "edtDataOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Main Data Offset (try $0 or $100)")};
 constexpr std::array<TField, 6> mapFields{{
-    {"edtFuelPTMapOffset", "Fuel PT Offset"},
-    {"edtFuelIdMapOffset", "Fuel Idle Offset"},
-    {"edtFuelFTMapOffset", "Fuel WOT Offset"},
-    {"edtTimingPTMapOffset", "Timing PT Offset"},
-    {"edtTimingIdMapOffset", "Timing Idle Offset"},
-    {"edtTimingFTMapOffset", "Timing WOT Offset"},
+    {"edtFuelPTMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Fuel PT Offset")},
+    {"edtFuelIdMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Fuel Idle Offset")},
+    {"edtFuelFTMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Fuel WOT Offset")},
+    {"edtTimingPTMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Timing PT Offset")},
+    {"edtTimingIdMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Timing Idle Offset")},
+    {"edtTimingFTMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Timing WOT Offset")},
 }};
 
 int OffsetIn(const QLineEdit &edit) {
@@ -30,7 +31,7 @@ int OffsetIn(const QLineEdit &edit) {
 QLineEdit *AddField(QGridLayout &grid, const TField &field) {
     auto *edit = new QLineEdit;
     edit->setObjectName(field.name);
-    auto *label = new QLabel(QObject::tr(field.label));
+    auto *label = new QLabel(TfrmOffsetEntry::tr(field.label));
     label->setBuddy(edit);
     const int row = grid.rowCount();
     grid.addWidget(label, row, 0);

@@ -37,6 +37,8 @@ QLabel *NewStatus(QWidget *panel) {
     status->setObjectName("lblStatus");
     status->setTextFormat(Qt::PlainText);
     status->setGeometry(statusPlace);
+    // At the left in every language: the picture at the right would show through.
+    status->setAlignment(Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter);
     QFont font = status->font();
     font.setBold(true);
     font.setItalic(true);
@@ -65,7 +67,8 @@ void TfrmSplash::showEvent(QShowEvent *event) {
     QWidget::showEvent(event);
     CentreOnScreen();
     if (statusText.isEmpty())
-        statusText = "Initializing.";
+        statusText = tr("Initializing.");
+    lblStatus_->setLayoutDirection(statusText.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     lblStatus_->setText(statusText);
     direction = "forward";
 }

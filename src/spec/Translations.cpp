@@ -1,0 +1,63 @@
+#include "spec/Translations.h"
+
+#include "model/Texts.h"
+
+#include <memory>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+namespace {
+const QString translatorName = "ferrolyn_translator";
+
+/// The first existing file for a language such as "de-Latn-AT": of that name, then of "de-Latn" and
+/// "de". Only whole names: the toolkit's own search would end at the program's file.
+QString FileFor(const QString &prefix, QString language, const QStringList &folders) {
+    for (language.replace('-', '_');; language.truncate(language.lastIndexOf('_'))) {
+        for (const QString &folder : folders) {
+            const QString file = QDir(folder).filePath(prefix + '_' + language + ".qm");
+            if (QFileInfo(file).isFile())
+                return file;
+        }
+        if (!language.contains('_'))
+            return {};
+    }
+}
+
+bool Install(const QString &file) {
+    auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
+    translator->setObjectName(translatorName);
+    return translator->load(file) && QCoreApplication::installTranslator(translator.release());
+}
+
+void RemoveTranslations() {
+    const auto installed =
+        QCoreApplication::instance()->findChildren<QTranslator *>(translatorName);
+    qDeleteAll(installed); // which takes them out of force
+}
+} // namespace
+
+QStringList TranslationFolders() {
+    const QString program = QCoreApplication::applicationDirPath();
+    return {program, QDir::cleanPath(program + "/../share/ferrolyn/translations")};
+}
+
+void InstallTranslations(const QLocale &locale, const QStringList &folders) {
+    RemoveTranslations();
+    SetTextTranslator([](const char *context, const char *english) {
+        return QCoreApplication::translate(context, english).toStdString();
+    });
+    for (const QString &language : locale.uiLanguages()) {
+        const QLocale::Language known = QLocale(language).language();
+        if (known == QLocale::English || known == QLocale::C)
+            return;
+        if (Install(FileFor("ferrolyn", language, folders))) {
+            const QString toolkits = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+            Install(FileFor("qtbase", language, folders + QStringList(toolkits)));
+            return;
+        }
+    }
+}
