@@ -43,7 +43,7 @@ QByteArray ReadFile(QFile &file) {
         Fail(file, TfrmHelp::tr("it has %1 bytes, more than the limit of %2")
                        .arg(length)
                        .arg(maxHelpFileSize));
-    const QByteArray bytes = file.read(maxHelpFileSize + 1);
+    QByteArray bytes = file.read(maxHelpFileSize + 1);
     if (file.error() != QFileDevice::NoError)
         Fail(file, file.errorString());
     if (bytes.size() != length)
@@ -79,7 +79,7 @@ QString ReadText(const QString &name) {
     const QByteArray bytes = ReadFile(file);
     if (bytes.contains('\0'))
         Fail(file, TfrmHelp::tr("it is not a plain text"));
-    const QString lines = Lines(Decode(bytes));
+    QString lines = Lines(Decode(bytes));
     // The time that a line takes to be laid out grows with the square of its length.
     if (HasLongLine(lines))
         Fail(file, TfrmHelp::tr("it has a line of more than %1 characters").arg(maxHelpLineLength));
