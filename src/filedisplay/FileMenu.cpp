@@ -40,6 +40,7 @@ constexpr std::array<TParameterItem, 6> parameterItems{{
 TFileMenu::TFileMenu(TfrmFileContents &page) : QMenu(&page), page_(page) {
     using TPage = TfrmFileContents;
     setObjectName("PopupMenu1");
+    setAccessibleName(tr("File Contents"));
     AddItems(*this, {{"Copy1", "Copy", &TPage::Copy1Click},
                      {"CopySelected1", "Copy Selected", &TPage::CopySelected1Click},
                      {"Print1", "Print", &TPage::Print1Click},

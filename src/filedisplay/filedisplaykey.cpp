@@ -1,5 +1,7 @@
 #include "filedisplay/filedisplaykey.h"
 
+#include "forms/Access.h"
+
 #include <array>
 
 #include <QGridLayout>
@@ -11,15 +13,16 @@ namespace {
 struct TLegendRow {
     const char *text;
     TColor color; ///< 0x00BBGGRR
+    const char *colorName;
 };
 
 constexpr std::array<TLegendRow, 6> legend{{
-    {"Axis Count", 0xFF0000},
-    {"Axis Values", 0x008000},
-    {"Map Data", 0x00FFFF},
-    {"Possible Fuel Val", 0x00FF00},
-    {"Possible Timing Val", 0xFF00FF},
-    {"Searched Val", 0x008080},
+    {"Axis Count", 0xFF0000, "blue"},
+    {"Axis Values", 0x008000, "green"},
+    {"Map Data", 0x00FFFF, "yellow"},
+    {"Possible Fuel Val", 0x00FF00, "lime"},
+    {"Possible Timing Val", 0xFF00FF, "fuchsia"},
+    {"Searched Val", 0x008080, "olive"},
 }};
 
 QString LocationText(const QString &prefix, std::int32_t location) {
@@ -27,7 +30,7 @@ QString LocationText(const QString &prefix, std::int32_t location) {
 }
 
 /// A box filled with one colour of the legend.
-QFrame *ColorBox(QWidget *parent, TColor color) {
+QFrame *ColorBox(QWidget *parent, TColor color, const QString &name) {
     auto *box = new QFrame(parent);
     QPalette colors;
     colors.setColor(QPalette::Window,
@@ -36,6 +39,7 @@ QFrame *ColorBox(QWidget *parent, TColor color) {
     box->setAutoFillBackground(true);
     box->setFrameShape(QFrame::Box);
     box->setFixedSize(28, 16);
+    SetRole(*box, QAccessible::Graphic, name);
     return box;
 }
 } // namespace
@@ -66,7 +70,7 @@ QWidget *TfrmKey::MakeLegend() {
     grid->setContentsMargins(0, 0, 0, 0);
     for (const TLegendRow &row : legend) {
         const int place = grid->rowCount();
-        grid->addWidget(ColorBox(box, row.color), place, 0);
+        grid->addWidget(ColorBox(box, row.color, tr(row.colorName)), place, 0);
         grid->addWidget(new QLabel(tr(row.text), box), place, 1);
     }
     grid->setColumnStretch(1, 1);

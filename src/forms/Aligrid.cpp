@@ -72,6 +72,9 @@ TStringAlignGrid::TStringAlignGrid(QWidget *parent)
     delegate_->onHint = [this](TGridCell cell, QString &hint) {
         Fire(OnShowHintCell, cell.column, cell.row, hint);
     };
+    delegate_->placeOf = [this](TGridCell cell) { return CellPlace(cell); };
+    model_->nameOf = [this](TGridCell cell) { return CellName(cell); };
+    model_->meaningOf = [this](TGridCell cell) { return CellMeaning(cell); };
     setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked);
     setSelectionMode(ContiguousSelection);
     setTabKeyNavigation(false);

@@ -18,6 +18,7 @@ constexpr QSize usualSize(560, 400);
 TfrmQuickChart::TfrmQuickChart(QWidget *owner)
     : TfrmBaseForm(owner),
       chart_(new TAreaChart(pnlMain, "chtMap")),
+      view_(new TViewButtons(pnlMain)),
       edtOffset_(new QLineEdit(pnlMain)) {
     setObjectName("frmQuickChart");
     setWindowTitle(tr("Quick Map"));
@@ -45,11 +46,10 @@ void TfrmQuickChart::MakeControls() {
     edtOffset_->setPalette(colors);
     auto *label = new QLabel(tr("Offset"), pnlMain);
     label->setBuddy(edtOffset_);
-    auto *view = new TViewButtons(pnlMain);
-    view->ConnectTo(*this);
+    view_->ConnectTo(*this);
 
     auto *row = new QHBoxLayout;
-    row->addWidget(view);
+    row->addWidget(view_);
     row->addStretch(1);
     row->addWidget(label);
     row->addWidget(edtOffset_);
@@ -87,6 +87,7 @@ void TfrmQuickChart::FormShow() {
     ReadMap();
     const QString offset = QString::fromStdString(FormatOffset(map_.GetLocation()));
     setWindowTitle(tr("Map Offset: ") + offset);
+    chart_->setAccessibleName(windowTitle());
     map_.SizeChart(*chart_);
     FillQuickChart(map_, *chart_);
     edtOffset_->setText(offset);

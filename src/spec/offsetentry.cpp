@@ -30,6 +30,7 @@ int OffsetIn(const QLineEdit &edit) {
 QLineEdit *AddField(QGridLayout &grid, const TField &field) {
     auto *edit = new QLineEdit;
     edit->setObjectName(field.name);
+    edit->setAccessibleDescription(QObject::tr("Decimal, or hexadecimal behind a $"));
     auto *label = new QLabel(QObject::tr(field.label));
     label->setBuddy(edit);
     const int row = grid.rowCount();

@@ -27,6 +27,7 @@ QFrame *NewPanel(QWidget *window) {
 QLabel *NewLogo(QWidget *panel) {
     auto *logo = new QLabel(panel);
     logo->setObjectName("imgLogo");
+    logo->setAccessibleName("Ferrolyn");
     logo->setScaledContents(true);
     logo->setAlignment(Qt::AlignCenter);
     return logo;
