@@ -109,6 +109,7 @@ QMenu &TFileMenu::AddSubmenu(const char *name, const QString &caption,
                              std::initializer_list<TItem> items) {
     QMenu *menu = addMenu(caption);
     menu->setObjectName(name);
+    menu->setAccessibleName(caption);
     AddItems(*menu, items);
     return *menu;
 }

@@ -34,10 +34,10 @@ TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
     setObjectName("frmToolWindow");
     setWidget(MakeContents());
     ConnectControls();
-    MakeReachable();
     if (auto *host = qobject_cast<QMainWindow *>(page.window()))
         host->addDockWidget(Qt::RightDockWidgetArea, this);
     setFloating(true);
+    MakeReachable();
     adjustSize();
     MoveBeside(*page.window());
     hide();
@@ -51,6 +51,7 @@ void TfrmToolWindow::MakeReachable() {
     for (const char *name : {"qt_dockwidget_floatbutton", "qt_dockwidget_closebutton"})
         if (auto *button = findChild<QAbstractButton *>(name))
             button->setFocusPolicy(Qt::TabFocus);
+    edtVal_->setFocus(); // when the window comes up
 }
 
 void TfrmToolWindow::GoToOtherWindow() {

@@ -24,9 +24,13 @@ protected:
     /// A cell as tools see it; header cells too.
     QAccessibleInterface &Cell(int column, int row) {
         QAccessibleInterface *table = QAccessible::queryAccessibleInterface(grid);
-        // Headers count as a row and a column of their own among the children.
-        const int width = grid->ColCount() - grid->FixedCols() + (grid->FixedCols() > 0 ? 1 : 0);
-        QAccessibleInterface *cell = table->child(row * width + column);
+        // The toolkit tells its table of another shape only while a screen reader runs.
+        QAccessibleTableModelChangeEvent reset(grid, QAccessibleTableModelChangeEvent::ModelReset);
+        table->tableInterface()->modelChange(&reset);
+        // Headers are children too, hidden ones included.
+        const int width = grid->ColCount() - grid->FixedCols() + 1;
+        QAccessibleInterface *cell =
+            table->child((row + 1 - grid->FixedRows()) * width + column + 1 - grid->FixedCols());
         if (!cell)
             throw std::runtime_error("no such cell");
         return *cell;

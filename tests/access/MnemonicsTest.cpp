@@ -7,7 +7,6 @@
 #include <QAbstractButton>
 #include <QGroupBox>
 #include <QLabel>
-#include <QMenu>
 #include <QShortcut>
 
 namespace {
@@ -89,17 +88,5 @@ TEST_F(TKeysOfTheProgram, NoShortcutIsSetTwice) {
                                             {"Ctrl+Shift+Tab", 1},
                                             {"Ctrl+PgDown", 1},
                                             {"Ctrl+PgUp", 1}}));
-}
-
-TEST_F(TKeysOfTheProgram, TheFirstLetterOfAMenuItemFindsIt) {
-    Open(TScene::Fuel);
-    QWidget &grid = OnPage<QWidget>("grdPTMap");
-    grid.setFocus();
-    QTest::keyClick(&grid, Qt::Key_Menu);
-    auto &menu = OnPage<QMenu>("PopupMenu1");
-    ASSERT_TRUE(menu.isVisible());
-    QTest::keyClick(&menu, Qt::Key_U);
-    EXPECT_FALSE(menu.isVisible());
-    EXPECT_EQ(OnPage<QWidget>("grdPTMap").property("fixedRows"), QVariant());
 }
 } // namespace

@@ -78,7 +78,7 @@ TSceneTest::TSceneTest() {
     window.show();
     window.tmrSplashTimer(); // what the first tick does; nobody waits for it here
     window.resize(1000, 760);
-    Activated(window);
+    Activate(window);
 }
 
 TSceneTest::~TSceneTest() {
@@ -100,9 +100,12 @@ void TSceneTest::LoadImage() {
     ASSERT_EQ(window.workspace.fuelMapSet.PTMap->GetLocation(), fuelPT);
 }
 
-QWidget &TSceneTest::Activated(QWidget &opened) {
-    QApplication::setActiveWindow(&opened);
+QWidget &TSceneTest::Activate(QWidget &opened) {
+    opened.activateWindow();
     QTest::qWait(0);
+    // The screenless platform tells nothing of a window that was active while it was minimised.
+    if (QApplication::activeWindow() != &opened)
+        QApplication::setActiveWindow(&opened);
     return opened;
 }
 
@@ -116,7 +119,7 @@ QWidget &TSceneTest::Open(TScene scene) {
     if (scene != TScene::FreshROM)
         LoadImage();
     SelectTab(TabOf(scene));
-    return Activated(OpenOwnWindow(scene));
+    return Activate(OpenOwnWindow(scene));
 }
 
 QWidget &TSceneTest::OpenOwnWindow(TScene scene) {

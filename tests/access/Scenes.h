@@ -46,6 +46,8 @@ protected:
     Control &OnPage(const QString &name) {
         return FindControl<Control>(Page(), name);
     }
+    /// Makes it the active window.
+    static QWidget &Activate(QWidget &opened);
     /// Enters a tab as the keyboard does.
     void SelectTab(int index);
     static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
@@ -56,7 +58,6 @@ protected:
 private:
     void LoadImage();
     QWidget &OpenOwnWindow(TScene scene);
-    QWidget &Activated(QWidget &opened);
 
     std::vector<std::unique_ptr<QWidget>> opened_;
 };

@@ -124,8 +124,8 @@ protected:
             const auto buttons = control.parentWidget()->findChildren<QRadioButton *>();
             return std::any_of(buttons.begin(), buttons.end(), stopsAt);
         }
-        const QWidget *turned = control.window()->findChild<QWidget *>("btnLeft");
-        return control.inherits("TAreaChart") && turned && turned->isVisible();
+        const auto turns = [](const QWidget *stop) { return stop->objectName() == "btnLeft"; };
+        return control.inherits("TAreaChart") && std::any_of(stops.begin(), stops.end(), turns);
     }
 };
 
