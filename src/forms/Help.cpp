@@ -131,6 +131,8 @@ TfrmHelp::TfrmHelp(const QString &fileName, QWidget *parent)
     setWindowTitle(tr("Help"));
     Memo1->setObjectName("Memo1");
     Memo1->setReadOnly(true);
+    Memo1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    Memo1->setAccessibleName(tr("Help"));
     Memo1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -169,7 +171,8 @@ void TfrmHelp::FindAgain() {
 void ShowHelpOf(QWidget &window, const QString &asked) {
     const QString shown = window.objectName() + ".txt";
     if (!QFileInfo(ProgramDirectory() + (asked.isEmpty() ? shown : asked)).isFile())
-        return Dialogs().ShowMessage(TfrmHelp::tr("Sorry no help is yet available for this screen"));
+        return Dialogs().ShowMessage(
+            TfrmHelp::tr("Sorry no help is yet available for this screen"));
     auto *help = window.findChild<TfrmHelp *>({}, Qt::FindDirectChildrenOnly);
     if (!help) {
         help = new TfrmHelp(shown, &window);

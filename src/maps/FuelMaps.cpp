@@ -36,6 +36,8 @@ void TfrmFuelMaps::MakeRevLimiter() {
     btnSaverev->setObjectName("btnSaverev");
     auto *btnResetRev = new QPushButton(tr("Reset"), this);
     btnResetRev->setObjectName("btnResetRev");
+    for (QPushButton *button : {btnSaverev, btnResetRev})
+        button->setAccessibleDescription(tr("Of the rev limiter and of the part throttle map"));
     int place = 0;
     for (QWidget *control :
          std::initializer_list<QWidget *>{revLabel_, spnRevLimiter_, btnSaverev, btnResetRev})

@@ -31,6 +31,7 @@ int OffsetIn(const QLineEdit &edit) {
 QLineEdit *AddField(QGridLayout &grid, const TField &field) {
     auto *edit = new QLineEdit;
     edit->setObjectName(field.name);
+    edit->setAccessibleDescription(TfrmOffsetEntry::tr("Decimal, or hexadecimal behind a $"));
     auto *label = new QLabel(TfrmOffsetEntry::tr(field.label));
     label->setBuddy(edit);
     const int row = grid.rowCount();

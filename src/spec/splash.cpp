@@ -27,6 +27,7 @@ QFrame *NewPanel(QWidget *window) {
 QLabel *NewLogo(QWidget *panel) {
     auto *logo = new QLabel(panel);
     logo->setObjectName("imgLogo");
+    logo->setAccessibleName("Ferrolyn");
     logo->setScaledContents(true);
     logo->setAlignment(Qt::AlignCenter);
     return logo;
@@ -52,8 +53,11 @@ QLabel *NewStatus(QWidget *panel) {
 } // namespace
 
 TfrmSplash::TfrmSplash()
-    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint) {
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                           Qt::WindowDoesNotAcceptFocus) {
     setObjectName("frmSplash");
+    // Never the active window: a dialog that came up over it would go with it.
+    setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false); // neither keeps the program alive nor ends it
     setFixedSize(clientSize);
     QFrame *panel = NewPanel(this);
