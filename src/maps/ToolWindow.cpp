@@ -1,6 +1,7 @@
 #include "maps/ToolWindow.h"
 
 #include "forms/Guard.h"
+#include "forms/Help.h"
 #include "maps/Maps.h"
 #include "model/Numbers.h"
 
@@ -31,6 +32,7 @@ TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
     setObjectName("frmToolWindow");
     setWidget(MakeContents());
     ConnectControls();
+    OnHelpKey(*this, [this] { ShowHelpOf(*this); });
     if (auto *host = qobject_cast<QMainWindow *>(page.window()))
         host->addDockWidget(Qt::RightDockWidgetArea, this);
     setFloating(true);
