@@ -10,7 +10,7 @@ build release ferrolyn_tour
 step "taking the tour"
 roms=/tmp/roms # the title of the window shows it
 mkdir "$roms"
-trap 'rm -rf "$roms"; finish' EXIT
+trap 'finish; rm -rf "$roms"' EXIT
 LC_ALL=C.UTF-8 "$top/tools/xvfb.sh" "$top/build/release/tools/tour/ferrolyn_tour" "$top/samples" "$top/build/tour" "$roms"
 
 rm -rf "$top/docs/pictures"
