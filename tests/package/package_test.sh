@@ -50,7 +50,7 @@ check_version() {
 }
 
 case $1 in
-    install) umask 077 && check_install "$2" ;;
+    install) umask 022 && check_install "$2" ;;
     desktop) check_desktop ;;
     metainfo) appstreamcli validate --no-net --no-color "$packaging/$id.metainfo.xml" ;;
     manpage) check_manpage ;;
