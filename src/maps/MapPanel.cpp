@@ -2,6 +2,7 @@
 
 #include "forms/Hint.h"
 
+#include <algorithm>
 #include <array>
 
 #include <QHBoxLayout>
@@ -10,6 +11,7 @@
 namespace {
 constexpr int smallestWidth = 480; // pixels
 constexpr int smallestChart = 140; // pixels
+constexpr int chartLines = 9;      // line heights, which are more than that in large fonts
 
 constexpr std::array<TMapPanelTraits, 3> panelTraits{{
     {TMapKind::PT, QT_TRANSLATE_NOOP("TMapPanel", "Partial Throttle %1 Map"), 12, 12, "Panel1",
@@ -64,7 +66,8 @@ QSize TMapPanel::minimumSizeHint() const {
 
 void TMapPanel::resizeEvent(QResizeEvent *event) {
     QWidget::resizeEvent(event);
-    gridView.SetAvailableWidth(width() - smallestChart - layout()->spacing());
+    const int chartWidth = std::max(smallestChart, chartLines * fontMetrics().height());
+    gridView.SetAvailableWidth(width() - chartWidth - layout()->spacing());
 }
 
 void TMapPanel::MakePanel() {

@@ -61,7 +61,7 @@ void TfrmMaps::HideOthers(TMapKind kind) {
 
 void TfrmMaps::MakeControls() {
     chkInterpret_ = new QCheckBox(tr("Interpret Byte Values"), this);
-    bottomLine_ = new QHBoxLayout;
+    bottomLine_ = new TFoldingLine(this);
     auto *content = new QWidget;
     auto *rows = new QVBoxLayout(content);
     for (const TMapKind kind : allKinds) {
@@ -80,10 +80,9 @@ void TfrmMaps::MakeControls() {
     auto *btnClose = new QPushButton(tr("Close Page"), this);
     btnClose->setObjectName("btnClose");
     chkInterpret_->setObjectName("chkInterpret");
-    bottomLine_->addStretch(1);
     for (QWidget *control :
          std::initializer_list<QWidget *>{chkInterpret_, btnRecalculate, btnClose})
-        bottomLine_->addWidget(control);
+        bottomLine_->End().addWidget(control);
     // Accessibility tools toggle without a click.
     ConnectGuarded(chkInterpret_, &QCheckBox::toggled, this, [this] { chkInterpretClick(); });
     ConnectGuarded(btnRecalculate, &QPushButton::clicked, this, [this] { btnRecalculateClick(); });
@@ -91,7 +90,7 @@ void TfrmMaps::MakeControls() {
 
     auto *page = new QVBoxLayout(this);
     page->addWidget(scroll, 1);
-    page->addLayout(bottomLine_);
+    page->addWidget(bottomLine_);
 }
 
 void TfrmMaps::ConnectPanel(TMapPanel &row) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "forms/TEmbedFm.h"
+#include "maps/FoldingLine.h"
 #include "maps/MapPanel.h"
 #include "model/Workspace.h"
 
@@ -12,7 +13,6 @@
 #include <optional>
 
 #include <QCheckBox>
-#include <QHBoxLayout>
 #include <QPointer>
 
 class TfrmToolWindow;
@@ -109,7 +109,7 @@ protected:
     /// The title of the charts' load axis.
     virtual QString DepthTitle() const = 0;
     /// The line of controls below the maps; derived pages add theirs in front.
-    QHBoxLayout &BottomLine() { return *bottomLine_; }
+    QHBoxLayout &BottomLine() { return bottomLine_->Start(); }
     /// "Interpret Byte Values", once the controls are made.
     QCheckBox &InterpretBox() { return *chkInterpret_; }
 
@@ -131,5 +131,5 @@ private:
     std::array<TMapPanel *, 3> panels_{};
     std::optional<TMapKind> only_; ///< the one map that is shown, when the page shows but one
     QCheckBox *chkInterpret_ = nullptr;
-    QHBoxLayout *bottomLine_ = nullptr;
+    TFoldingLine *bottomLine_ = nullptr;
 };

@@ -1,6 +1,7 @@
 #include "maps/ToolWindow.h"
 
 #include "forms/Guard.h"
+#include "forms/PlainScroll.h"
 #include "maps/Maps.h"
 #include "model/Numbers.h"
 
@@ -9,12 +10,14 @@
 #include <QMainWindow>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace {
 constexpr int rangeRow = 1;
 constexpr int rangeColumn = 2;
-constexpr int itemRoom = 72; // pixels beside an item's text: the button, the margins and the frame
+constexpr int itemRoom = 72;  // pixels beside an item's text: the button, the margins and the frame
+constexpr int titleRoom = 40; // pixels of a floating window's frame and title
 } // namespace
 
 TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
@@ -29,14 +32,24 @@ TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
       lblfromto_(new QLabel(tr("from"), this)),
       btnExec_(new QPushButton(tr("&Go"), this)) {
     setObjectName("frmToolWindow");
-    setWidget(MakeContents());
+    QWidget *contents = MakeContents();
+    setWidget(MakePlainScroll(contents, this));
     ConnectControls();
     if (auto *host = qobject_cast<QMainWindow *>(page.window()))
         host->addDockWidget(Qt::RightDockWidgetArea, this);
     setFloating(true);
-    adjustSize();
+    FitTo(*contents);
     MoveBeside(*page.window());
     hide();
+}
+
+/// As large as its contents, which scroll on a screen too small for them.
+void TfrmToolWindow::FitTo(const QWidget &contents) {
+    const QSize wanted = contents.sizeHint();
+    const QSize frame = sizeHint() - widget()->sizeHint();
+    widget()->setMinimumWidth(wanted.width());
+    const int highest = screen()->availableGeometry().height() - titleRoom;
+    resize(wanted.width() + frame.width(), std::min(wanted.height() + frame.height(), highest));
 }
 
 void TfrmToolWindow::MoveBeside(const QWidget &window) {
