@@ -31,7 +31,7 @@ bool HasOutline(QStyle::PrimitiveElement element) {
     case QStyle::PE_PanelButtonCommand:
     case QStyle::PE_PanelButtonTool:
     case QStyle::PE_FrameTabWidget:
-    case QStyle::PE_FrameMenu:
+    case QStyle::PE_PanelMenu:
         return true;
     default:
         return false;

@@ -77,8 +77,9 @@ TEST(Legible, KeepsTheHueOfWhatCannot) {
             const QColor legible = Legible(color, background);
             EXPECT_GE(Contrast(legible, background), leastTextContrast)
                 << color.name().toStdString() << " on " << background.name().toStdString();
-            if (legible.saturation() > 0)
+            if (legible.saturation() > 0) {
                 EXPECT_NEAR(legible.hue(), color.hue(), 3) << color.name().toStdString();
+            }
         }
 }
 
