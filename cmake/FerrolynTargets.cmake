@@ -44,3 +44,12 @@ function(ferrolyn_test name folder)
     gtest_discover_tests(${name} TEST_PREFIX "${folder}." NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
         PROPERTIES TIMEOUT 120 RESOURCE_LOCK ${name})
 endfunction()
+
+# Copies the guide and the help texts of the dialogs into a folder: they lie beside the program that shows them.
+function(ferrolyn_help_texts folder)
+    file(GLOB texts CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/docs/readme.txt" "${CMAKE_SOURCE_DIR}/docs/help/*.txt")
+    foreach(text ${texts})
+        get_filename_component(name "${text}" NAME)
+        configure_file("${text}" "${folder}/${name}" COPYONLY)
+    endforeach()
+endfunction()

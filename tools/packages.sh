@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing of the Debian packages that the project needs; does nothing when all of them are there.
-#   tools/packages.sh SECTION...    sections: build, run, wayland, screen, test, clang, style, tidy
+#   tools/packages.sh SECTION...    sections: build, run, wayland, screen, drive, test, package, clang, style, tidy
 #   tools/packages.sh --list SECTION...    only names them
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -14,8 +14,12 @@ packages_of() {
         wayland) echo qt6-wayland ;;
         # A virtual screen with a window manager, and what drives a window from outside.
         screen) echo fonts-dejavu-core xvfb openbox x11-utils wmctrl xdotool ;;
-        # Test libraries, and what reads a printed page back.
-        test) echo libgtest-dev libgmock-dev poppler-utils $(packages_of screen) ;;
+        # What reads a window from outside, by the accessibility bus.
+        drive) echo at-spi2-core dbus python3-gi gir1.2-atspi-2.0 ;;
+        # Test libraries, what reads a printed page back, and what checks the files that packages carry.
+        test) echo libgtest-dev libgmock-dev poppler-utils desktop-file-utils appstream groff-base $(packages_of screen) ;;
+        # What cpack needs for a Debian package.
+        package) echo dpkg-dev file gzip ;;
         # The second compiler and its sanitizers.
         clang) echo clang libclang-rt-14-dev ;;
         style) echo clang-format ;;

@@ -299,7 +299,8 @@ private:
     // Of the cells of both words, and behind them what noCount leads to.
     std::array<std::uint8_t, 2 * cellsPerWord> xCounts_{};
     std::array<std::uint8_t, 2 * cellsPerWord + noCount> yCounts_{};
-    std::array<std::uint16_t, 2 * cellsPerWord + 2 * noCount> lengths_{}; ///< of runs of data
+    std::array<std::uint16_t, 2 * cellsPerWord + 2 * std::size_t{noCount}>
+        lengths_{}; ///< of runs of data
 };
 
 /// Finds the unmarked cells at which a map starts. The last two rows have none.

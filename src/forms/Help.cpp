@@ -1,22 +1,28 @@
 #include "forms/Help.h"
 
+#include "forms/Dialogs.h"
+#include "forms/Guard.h"
 #include "forms/Paths.h"
 #include "model/Errors.h"
 
+#include <cmath>
 #include <filesystem>
+#include <utility>
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QFontDatabase>
+#include <QKeyEvent>
 #include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QShortcut>
 #include <QStringDecoder>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace {
-constexpr int columns = 84; // of the fixed font; the usual width of a text file and a margin
-constexpr int rows = 30;
-
 [[noreturn]] void Fail(const QFile &file, const QString &reason) {
     const QString text = TfrmHelp::tr("Cannot open file \"%1\": %2")
                              .arg(QDir::toNativeSeparators(file.fileName()), reason);
@@ -37,7 +43,7 @@ QByteArray ReadFile(QFile &file) {
         Fail(file, TfrmHelp::tr("it has %1 bytes, more than the limit of %2")
                        .arg(length)
                        .arg(maxHelpFileSize));
-    const QByteArray bytes = file.read(maxHelpFileSize + 1);
+    QByteArray bytes = file.read(maxHelpFileSize + 1);
     if (file.error() != QFileDevice::NoError)
         Fail(file, file.errorString());
     if (bytes.size() != length)
@@ -73,12 +79,46 @@ QString ReadText(const QString &name) {
     const QByteArray bytes = ReadFile(file);
     if (bytes.contains('\0'))
         Fail(file, TfrmHelp::tr("it is not a plain text"));
-    const QString lines = Lines(Decode(bytes));
+    QString lines = Lines(Decode(bytes));
     // The time that a line takes to be laid out grows with the square of its length.
     if (HasLongLine(lines))
         Fail(file, TfrmHelp::tr("it has a line of more than %1 characters").arg(maxHelpLineLength));
     return lines;
 }
+
+/// Of the memo in which so many characters and lines are seen.
+QSize SizeFor(const QPlainTextEdit &memo) {
+    const QFontMetricsF font(memo.font());
+    const double lineHeight = std::ceil(font.ascent()) + std::ceil(font.descent());
+    const double margins = 2 * (memo.document()->documentMargin() + memo.frameWidth());
+    const double width = helpColumns * font.horizontalAdvance('0') +
+                         memo.verticalScrollBar()->sizeHint().width() + margins;
+    return QSizeF(width, helpRows * lineHeight + margins).toSize() + QSize(1, 1);
+}
+
+class THelpKey : public QObject {
+public:
+    THelpKey(QWidget &window, std::function<void()> handler)
+        : QObject(&window), handler_(std::move(handler)) {
+        window.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override {
+        const bool override = event->type() == QEvent::ShortcutOverride;
+        if (!override && event->type() != QEvent::KeyPress)
+            return false;
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier)
+            return false;
+        event->accept(); // before the shortcuts of a window behind this one
+        if (!override)
+            Guarded(handler_);
+        return true;
+    }
+
+private:
+    const std::function<void()> handler_;
+};
 } // namespace
 
 QString ProgramDirectory() {
@@ -95,8 +135,51 @@ TfrmHelp::TfrmHelp(const QString &fileName, QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(Memo1);
-    const QFontMetrics font = Memo1->fontMetrics();
-    resize(font.averageCharWidth() * columns, font.lineSpacing() * rows);
+    resize(SizeFor(*Memo1));
+
+    ConnectGuarded(new QShortcut(Qt::CTRL | Qt::Key_F, this), &QShortcut::activated, this,
+                   [this] { FindText(); });
+    ConnectGuarded(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this,
+                   [this] { FindAgain(); });
 
     Memo1->setPlainText(ReadText(ProgramDirectory() + fileName));
+}
+
+void TfrmHelp::FindText() {
+    const QString answer = Dialogs().InputBox(tr("Find"), tr("Text to find"), "");
+    if (answer.isEmpty())
+        return;
+    wanted_ = answer;
+    FindAgain();
+}
+
+void TfrmHelp::FindAgain() {
+    if (wanted_.isEmpty())
+        return FindText();
+    if (Memo1->find(wanted_))
+        return;
+    const QTextCursor before = Memo1->textCursor();
+    Memo1->moveCursor(QTextCursor::Start);
+    if (Memo1->find(wanted_))
+        return;
+    Memo1->setTextCursor(before);
+    Dialogs().ShowMessage(tr("Text not found"));
+}
+
+void ShowHelpOf(QWidget &window, const QString &asked) {
+    const QString shown = window.objectName() + ".txt";
+    if (!QFileInfo(ProgramDirectory() + (asked.isEmpty() ? shown : asked)).isFile())
+        return Dialogs().ShowMessage(TfrmHelp::tr("Sorry no help is yet available for this screen"));
+    auto *help = window.findChild<TfrmHelp *>({}, Qt::FindDirectChildrenOnly);
+    if (!help) {
+        help = new TfrmHelp(shown, &window);
+        help->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    help->show();
+    help->raise();
+    help->activateWindow();
+}
+
+void OnHelpKey(QWidget &window, std::function<void()> handler) {
+    new THelpKey(window, std::move(handler)); // goes with the window
 }

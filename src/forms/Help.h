@@ -1,6 +1,8 @@
-// The help window: shows one text file from the program's directory. Who opens it, and whether
-// modally, is the caller's business.
+// The help window, which shows one text file from the program's directory, and how windows other
+// than the pages come to theirs. Pages open it by themselves (TEmbedFm.h).
 #pragma once
+
+#include <functional>
 
 #include <QDialog>
 
@@ -10,6 +12,10 @@ class QPlainTextEdit;
 /// characters of a line.
 inline constexpr int maxHelpFileSize = 256 * 1024;
 inline constexpr int maxHelpLineLength = 4096;
+
+/// What fits the help window as it opens: characters of a line, lines.
+inline constexpr int helpColumns = 80;
+inline constexpr int helpRows = 32;
 
 /// The directory of the running program file, with a trailing separator.
 QString ProgramDirectory();
@@ -23,4 +29,22 @@ public:
     explicit TfrmHelp(const QString &fileName, QWidget *parent = nullptr);
 
     QPlainTextEdit *const Memo1; ///< read-only
+
+    /// Asks for a text and selects its next place, in any letter case; behind the last place comes
+    /// the first. Says so when there is none, and leaves the selection then.
+    void FindText();
+    /// The same with the text of last time; asks when there is none yet.
+    void FindAgain();
+
+private:
+    QString wanted_;
 };
+
+/// Opens the help window beside `window`, not modally, on the window's object name + ".txt"; one
+/// that is open already comes to the front. Says that there is no help when `asked` (that same name
+/// when empty) is no file in the program's directory. Throws EFileError when the text cannot be
+/// read.
+void ShowHelpOf(QWidget &window, const QString &asked = {});
+
+/// F1 in `window` runs `handler`, guarded. It goes before a shortcut of the window behind it.
+void OnHelpKey(QWidget &window, std::function<void()> handler);

@@ -1,8 +1,8 @@
 #include "forms/Printing.h"
 
+#include "forms/QtDialogs.h"
 #include "model/Errors.h"
 
-#include <QApplication>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QTextDocument>
@@ -17,7 +17,7 @@ QPrinter &TPrinting::Printer() {
 }
 
 void TPrinting::RunSetup() {
-    QPrintDialog dialog(&Printer(), QApplication::activeWindow());
+    QPrintDialog dialog(&Printer(), WindowBelow());
     dialog.setObjectName("PrintDialog1");
     dialog.exec();
 }

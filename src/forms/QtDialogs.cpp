@@ -29,8 +29,7 @@ private:
 QMessageBox::StandardButton RunBox(QMessageBox::Icon icon, const QString &text,
                                    QMessageBox::StandardButtons buttons,
                                    QMessageBox::StandardButton escape) {
-    QMessageBox box(icon, QGuiApplication::applicationDisplayName(), text, buttons,
-                    QApplication::activeWindow());
+    QMessageBox box(icon, QGuiApplication::applicationDisplayName(), text, buttons, WindowBelow());
     box.setTextFormat(Qt::PlainText);
     const TArrowCursor arrow;
     box.setEscapeButton(escape);
@@ -64,6 +63,11 @@ QString Chosen(QFileDialog &dialog) {
 }
 } // namespace
 
+QWidget *WindowBelow() {
+    QWidget *window = QApplication::activeWindow();
+    return window && window->windowType() == Qt::SplashScreen ? nullptr : window;
+}
+
 void TQtDialogs::ShowMessage(const QString &text) {
     RunBox(QMessageBox::NoIcon, text, QMessageBox::Ok, QMessageBox::Ok);
 }
@@ -80,7 +84,7 @@ TAnswer TQtDialogs::AskYesNoCancel(const QString &text) {
 }
 
 QString TQtDialogs::InputBox(const QString &caption, const QString &prompt, const QString &text) {
-    QInputDialog dialog(QApplication::activeWindow());
+    QInputDialog dialog(WindowBelow());
     dialog.setWindowTitle(caption);
     // The prompt labels the edit, where a single ampersand would mark a shortcut letter.
     dialog.setLabelText(QString(prompt).replace('&', "&&"));
@@ -91,14 +95,14 @@ QString TQtDialogs::InputBox(const QString &caption, const QString &prompt, cons
 }
 
 QString TQtDialogs::OpenFile(const QString &filter, const QString &initialDir) {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog(WindowBelow());
     Prepare(dialog, filter);
     dialog.setDirectory(initialDir);
     return Chosen(dialog);
 }
 
 bool TQtDialogs::RunSaveDialog(TSaveDialog &save) {
-    QFileDialog dialog(QApplication::activeWindow(), save.title);
+    QFileDialog dialog(WindowBelow(), save.title);
     Prepare(dialog, save.filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(save.defaultExt);

@@ -3,6 +3,12 @@
 
 #include "forms/Dialogs.h"
 
+class QWidget;
+
+/// What a dialog stands over: the active window, or none. Never the splash, which goes by itself
+/// while a dialog is open and would take it along.
+QWidget *WindowBelow();
+
 class TQtDialogs : public IDialogs {
 public:
     void ShowMessage(const QString &text) override;

@@ -4,7 +4,6 @@
 #include "forms/Guard.h"
 #include "forms/Help.h"
 
-#include <QFileInfo>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -52,6 +51,7 @@ TfrmBaseForm::TfrmBaseForm(QWidget *parent, int mode)
     ConnectGuarded(btnCancel, &QPushButton::clicked, this, [this] { btnCancelClick(); });
     ConnectGuarded(btnFilter, &QPushButton::clicked, this, [this] { btnFilterClick(); });
     ConnectGuarded(btnHelp, &QPushButton::clicked, this, [this] { btnHelpClick(); });
+    OnHelpKey(*this, [this] { btnHelpClick(); }); // its button is hidden
     FormCreate();
 }
 
@@ -102,13 +102,7 @@ void TfrmBaseForm::btnFilterClick() {
 }
 
 void TfrmBaseForm::btnHelpClick() {
-    const QString shown = objectName() + ".txt";
-    const QString asked = helpFileName.isEmpty() ? shown : helpFileName;
-    if (!QFileInfo(ProgramDirectory() + asked).isFile())
-        return Dialogs().ShowMessage(tr("Sorry no help is yet available for this screen"));
-    auto *help = new TfrmHelp(shown, this);
-    help->setAttribute(Qt::WA_DeleteOnClose);
-    help->show();
+    ShowHelpOf(*this, helpFileName);
 }
 
 void TfrmBaseForm::done(int result) {

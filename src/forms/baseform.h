@@ -51,8 +51,8 @@ public:
     /// by its object name without "edt".
     void btnFilterClick();
 
-    /// Opens the help window beside the dialog on object name + ".txt", or says that there is none.
-    /// Throws EFileError when that file cannot be read.
+    /// Opens the help window beside the dialog on object name + ".txt", or says that there is none;
+    /// F1 does the same. Throws EFileError when that file cannot be read.
     void btnHelpClick();
 
     /// Every way to close comes through here. With `modified` set it asks first; the dialog stays

@@ -1,6 +1,7 @@
 #include "maps/ToolWindow.h"
 
 #include "forms/Guard.h"
+#include "forms/Help.h"
 #include "forms/PlainScroll.h"
 #include "maps/Maps.h"
 #include "model/Numbers.h"
@@ -35,6 +36,7 @@ TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
     QWidget *contents = MakeContents();
     setWidget(MakePlainScroll(contents, this));
     ConnectControls();
+    OnHelpKey(*this, [this] { ShowHelpOf(*this); });
     if (auto *host = qobject_cast<QMainWindow *>(page.window()))
         host->addDockWidget(Qt::RightDockWidgetArea, this);
     setFloating(true);

@@ -125,7 +125,7 @@ void RoundTo(TDecimal &number, int decimals) {
     if (number.whole < 0)
         number.digits.insert(0, static_cast<std::size_t>(-number.whole), '0');
     number.whole = std::max(number.whole, 0);
-    const auto kept = static_cast<std::size_t>(number.whole + decimals);
+    const auto kept = static_cast<std::size_t>(number.whole) + static_cast<std::size_t>(decimals);
     if (kept >= number.digits.size()) {
         number.digits.resize(kept, '0');
         return;

@@ -8,9 +8,17 @@
 #include "spec/Translations.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLocale>
 
 namespace {
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (const int size : {16, 32, 48, 64, 128})
+        icon.addFile(QString(":/icons/ferrolyn-%1.png").arg(size), {size, size});
+    return icon;
+}
+
 void UseOutlines() {
     const QStyle *style = QApplication::style();
     if (style->name() == "fusion" && !qobject_cast<const TOutlineStyle *>(style))
@@ -22,6 +30,8 @@ void SetUpApplication() {
     TfrmBaseForm::ProgRegKey = "\\Software\\Kelvane\\Ferrolyn";
     QCoreApplication::setApplicationName("Ferrolyn");
     QCoreApplication::setApplicationVersion(FERROLYN_VERSION);
+    QGuiApplication::setDesktopFileName("org.ferrolyn.Ferrolyn");
+    QGuiApplication::setWindowIcon(ProgramIcon());
     UseOutlines();
     InstallTranslations(QLocale(), TranslationFolders());
     SetDecimalSeparator(QLocale().decimalPoint().toStdString());

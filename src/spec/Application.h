@@ -2,7 +2,7 @@
 // the programs that drive the real window, so that they run under the same rules.
 #pragma once
 
-/// Names the application, sets the dialogs' settings key, the language and the decimal separator of
-/// the user's locale, and shows the model's messages in message boxes. Needs the application
-/// object.
+/// Names the application and its desktop entry, gives its windows their icon, sets the dialogs'
+/// settings key, the language and the decimal separator of the user's locale, and shows the model's
+/// messages in message boxes. Needs the application object.
 void SetUpApplication();

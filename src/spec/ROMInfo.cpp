@@ -10,14 +10,42 @@
 
 #include <algorithm>
 #include <exception>
+#include <system_error>
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
 namespace {
-bool Exists(const std::filesystem::path &name) {
-    return QFileInfo::exists(FromPath(name));
+namespace fs = std::filesystem;
+
+/// False only for what surely is not there: a file that cannot be looked at may exist.
+bool MayExist(const fs::path &name) {
+    std::error_code error;
+    const fs::file_type type = fs::status(name, error).type();
+    return type != fs::file_type::not_found && error != std::errc::filename_too_long;
+}
+
+/// Takes away the empty file that a failed save has made under a new name, or behind a link of that
+/// name; nothing else.
+void RemoveIfEmpty(const fs::path &name) {
+    std::error_code error;
+    const fs::path file = fs::canonical(name, error);
+    if (!error && fs::is_regular_file(file, error) && fs::file_size(file, error) == 0)
+        fs::remove(file, error);
+}
+
+/// The process's current folder. One that has been deleted gives way to the folder of `image`, else
+/// to the user's own; empty when they are gone as well.
+fs::path CurrentFolder(const fs::path &image) {
+    std::error_code error;
+    fs::path folder = fs::current_path(error);
+    if (!error)
+        return folder;
+    fs::current_path(image.parent_path(), error);
+    if (error)
+        fs::current_path(ToPath(QDir::homePath()), error);
+    return fs::current_path(error);
 }
 
 QString ROMFilter() {
@@ -32,8 +60,8 @@ void ShowInPanel(QLabel &panel, const QString &name) {
 
 /// Refuses to replace; a failure does not matter. The copy is the user's own new file: it does not
 /// take over a write protection of the loaded one, which would keep the save that follows from it.
-void CopyToNewFile(const std::filesystem::path &from, const std::filesystem::path &to) {
-    if (from.empty() || to.empty() || Exists(to))
+void CopyToNewFile(const fs::path &from, const fs::path &to) {
+    if (from.empty() || to.empty() || MayExist(to))
         return;
     try {
         WriteFileSafely(to, ReadWholeFile(from, TROMImage::capacity));
@@ -50,7 +78,7 @@ void TfrmROMInformation::ShowPage() {
 
 void TfrmROMInformation::ScanSpecDirectory() {
     rdoROMtemplate_->Clear();
-    const TSpecScan scan = ScanSpecFiles(std::filesystem::current_path());
+    const TSpecScan scan = ScanSpecFiles(CurrentFolder(romFileName_));
     specTable_ = scan.entries;
     for (const TSpecEntry &entry : specTable_)
         rdoROMtemplate_->AddItem(QString::fromStdString(entry.label));
@@ -64,7 +92,7 @@ void TfrmROMInformation::ScanSpecDirectory() {
     rdoROMtemplate_->AddItem(tr("Use Manual Offset Method"));
 }
 
-void TfrmROMInformation::LoadSpec(const std::filesystem::path &fileName) {
+void TfrmROMInformation::LoadSpec(const fs::path &fileName) {
     std::exception_ptr error;
     try {
         const TIniFile ini = TIniFile::Load(fileName);
@@ -84,7 +112,7 @@ void TfrmROMInformation::LoadSpec(const std::filesystem::path &fileName) {
 void TfrmROMInformation::ApplyROM() {
     btnSaveSpec_->setEnabled(false);
     const bool inForce = templateIndex_ >= 0 && templateIndex_ <= LastItemIndex();
-    if (inForce && Exists(romFileName_)) {
+    if (inForce && MayExist(romFileName_)) {
         saveFileName_.clear();
         ROMImage()->LoadFromFile(romFileName_);
         SetCaption(true);
@@ -113,12 +141,12 @@ void TfrmROMInformation::ShowStatus() {
     size.setFixedWidth(std::max(size.width(), size.sizeHint().width())); // in large fonts too
 }
 
-void TfrmROMInformation::SetROMFileName(const std::filesystem::path &name) {
+void TfrmROMInformation::SetROMFileName(const fs::path &name) {
     romFileName_ = name;
     workspace_.romFileName = name;
 }
 
-std::filesystem::path TfrmROMInformation::ChooseROMFile() {
+fs::path TfrmROMInformation::ChooseROMFile() {
     const QString current = FromPath(romFileName_);
     const QString folder =
         current.isEmpty() ? QCoreApplication::applicationDirPath() : QFileInfo(current).path();
@@ -135,7 +163,7 @@ void TfrmROMInformation::btnLoadClick() {
     // Cancelling the dialog while a file is loaded gives that file again and so reloads it:
     // intended.
     SetROMFileName(ChooseROMFile());
-    if (!Exists(romFileName_))
+    if (!MayExist(romFileName_))
         return;
     ROMImage()->LoadFromFile(romFileName_);
     SetCaption(true);
@@ -179,24 +207,23 @@ bool TfrmROMInformation::SaveROM() {
     dlgSave_->filter = ROMFilter();
     if (dlgSave_->Execute())
         saveFileName_ = ToPath(dlgSave_->fileName);
-    const bool result = MayWrite(saveFileName_);
+    const bool result = MayWrite(!saveFileName_.empty());
     if (result)
         WriteROM();
     saveFileName_.clear();
     return result;
 }
 
-bool TfrmROMInformation::MayWrite(const std::filesystem::path &target) {
-    if (!target.empty() && !Exists(target))
-        return true;
+bool TfrmROMInformation::MayWrite(bool confirmed) {
     // The dialog keeps its last name when it is cancelled, so that this may ask about an earlier
     // target; "Yes" then goes on without a name and ends in the file error. Intended.
-    return QFileInfo::exists(dlgSave_->fileName) &&
-           Dialogs().AskYesNo(tr("Overwrite existing file?")) == TAnswer::Yes;
+    if (!MayExist(ToPath(dlgSave_->fileName)))
+        return confirmed;
+    return Dialogs().AskYesNo(tr("Overwrite existing file?")) == TAnswer::Yes;
 }
 
 void TfrmROMInformation::WriteROM() {
-    const std::filesystem::path target = saveFileName_;
+    const fs::path target = saveFileName_;
     CopyToNewFile(romFileName_, target);
     workspace_.fuelMapSet.SaveAll();
     workspace_.timingMapSet.SaveAll();
@@ -209,15 +236,25 @@ void TfrmROMInformation::btnSaveSpecClick() {
     dlgSave_->defaultExt = ".SPC";
     dlgSave_->title = tr("Save ROM Spec File");
     dlgSave_->filter = tr("Spec Files (*.SPC)|*.SPC");
-    const std::filesystem::path target =
-        dlgSave_->Execute() ? ToPath(dlgSave_->fileName) : std::filesystem::path();
-    if (!MayWrite(target))
-        return;
-    if (!Exists(target))
-        WriteFileSafely(target, {}); // what cannot be created is told before the label is asked for
-    const QString label =
-        Dialogs().InputBox(tr("Display label"), tr("Display As: "), tr("User Defined"));
-    NewSpecFile(label.toStdString(), workspace_.fuelMapSet, workspace_.timingMapSet).Save(target);
+    const bool confirmed = dlgSave_->Execute();
+    if (MayWrite(confirmed))
+        WriteSpec(confirmed ? ToPath(dlgSave_->fileName) : fs::path());
+}
+
+void TfrmROMInformation::WriteSpec(const fs::path &target) {
+    const bool isNew = !MayExist(target);
+    try {
+        if (isNew)
+            WriteFileSafely(target, {}); // what cannot be created is told before the question
+        const QString label =
+            Dialogs().InputBox(tr("Display label"), tr("Display As: "), tr("User Defined"));
+        NewSpecFile(label.toStdString(), workspace_.fuelMapSet, workspace_.timingMapSet)
+            .Save(target);
+    } catch (...) {
+        if (isNew)
+            RemoveIfEmpty(target);
+        throw;
+    }
 }
 
 void TfrmROMInformation::btnOffsetEntryClick() {

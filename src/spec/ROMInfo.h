@@ -81,10 +81,12 @@ private:
     /// The result of the open dialog; the current file when it is cancelled, empty when there is
     /// none.
     std::filesystem::path ChooseROMFile();
-    /// Whether `target` may be written: it is new, or the user agreed to overwrite what the dialog
-    /// names.
-    bool MayWrite(const std::filesystem::path &target);
+    /// Whether to write after the save dialog, `confirmed` or cancelled: the file that it names
+    /// does not exist, or the user agreed to overwrite what exists or cannot be looked at.
+    bool MayWrite(bool confirmed);
     void WriteROM();
+    /// Asks for the label; leaves nothing of a new file when it fails.
+    void WriteSpec(const std::filesystem::path &target);
     /// The manual offset dialog; false when it was left by anything but OK.
     bool EnterOffsets();
 

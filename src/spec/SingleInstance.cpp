@@ -75,7 +75,7 @@ void TStartLock::LetGo() {
 }
 
 QString SingleInstanceFolder() {
-    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     if (!runtime.isEmpty())
         return runtime;
     QDir cache(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation));

@@ -49,7 +49,9 @@ QColor IronColour(double heat) {
     const double share = place - static_cast<double>(index);
     const QColor low(colours[index]);
     const QColor high(colours[index + 1]);
-    const auto mix = [share](int a, int b) { return static_cast<int>(a + share * (b - a) + 0.5); };
+    const auto mix = [share](int a, int b) {
+        return static_cast<int>(std::lround(a + share * (b - a)));
+    };
     return QColor(mix(low.red(), high.red()), mix(low.green(), high.green()),
                   mix(low.blue(), high.blue()));
 }

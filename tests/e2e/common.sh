@@ -26,6 +26,7 @@ unset QT_QPA_PLATFORM # the screen is a real one here
 # check of strings would call it an error of the program.
 [ -z "${ASAN_OPTIONS:-}" ] || export ASAN_OPTIONS=$ASAN_OPTIONS:strict_string_checks=0
 export LSAN_OPTIONS=suppressions=$top/tests/lsan.supp:print_suppressions=0
+export TSAN_OPTIONS=${TSAN_OPTIONS:-suppressions=$top/tests/tsan.supp}
 export XDG_CONFIG_HOME=$scratch
 
 fail() {

@@ -24,8 +24,8 @@ std::string Reason(int code) {
 struct TStrange {
     const char *name;
     std::function<void(const fs::path &)> put; ///< puts it there
-    std::string loadError;                     ///< empty: counts as missing, says nothing
-    std::string saveError;                     ///< empty: the save works
+    std::string loadError;
+    std::string saveError; ///< empty: the save works
 };
 
 const std::string irregular = "not a regular file";
@@ -56,8 +56,8 @@ const TStrange stranges[] = {
      irregular, ""},
     {"full_device", [](const fs::path &file) { fs::create_symlink("/dev/full", file); }, irregular,
      Reason(ENOSPC)},
-    {"endless_link", [](const fs::path &file) { fs::create_symlink(file.filename(), file); }, "",
-     Reason(ELOOP)},
+    {"endless_link", [](const fs::path &file) { fs::create_symlink(file.filename(), file); },
+     Reason(ELOOP), Reason(ELOOP)},
     {"huge_file", PutHuge, "more than the limit of 1048576", ""},
 };
 
@@ -96,14 +96,10 @@ TEST_P(TStrangeFiles, AreNotLoadedAsImages) {
     GetParam().put(file);
     Image().modified = true;
     Load(file);
-    if (GetParam().loadError.empty()) {
-        EXPECT_EQ(dialogs.messages, QStringList());
-    } else {
-        ASSERT_EQ(dialogs.messages.size(), 1);
-        EXPECT_THAT(dialogs.messages[0].toStdString(),
-                    testing::StartsWith("Cannot read '" + file.string() + "': "));
-        EXPECT_THAT(dialogs.messages[0].toStdString(), testing::HasSubstr(GetParam().loadError));
-    }
+    ASSERT_EQ(dialogs.messages.size(), 1);
+    EXPECT_THAT(dialogs.messages[0].toStdString(),
+                testing::StartsWith("Cannot read '" + file.string() + "': "));
+    EXPECT_THAT(dialogs.messages[0].toStdString(), testing::HasSubstr(GetParam().loadError));
     EXPECT_EQ(Get(0, Image().size), original);
     EXPECT_TRUE(Image().modified);
     EXPECT_EQ(Caption(), "Ferrolyn - " + Name(rom));

@@ -2,6 +2,7 @@
 
 #include "forms/ProgramFile.h"
 #include "model/Errors.h"
+#include "support/FakeDialogs.h"
 
 #include <memory>
 
@@ -9,6 +10,7 @@
 #include <QDir>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTest>
 #include <QTextDocument>
 #include <gmock/gmock.h>
 
@@ -81,4 +83,125 @@ TEST(TfrmHelp, AMissingFileIsAFileErrorWithNameAndReason) {
 
 TEST(TfrmHelp, AFolderIsAFileErrorToo) {
     EXPECT_THROW(std::make_unique<TfrmHelp>(""), EFileError);
+}
+
+namespace {
+class FindInHelp : public testing::Test {
+protected:
+    FindInHelp() : file_("help-test.txt", "one two\nTwo three\ntwo\n"), help("help-test.txt") {
+        help.show();
+        help.activateWindow();
+    }
+
+    /// Line and column of what is selected; -1 for nothing.
+    std::pair<int, int> Found() const {
+        const QTextCursor cursor = help.Memo1->textCursor();
+        if (!cursor.hasSelection())
+            return {-1, -1};
+        return {cursor.blockNumber(), cursor.positionInBlock()};
+    }
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&help));
+        QTest::keyClick(help.Memo1, key, modifiers);
+    }
+
+private:
+    const TProgramFile file_;
+
+protected:
+    TFakeDialogs dialogs;
+    TfrmHelp help;
+};
+
+using TPlaceInText = std::pair<int, int>;
+} // namespace
+
+TEST_F(FindInHelp, GoesFromPlaceToPlaceAndRound) {
+    dialogs.inputs = {"two"};
+    Press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(dialogs.inputBoxes, QStringList("Find|Text to find|"));
+    EXPECT_EQ(Found(), TPlaceInText(0, 7)); // behind what is selected
+    for (const TPlaceInText &place : {TPlaceInText(1, 3), TPlaceInText(2, 3), TPlaceInText(0, 7)}) {
+        Press(Qt::Key_F3);
+        EXPECT_EQ(Found(), place);
+    }
+    EXPECT_EQ(dialogs.messages, QStringList());
+}
+
+TEST_F(FindInHelp, SaysWhenThereIsNothingAndStaysWhereItWas) {
+    dialogs.inputs = {"three", "four"};
+    Press(Qt::Key_F, Qt::ControlModifier);
+    Press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(dialogs.messages, QStringList("Text not found"));
+    EXPECT_EQ(Found(), TPlaceInText(1, 9));
+}
+
+TEST_F(FindInHelp, CancelFindsNothingAndKeepsTheTextOfLastTime) {
+    dialogs.inputs = {"two", QString()};
+    Press(Qt::Key_F, Qt::ControlModifier);
+    Press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(Found(), TPlaceInText(0, 7));
+    Press(Qt::Key_F3);
+    EXPECT_EQ(Found(), TPlaceInText(1, 3));
+}
+
+TEST_F(FindInHelp, AgainAsksTheFirstTime) {
+    dialogs.inputs = {QString(), "one"};
+    Press(Qt::Key_F3);
+    EXPECT_EQ(Found(), TPlaceInText(-1, -1));
+    Press(Qt::Key_F3);
+    EXPECT_EQ(Found(), TPlaceInText(0, 3));
+    EXPECT_EQ(dialogs.inputBoxes.size(), 2);
+}
+
+TEST(TfrmHelp, ShowsItsColumnsAndRowsWithoutScrolling) {
+    const QByteArray line = QByteArray(helpColumns, 'm') + '\n';
+    const TProgramFile file("help-test.txt", line.repeated(helpRows));
+    TfrmHelp help("help-test.txt");
+    help.show();
+    help.grab();
+    EXPECT_EQ(help.Memo1->horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(help.Memo1->verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(help.Memo1->document()->size().height(), helpRows); // no line is broken
+}
+
+namespace {
+class HelpKey : public testing::Test {
+protected:
+    HelpKey() {
+        OnHelpKey(window, [this] {
+            ++asked;
+            if (fails)
+                throw std::runtime_error("no help");
+        });
+    }
+
+    TFakeDialogs dialogs;
+    QWidget window;
+    int asked = 0;
+    bool fails = false;
+};
+} // namespace
+
+TEST_F(HelpKey, IsF1Alone) {
+    for (const auto key : {Qt::Key_F2, Qt::Key_Help})
+        QTest::keyClick(&window, key);
+    QTest::keyClick(&window, Qt::Key_F1, Qt::ShiftModifier);
+    EXPECT_EQ(asked, 0);
+    QTest::keyClick(&window, Qt::Key_F1);
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(HelpKey, ShowsTheErrorOfItsHandler) {
+    fails = true;
+    QTest::keyClick(&window, Qt::Key_F1);
+    EXPECT_EQ(dialogs.messages, QStringList("no help"));
+}
+
+TEST(HelpOfAWindow, SaysWhenThereIsNone) {
+    TFakeDialogs dialogs;
+    QWidget window;
+    window.setObjectName("frmNoHelp");
+    ShowHelpOf(window);
+    EXPECT_EQ(dialogs.messages, QStringList("Sorry no help is yet available for this screen"));
 }

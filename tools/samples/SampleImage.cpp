@@ -96,6 +96,7 @@ std::vector<int> RpmPoints(TRandom &random) {
 
 std::vector<int> LoadPoints(int count, TRandom &random) {
     std::vector<int> points;
+    points.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         points.push_back(firstLoad + (loadTop - firstLoad) * i / (count - 1));
     Jitter(points, random);

@@ -1,0 +1,95 @@
+// The program's current folder is deleted while it runs, or was before it started: it goes on in
+// the folder of the loaded image, else in the user's own.
+#include "pages/ROMInfoFixture.h"
+#include "spec/main.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class TLostFolder : public TROMInfoTest {
+protected:
+    void SetUp() override {
+        TROMInfoTest::SetUp();
+        fs::create_directory(home);
+        fs::create_directory(lost);
+        qputenv("HOME", home.c_str());
+    }
+    void TearDown() override { qputenv("HOME", oldHome); }
+
+    /// A file of another folder, moved into this one.
+    static fs::path Move(const fs::path &file, const fs::path &into) {
+        fs::rename(file, into / file.filename());
+        return into / file.filename();
+    }
+    void EnterAndLoseIt() const {
+        fs::current_path(lost);
+        fs::remove_all(lost);
+    }
+
+    const fs::path home = folder / "home";
+    const fs::path lost = folder / "lost";
+    const QByteArray oldHome = qgetenv("HOME");
+};
+
+TEST_F(TLostFolder, AtTheStartTheUsersOwnTakesItsPlace) {
+    Move(MakeSpec(), home);
+    EnterAndLoseIt();
+    TfrmROMInformation started(nullptr, workspace);
+    EXPECT_EQ(fs::current_path(), home);
+    EXPECT_EQ(FindControl<TRadioGroup>(started, "rdoROMtemplate").Item(0), "Direct");
+    EXPECT_EQ(dialogs.messages, QStringList());
+}
+
+TEST_F(TLostFolder, TheWholeWindowComesUp) {
+    EnterAndLoseIt();
+    const TfrmNotebook window;
+    EXPECT_EQ(window.PageCount(), 6);
+    EXPECT_EQ(dialogs.messages, QStringList());
+}
+
+TEST_F(TLostFolder, AnImageCanBeLoadedAndItsFolderIsTheCurrentOne) {
+    const fs::path images = folder / "images";
+    fs::create_directory(images);
+    const fs::path rom = Move(MakeROM("A.BIN"), images);
+    Move(MakeSpec(), images);
+    EnterAndLoseIt();
+    Load(rom);
+    EXPECT_EQ(fs::current_path(), images);
+    EXPECT_EQ(Items().front(), "Direct");
+    EXPECT_EQ(dialogs.messages, QStringList());
+}
+
+TEST_F(TLostFolder, ThatIsMadeAnewIsFoundThroughTheImage) {
+    Load(Move(MakeROM("A.BIN"), lost));
+    EnterAndLoseIt();
+    fs::create_directory(lost);
+    Move(MakeROM("A.BIN"), lost);
+    Move(MakeSpec(), lost);
+    dialogs.opens = {""}; // cancelled: the same file again
+    Button("btnLoad").click();
+    EXPECT_EQ(fs::current_path(), lost);
+    EXPECT_EQ(Items().front(), "Direct");
+    EXPECT_EQ(dialogs.messages, QStringList());
+}
+
+TEST_F(TLostFolder, WithTheImageLeavesTheUsersOwn) {
+    Load(Move(MakeROM("A.BIN"), lost));
+    Move(MakeSpec(), home);
+    EnterAndLoseIt();
+    page->ScanSpecDirectory();
+    EXPECT_EQ(fs::current_path(), home);
+    EXPECT_EQ(Items().front(), "Direct");
+}
+
+TEST_F(TLostFolder, WithNoOtherTheListIsEmpty) {
+    qputenv("HOME", (folder / "none").c_str());
+    EnterAndLoseIt();
+    page->ScanSpecDirectory();
+    EXPECT_EQ(Items(), QStringList{"Use Manual Offset Method"});
+    EXPECT_EQ(dialogs.messages, QStringList());
+}
+
+} // namespace

@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# One check of what packaging/ installs.
+#   package_test.sh install BUILD_FOLDER    the installed tree is what packaging/files.txt and docs/help/ name, with the right modes
+#   package_test.sh desktop                 the desktop entry is valid, and what it names is installed
+#   package_test.sh metainfo                the metadata for software centres is valid
+#   package_test.sh manpage                 the manual page has no warnings
+#   package_test.sh version VERSION         every file that names the version names this one
+set -Eeuo pipefail
+top=$(cd "$(dirname "$0")/../.." && pwd)
+packaging=$top/packaging
+id=org.ferrolyn.Ferrolyn
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+fail() {
+    echo "FAILED: $*" >&2
+    exit 1
+}
+
+expected_files() {
+    cat "$packaging/files.txt"
+    find "$top/docs" -path '*/help/*.txt' -printf 'lib/ferrolyn/%f\n'
+}
+
+check_install() {
+    DESTDIR=$scratch/root cmake --install "$1" --prefix /usr >"$scratch/log" || fail "installing: $(cat "$scratch/log")"
+    cd "$scratch/root/usr"
+    diff <(expected_files | sort) <(find . ! -type d -printf '%P\n' | sort) || fail "the installed tree (>) is not the expected one (<)"
+    [ "$(find "$scratch/root" -mindepth 1 -maxdepth 1)" = "$scratch/root/usr" ] || fail "files outside the prefix"
+    [ "$(readlink bin/ferrolyn)" = ../lib/ferrolyn/ferrolyn ] || fail "the command is no link to the program"
+    [ "$(find . -type f -perm 755)" = ./lib/ferrolyn/ferrolyn ] || fail "what can be run: $(find . -type f -perm 755)"
+    [ -z "$(find . -type f ! -perm 755 ! -perm 644)" ] || fail "modes: $(find . -type f ! -perm 755 ! -perm 644)"
+    [ -z "$(find . -type d ! -perm 755)" ] || fail "modes: $(find . -type d ! -perm 755)"
+    [ -z "$(find . -type f -empty)" ] || fail "empty: $(find . -type f -empty)"
+}
+
+check_desktop() {
+    local entry=$packaging/$id.desktop
+    desktop-file-validate "$entry" || fail "the desktop entry"
+    grep -qx 'Exec=ferrolyn' "$entry" && grep -qx bin/ferrolyn "$packaging/files.txt" || fail "the program of the desktop entry"
+    grep -qx "Icon=$id" "$entry" && grep -qx "share/icons/hicolor/scalable/apps/$id.svg" "$packaging/files.txt" || fail "the icon"
+    grep -q "setDesktopFileName(\"$id\")" "$top/src/spec/Application.cpp" || fail "the program names another desktop entry"
+}
+
+check_manpage() {
+    groff -man -ww -Tutf8 -z "$packaging/ferrolyn.1" 2>"$scratch/log"
+    [ ! -s "$scratch/log" ] || fail "the manual page: $(cat "$scratch/log")"
+}
+
+check_version() {
+    [ "$(sed -nE 's/.*<release version="([^"]*)".*/\1/p' "$packaging/$id.metainfo.xml" | head -n 1)" = "$1" ] ||
+        fail "the newest release of the metadata is not $1"
+    head -n 1 "$packaging/ferrolyn.1" | grep -q "\"Ferrolyn $1\"" || fail "the manual page is not of $1"
+    head -n 1 "$packaging/changelog.Debian" | grep -qF "($1-" || fail "the newest entry of the package's changelog is not of $1"
+}
+
+case $1 in
+    install) umask 077 && check_install "$2" ;;
+    desktop) check_desktop ;;
+    metainfo) appstreamcli validate --no-net --no-color "$packaging/$id.metainfo.xml" ;;
+    manpage) check_manpage ;;
+    version) check_version "$2" ;;
+    *) fail "there is no check '$1'" ;;
+esac
