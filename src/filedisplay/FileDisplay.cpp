@@ -44,15 +44,18 @@ TfrmFileContents::~TfrmFileContents() {
 void TfrmFileContents::LayOut() {
     auto *key = new QPushButton(tr("Key"), this);
     key->setObjectName("Button1");
-    SetTabSequence({grdFile_, key, chkDisplayHex_});
-    auto *side = new QVBoxLayout;
-    side->addWidget(key);
-    side->addWidget(chkDisplayHex_);
-    side->addStretch(1);
-    auto *row = new QHBoxLayout(this);
-    row->addWidget(grdFile_);
-    row->addLayout(side);
-    row->addStretch(1);
+    SetTabSequence({grdFile_, chkDisplayHex_, key});
+    auto *contents = new QHBoxLayout;
+    contents->addWidget(grdFile_);
+    contents->addStretch(1);
+    // Below the grid: beside it they would not fit a screen of 800 pixels.
+    auto *line = new QHBoxLayout;
+    line->addStretch(1);
+    line->addWidget(chkDisplayHex_);
+    line->addWidget(key);
+    auto *page = new QVBoxLayout(this);
+    page->addLayout(contents, 1);
+    page->addLayout(line);
     ConnectGuarded(key, &QPushButton::clicked, this, [this] { Button1Click(); });
     ConnectGuarded(chkDisplayHex_, &QCheckBox::clicked, this, [this] { chkDisplayHexClick(); });
 }
@@ -98,7 +101,7 @@ void TfrmFileContents::ShowPage() {
 }
 
 void TfrmFileContents::FormShow() {
-    SizeFileGrid(*grdFile_, height());
+    SizeFileGrid(*grdFile_, grdFile_->height());
     key_ = new TfrmKey(window(), parameters);
 }
 
@@ -108,7 +111,7 @@ void TfrmFileContents::FormHide() {
 
 void TfrmFileContents::resizeEvent(QResizeEvent *event) {
     TEmbeddedForm::resizeEvent(event);
-    SizeFileGrid(*grdFile_, height());
+    SizeFileGrid(*grdFile_, grdFile_->height());
 }
 
 void TfrmFileContents::Rebuild() {
@@ -118,7 +121,7 @@ void TfrmFileContents::Rebuild() {
     FillFileGrid(*grdFile_, bytes, chkDisplayHex_->isChecked());
     values_.assign(bytes.begin(), bytes.end());
     colors_.assign(values_.size(), unmarkedColor);
-    SizeFileGrid(*grdFile_, height());
+    SizeFileGrid(*grdFile_, grdFile_->height());
 }
 
 void TfrmFileContents::chkDisplayHexClick() {

@@ -83,9 +83,10 @@ void TAligridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     const QColor background = Background(option, cell);
     painter->fillRect(Inside(option.rect), background);
     painter->setPen(TextColor(option, cell));
-    const int wrap = settings_.Wordwrap ? Qt::TextWordWrap : Qt::TextSingleLine;
+    const int flow = Qt::TextForceLeftToRight | // signs stand before their number everywhere
+                     (settings_.Wordwrap ? Qt::TextWordWrap : Qt::TextSingleLine);
     const QString text = model_.cells.Text(cell.column, cell.row);
-    painter->drawText(TextRect(option, text), static_cast<int>(model_.Alignment(cell)) | wrap,
+    painter->drawText(TextRect(option, text), static_cast<int>(model_.Alignment(cell)) | flow,
                       text);
     if (!IsCurrent(option, index))
         return;

@@ -31,6 +31,6 @@ void TAligridHeader::paintSection(QPainter *painter, const QRect &rect, int sect
     const int room = rect.width() - 1 - option.fontMetrics.horizontalAdvance(text);
     const int margin = std::clamp(room / 2, 0, cellTextMargin);
     style()->drawItemText(painter, rect.adjusted(margin, 0, -margin - 1, 0),
-                          static_cast<int>(option.textAlignment), option.palette, isEnabled(), text,
-                          QPalette::ButtonText);
+                          static_cast<int>(option.textAlignment) | Qt::TextForceLeftToRight,
+                          option.palette, isEnabled(), text, QPalette::ButtonText);
 }

@@ -162,7 +162,7 @@ private:
         QColor tint = Blended(ReadableOn(mean), mean, ridgeShare_);
         // Walls that hardly differ from the background are told by their lines.
         if (Contrast(mean, background) < leastLineContrast)
-            tint = Legible(tint, background, leastLineContrast);
+            tint = Legible(tint, background); // thin as they are
         QPen pen = LinePen(tint);
         if (onPixels_) { // wider ones than a pixel of the device are slower by far
             pen.setCosmetic(true);
@@ -197,7 +197,11 @@ private:
         painter_.restore();
     }
     void PaintText(const QRectF &rect, const QString &text) {
-        painter_.drawText(rect, Qt::AlignCenter | Qt::TextDontClip | Qt::TextSingleLine, text);
+        // By the text alone: "% Load" reads so in a right-to-left program too.
+        const int direction =
+            text.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
+        painter_.drawText(rect, Qt::AlignCenter | Qt::TextDontClip | Qt::TextSingleLine | direction,
+                          text);
     }
 
     QPainter &painter_;

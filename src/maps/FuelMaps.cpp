@@ -73,7 +73,7 @@ void TfrmFuelMaps::SetRevColor(TColor color) {
 
 void TfrmFuelMaps::changeEvent(QEvent *event) {
     TfrmMaps::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange && spnRevLimiter_)
+    if (event->type() == QEvent::PaletteChange && spnRevLimiter_)
         SetRevColor(revColor_);
 }
 

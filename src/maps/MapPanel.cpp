@@ -4,6 +4,7 @@
 #include "forms/Hint.h"
 #include "maps/MapCellNames.h"
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
 
@@ -13,6 +14,7 @@
 namespace {
 constexpr int smallestWidth = 480; // pixels
 constexpr int smallestChart = 140; // pixels
+constexpr int chartLines = 9;      // line heights, which are more than that in large fonts
 
 constexpr std::array<TMapPanelTraits, 3> panelTraits{{
     {TMapKind::PT, QT_TRANSLATE_NOOP("TMapPanel", "Partial Throttle %1 Map"), 12, 12, "Panel1",
@@ -77,7 +79,8 @@ QSize TMapPanel::minimumSizeHint() const {
 
 void TMapPanel::resizeEvent(QResizeEvent *event) {
     QWidget::resizeEvent(event);
-    gridView.SetAvailableWidth(width() - smallestChart - layout()->spacing());
+    const int chartWidth = std::max(smallestChart, chartLines * fontMetrics().height());
+    gridView.SetAvailableWidth(width() - chartWidth - layout()->spacing());
 }
 
 void TMapPanel::MakePanel() {

@@ -65,7 +65,7 @@ void TfrmMaps::HideOthers(TMapKind kind) {
 
 void TfrmMaps::MakeControls() {
     chkInterpret_ = new QCheckBox(tr("Interpret Byte Values"), this);
-    bottomLine_ = new QHBoxLayout;
+    bottomLine_ = new TFoldingLine(this);
     auto *content = new QWidget;
     auto *rows = new QVBoxLayout(content);
     for (const TMapKind kind : allKinds) {
@@ -84,10 +84,9 @@ void TfrmMaps::MakeControls() {
     btnClose_ = new QPushButton(tr("Close Page"), this);
     btnClose_->setObjectName("btnClose");
     chkInterpret_->setObjectName("chkInterpret");
-    bottomLine_->addStretch(1);
     for (QWidget *control :
          std::initializer_list<QWidget *>{chkInterpret_, btnRecalculate_, btnClose_})
-        bottomLine_->addWidget(control);
+        bottomLine_->End().addWidget(control);
     // Accessibility tools toggle without a click.
     ConnectGuarded(chkInterpret_, &QCheckBox::toggled, this, [this] { chkInterpretClick(); });
     ConnectGuarded(btnRecalculate_, &QPushButton::clicked, this, [this] { btnRecalculateClick(); });
@@ -95,7 +94,7 @@ void TfrmMaps::MakeControls() {
 
     auto *page = new QVBoxLayout(this);
     page->addWidget(scroll, 1);
-    page->addLayout(bottomLine_);
+    page->addWidget(bottomLine_);
 }
 
 void TfrmMaps::ConnectPanel(TMapPanel &row) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "forms/TEmbedFm.h"
+#include "maps/FoldingLine.h"
 #include "maps/MapPanel.h"
 #include "model/Workspace.h"
 
@@ -12,7 +13,6 @@
 #include <optional>
 
 #include <QCheckBox>
-#include <QHBoxLayout>
 #include <QPointer>
 
 class TfrmToolWindow;
@@ -109,7 +109,7 @@ protected:
     /// The title of the charts' load axis.
     virtual QString DepthTitle() const = 0;
     /// The line of controls below the maps; derived pages add theirs in front.
-    QHBoxLayout &BottomLine() { return *bottomLine_; }
+    QHBoxLayout &BottomLine() { return bottomLine_->Start(); }
     /// "Interpret Byte Values", once the controls are made.
     QCheckBox &InterpretBox() { return *chkInterpret_; }
 
@@ -133,5 +133,5 @@ private:
     QCheckBox *chkInterpret_ = nullptr;
     QPushButton *btnRecalculate_ = nullptr;
     QPushButton *btnClose_ = nullptr;
-    QHBoxLayout *bottomLine_ = nullptr;
+    TFoldingLine *bottomLine_ = nullptr;
 };

@@ -26,7 +26,7 @@ void TOffsetEdit::TakeThemeColors() {
 
 void TOffsetEdit::changeEvent(QEvent *event) {
     TExitEdit::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange)
+    if (event->type() == QEvent::PaletteChange)
         TakeThemeColors();
 }
 

@@ -2,6 +2,7 @@
 
 #include "forms/Guard.h"
 #include "forms/Help.h"
+#include "forms/PlainScroll.h"
 #include "maps/Maps.h"
 #include "model/Numbers.h"
 
@@ -12,13 +13,15 @@
 #include <QMainWindow>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QVBoxLayout>
 
 namespace {
 constexpr int rangeRow = 1;
 constexpr int rangeColumn = 2;
-constexpr int itemRoom = 72; // pixels beside an item's text: the button, the margins and the frame
+constexpr int itemRoom = 72;  // pixels beside an item's text: the button, the margins and the frame
+constexpr int titleRoom = 40; // pixels of a floating window's frame and title
 } // namespace
 
 TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
@@ -33,14 +36,15 @@ TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
                             {tr("Part Throttle"), tr("Idle"), tr("Full Throttle")})),
       btnExec_(new QPushButton(tr("&Go"), this)) {
     setObjectName("frmToolWindow");
-    setWidget(MakeContents());
+    QWidget *contents = MakeContents();
+    setWidget(MakePlainScroll(contents, this));
     ConnectControls();
     OnHelpKey(*this, [this] { ShowHelpOf(*this); });
     if (auto *host = qobject_cast<QMainWindow *>(page.window()))
         host->addDockWidget(Qt::RightDockWidgetArea, this);
     setFloating(true);
     MakeReachable();
-    adjustSize();
+    FitTo(*contents);
     MoveBeside(*page.window());
     hide();
 }
@@ -64,6 +68,15 @@ void TfrmToolWindow::GoToOtherWindow() {
     QWidget *next = last && last->isVisible() ? last : usual;
     next->window()->activateWindow();
     next->setFocus(Qt::ShortcutFocusReason);
+}
+
+/// As large as its contents, which scroll on a screen too small for them.
+void TfrmToolWindow::FitTo(const QWidget &contents) {
+    const QSize wanted = contents.sizeHint();
+    const QSize frame = sizeHint() - widget()->sizeHint();
+    widget()->setMinimumWidth(wanted.width());
+    const int highest = screen()->availableGeometry().height() - titleRoom;
+    resize(wanted.width() + frame.width(), std::min(wanted.height() + frame.height(), highest));
 }
 
 void TfrmToolWindow::MoveBeside(const QWidget &window) {

@@ -44,6 +44,7 @@ protected:
 private:
     TRadioGroup *MakeGroup(const char *name, const QString &title, const QStringList &items);
     QWidget *MakeContents();
+    void FitTo(const QWidget &contents);
     /// To the right of `window`, as far as the screen has room there.
     void MoveBeside(const QWidget &window);
     void ConnectControls();

@@ -1,12 +1,13 @@
 #include "spec/Application.h"
 
 #include "forms/Dialogs.h"
+#include "forms/OutlineStyle.h"
 #include "forms/baseform.h"
 #include "model/Messages.h"
 #include "model/Numbers.h"
 #include "spec/Translations.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QIcon>
 #include <QLocale>
 
@@ -17,6 +18,12 @@ QIcon ProgramIcon() {
         icon.addFile(QString(":/icons/ferrolyn-%1.png").arg(size), {size, size});
     return icon;
 }
+
+void UseOutlines() {
+    const QStyle *style = QApplication::style();
+    if (style->name() == "fusion" && !qobject_cast<const TOutlineStyle *>(style))
+        QApplication::setStyle(new TOutlineStyle);
+}
 } // namespace
 
 void SetUpApplication() {
@@ -25,6 +32,7 @@ void SetUpApplication() {
     QCoreApplication::setApplicationVersion(FERROLYN_VERSION);
     QGuiApplication::setDesktopFileName("org.ferrolyn.Ferrolyn");
     QGuiApplication::setWindowIcon(ProgramIcon());
+    UseOutlines();
     InstallTranslations(QLocale(), TranslationFolders());
     SetDecimalSeparator(QLocale().decimalPoint().toStdString());
     SetMessageHook(

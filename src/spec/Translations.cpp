@@ -13,18 +13,28 @@
 namespace {
 const QString translatorName = "ferrolyn_translator";
 
-/// The first existing file for a language such as "de-Latn-AT": of that name, then of "de-Latn" and
-/// "de". Only whole names: the toolkit's own search would end at the program's file.
-QString FileFor(const QString &prefix, QString language, const QStringList &folders) {
-    for (language.replace('-', '_');; language.truncate(language.lastIndexOf('_'))) {
+/// The names that a translation for "de-Latn-AT" may have, the nearest first: also "de_AT",
+/// "de_Latn" and "de".
+QStringList NamesOf(const QString &language) {
+    const QStringList parts = language.split('-');
+    QStringList names{parts.join('_')};
+    if (parts.size() == 3)
+        names << parts[0] + '_' + parts[2] << parts[0] + '_' + parts[1];
+    if (parts.size() > 1)
+        names << parts[0];
+    return names;
+}
+
+/// The first file that exists. Only whole names: the toolkit's own search would end at the
+/// program's file.
+QString FileFor(const QString &prefix, const QString &language, const QStringList &folders) {
+    for (const QString &name : NamesOf(language))
         for (const QString &folder : folders) {
-            const QString file = QDir(folder).filePath(prefix + '_' + language + ".qm");
+            const QString file = QDir(folder).filePath(prefix + '_' + name + ".qm");
             if (QFileInfo(file).isFile())
                 return file;
         }
-        if (!language.contains('_'))
-            return {};
-    }
+    return {};
 }
 
 bool Install(const QString &file) {

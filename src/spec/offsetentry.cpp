@@ -24,6 +24,8 @@ constexpr std::array<TField, 6> mapFields{{
     {"edtTimingFTMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Timing WOT Offset")},
 }};
 
+constexpr int editMargins = 24; // pixels, both sides together
+
 int OffsetIn(const QLineEdit &edit) {
     return ParseInteger(edit.text().toStdString());
 }
@@ -32,6 +34,8 @@ QLineEdit *AddField(QGridLayout &grid, const TField &field) {
     auto *edit = new QLineEdit;
     edit->setObjectName(field.name);
     edit->setAccessibleDescription(TfrmOffsetEntry::tr("Decimal, or hexadecimal behind a $"));
+    edit->setLayoutDirection(Qt::LeftToRight); // "$" stands before its number everywhere
+    edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("$FFFFF") + editMargins);
     auto *label = new QLabel(TfrmOffsetEntry::tr(field.label));
     label->setBuddy(edit);
     const int row = grid.rowCount();

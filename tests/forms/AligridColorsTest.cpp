@@ -45,6 +45,44 @@ TEST(ReadableOn, IsTheColourWithMoreContrast) {
     EXPECT_EQ(ReadableOn(Qt::black), QColor(Qt::white));
 }
 
+TEST(ReadableOn, IsAlwaysReadable) {
+    for (int red = 0; red < 256; red += 15)
+        for (int green = 0; green < 256; green += 15)
+            for (int blue = 0; blue < 256; blue += 15) {
+                const QColor background(red, green, blue);
+                EXPECT_GE(Contrast(ReadableOn(background), background), 4.58)
+                    << background.name().toStdString();
+            }
+}
+
+TEST(Contrast, IsThatOfTheGuidelines) {
+    EXPECT_DOUBLE_EQ(Contrast(Qt::black, Qt::white), 21);
+    EXPECT_DOUBLE_EQ(Contrast(Qt::white, Qt::black), 21);
+    EXPECT_DOUBLE_EQ(Contrast(Qt::red, Qt::red), 1);
+    EXPECT_NEAR(Contrast(Qt::red, Qt::white), 4.00, 0.005);
+    EXPECT_NEAR(Contrast(Qt::blue, Qt::white), 8.59, 0.005);
+    EXPECT_NEAR(Contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.005);
+}
+
+TEST(Legible, KeepsWhatCanBeRead) {
+    EXPECT_EQ(Legible(Qt::blue, Qt::white), QColor(Qt::blue));
+    EXPECT_EQ(Legible(Qt::red, Qt::white, leastLineContrast), QColor(Qt::red));
+    EXPECT_EQ(Legible(Qt::black, Qt::white), QColor(Qt::black));
+}
+
+TEST(Legible, KeepsTheHueOfWhatCannot) {
+    for (const QColor background : {QColor(Qt::white), QColor(Qt::black), QColor(0x1b, 0x1e, 0x20),
+                                    QColor(Qt::yellow), QColor(128, 128, 128)})
+        for (const QColor color : {QColor(Qt::blue), QColor(Qt::red), QColor(0, 128, 0)}) {
+            const QColor legible = Legible(color, background);
+            EXPECT_GE(Contrast(legible, background), leastTextContrast)
+                << color.name().toStdString() << " on " << background.name().toStdString();
+            if (legible.saturation() > 0) {
+                EXPECT_NEAR(legible.hue(), color.hue(), 3) << color.name().toStdString();
+            }
+        }
+}
+
 TEST(Blended, MixesByShare) {
     EXPECT_EQ(Blended(Qt::white, Qt::black, 1), QColor(Qt::white));
     EXPECT_EQ(Blended(Qt::white, Qt::black, 0), QColor(Qt::black));

@@ -1,0 +1,239 @@
+// Everything can be read in every theme: measured on what is painted.
+#include "charts/ChartContents.h"
+#include "filedisplay/SearchCells.h"
+#include "forms/Aligrid.h"
+#include "look/LookFixture.h"
+#include "look/Painted.h"
+#include "look/VisibleTexts.h"
+#include "maps/ChartPainter.h"
+#include "maps/ChartWalls.h"
+#include "maps/FuelMaps.h"
+
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPainter>
+#include <QSpinBox>
+
+namespace {
+class TThemesTest : public TLookTest, public testing::WithParamInterface<TTheme> {
+protected:
+    TThemesTest() { QApplication::setPalette(GetParam().palette); }
+};
+
+struct TCellLook {
+    std::string name;
+    TColor background;
+    TColor font;
+};
+
+/// One row of a grid for each look that a cell can have.
+std::vector<TCellLook> CellLooks() {
+    std::vector<TCellLook> looks{{"plain", clWindow, clWindowText},
+                                 {"edited", clWindow, clBlue},
+                                 {"not readable", clWindow, clRed},
+                                 {"committed", clWindow, clGreen}};
+    const std::pair<std::string, TColor> marks[] = {
+        {"fuel value", possibleFuelColor}, {"timing value", possibleTimingColor},
+        {"searched", searchedColor},       {"axis count", axisCountColor},
+        {"linear axis", linearAxisColor},  {"2-D axis", twoDAxisColor},
+        {"fuel map", fuelMapColor},        {"timing map", timingMapColor},
+        {"any map", anyMapColor}};
+    for (const auto &[name, color] : marks) {
+        looks.push_back({name, color, clWindowText});
+        for (const int value : {1, 64, 128, 200, 255})
+            looks.push_back({name + " + " + std::to_string(value),
+                             Shaded(color, static_cast<TCellValue>(value)), clWindowText});
+        looks.push_back({name + ", edited", color, clBlue});
+    }
+    return looks;
+}
+
+TEST_P(TThemesTest, EveryLookOfACellCanBeRead) {
+    const std::vector<TCellLook> looks = CellLooks();
+    TStringAlignGrid grid;
+    QFont font = grid.font();
+    font.setPointSize(16); // large enough for pixels that are wholly the text's colour
+    grid.setFont(font);
+    grid.SetShape(4, static_cast<int>(looks.size()) + 1);
+    for (std::size_t i = 0; i < looks.size(); ++i)
+        for (int column = 0; column < 4; ++column) {
+            const int row = static_cast<int>(i) + 1;
+            grid.SetCell(column, row, "88");
+            if (column == 0)
+                continue;
+            grid.SetCellColor(column, row, looks[i].background);
+            grid.SetFontColor(column, row, looks[i].font);
+        }
+    for (int column = 0; column < 4; ++column)
+        grid.SetCell(column, 0, "88");
+    grid.SetSelection({2, 1, 3, static_cast<int>(looks.size())}); // (3, last) is the current cell
+    grid.resize(400, 40 * static_cast<int>(looks.size() + 2));
+    grid.show();
+    TGallery::Settle();
+    const QImage image = ImageOf(grid);
+    const auto contrast = [&](int column, int row) {
+        const QRect cell = grid.visualRect(grid.model()->index(row - 1, column - 1));
+        const QRect inside = cell.adjusted(3, 3, -4, -4); // without lines and frame
+        return PaintedIn(image, {grid.viewport()->mapTo(&grid, inside.topLeft()), inside.size()})
+            .contrast;
+    };
+    for (std::size_t i = 0; i < looks.size(); ++i) {
+        const int row = static_cast<int>(i) + 1;
+        EXPECT_GE(contrast(1, row), leastTextContrast) << looks[i].name;
+        EXPECT_GE(contrast(2, row), leastTextContrast) << looks[i].name << ", selected";
+        EXPECT_EQ(grid.CellColor(1, row), looks[i].background) << "what is kept stays";
+        EXPECT_EQ(grid.FontColor(1, row), looks[i].font) << "what is kept stays";
+    }
+    EXPECT_GE(contrast(3, static_cast<int>(looks.size())), leastTextContrast) << "current cell";
+    for (const QHeaderView *header : {grid.horizontalHeader(), grid.verticalHeader()}) {
+        const QRect first = QRect(header->mapTo(&grid, QPoint(0, 0)), QSize(60, 28));
+        EXPECT_GE(PaintedIn(image, first.adjusted(2, 2, -8, -4)).contrast, leastTextContrast)
+            << "header";
+    }
+}
+
+TEST_P(TThemesTest, TheCurrentCellsFrameStandsOut) {
+    TStringAlignGrid grid;
+    grid.resize(400, 300);
+    grid.show();
+    grid.SetCurrent(2, 2);
+    TGallery::Settle();
+    const QRect cell = grid.visualRect(grid.model()->index(1, 1));
+    const QImage image = ImageOf(grid);
+    const QPoint at = grid.viewport()->mapTo(&grid, cell.topLeft());
+    const QColor frame(image.pixel(at + QPoint(cell.width() / 2, 0)));
+    const QColor inside(image.pixel(at + QPoint(4, 4)));
+    EXPECT_GE(Contrast(frame, inside), leastLineContrast);
+}
+
+TEST_P(TThemesTest, EveryTextOfAChartCanBeRead) {
+    const TChartContents contents = SampleContents(12, 16);
+    QFont font = QApplication::font();
+    font.setPointSize(14);
+    const TChartPlace place{{0, 0, 900, 600}, font, nullptr, {}};
+    QImage image(900, 600, QImage::Format_RGB32);
+    QPainter painter(&image);
+    PaintChart(painter, contents, place, GetParam().palette);
+    painter.end();
+    const TChartLayout layout = LayOut(contents, place);
+    ASSERT_GT(layout.labels.size(), 12U);
+    for (const TChartLabel &label : layout.labels)
+        EXPECT_GE(PaintedIn(image, label.rect.toRect()).contrast, leastTextContrast)
+            << label.text.toStdString();
+}
+
+QImage ChartImage(const TChartContents &contents, const QPalette &palette) {
+    QImage image(700, 500, QImage::Format_RGB32);
+    QPainter painter(&image);
+    PaintChart(painter, contents, {{0, 0, 700, 500}, QApplication::font(), nullptr, {}}, palette);
+    return image;
+}
+
+/// How far the edge of the walls stands out from what is above them, column by column.
+std::vector<double> EdgeContrasts(TChartContents contents, const QPalette &palette) {
+    constexpr int edge = 3; // pixels: a line and its soft sides
+    const QImage image = ChartImage(contents, palette);
+    for (TWall &wall : contents.walls)
+        for (TWallPoint &point : wall.points)
+            point.color = 0x40FF40;
+    const QImage recoloured = ChartImage(contents, palette); // differs where walls are
+    std::vector<double> contrasts;
+    for (int x = 250; x < 450; ++x)
+        for (int y = 0; y < image.height() - edge; ++y) {
+            if (image.pixel(x, y) == recoloured.pixel(x, y))
+                continue;
+            double best = 1;
+            for (int i = 0; i < edge; ++i)
+                best = std::max(
+                    best, Contrast(QColor(image.pixel(x, y + i)), palette.color(QPalette::Base)));
+            contrasts.push_back(best);
+            break;
+        }
+    return contrasts;
+}
+
+TEST_P(TThemesTest, TheWallsOfAChartStandOut) {
+    std::vector<double> contrasts = EdgeContrasts(SampleContents(12, 16), GetParam().palette);
+    ASSERT_EQ(contrasts.size(), 200U);
+    std::nth_element(contrasts.begin(), contrasts.begin() + 100, contrasts.end());
+    EXPECT_GE(contrasts[100], leastLineContrast) << "the median: slopes are softened";
+}
+
+TEST_P(TThemesTest, EveryTextOfEveryWindowCanBeRead) {
+    UseFont(1.5);
+    Visit([](const QString &name, QWidget &window) {
+        const QImage image = ImageOf(window);
+        for (const TVisibleText &text : VisibleTexts(window)) {
+            const QRect shown = text.place.intersected(window.rect());
+            // What is switched off is greyed on purpose; of what is scrolled away there is nothing.
+            if (!text.enabled || text.control->visibleRegion().isEmpty() || shown.width() < 8 ||
+                shown.height() < 8)
+                continue;
+            const TPainted painted = PaintedIn(image, shown);
+            EXPECT_GE(painted.contrast, leastTextContrast)
+                << name.toStdString() << ", " << text.owner.toStdString() << ": "
+                << text.text.toStdString() << " on " << painted.background;
+        }
+    });
+}
+
+TEST_P(TThemesTest, ATextOnThePictureOfTheSplashCanBeRead) {
+    Visit([](const QString &name, QWidget &window) {
+        if (!name.endsWith("splash"))
+            return;
+        for (const TVisibleText &text : VisibleTexts(window)) {
+            if (!text.onPicture)
+                continue;
+            auto &label = const_cast<QWidget &>(*text.control);
+            const int room = text.neededWidth;
+            label.hide();
+            const QImage picture = ImageOf(window);
+            label.show();
+            for (int y = text.place.top(); y <= text.place.bottom(); ++y)
+                for (int x = text.place.left(); x <= text.place.left() + room; ++x)
+                    ASSERT_GE(Contrast(Qt::white, QColor(picture.pixel(x, y))), leastTextContrast)
+                        << x << ", " << y;
+            return;
+        }
+        ADD_FAILURE() << "no text on the picture";
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(All, TThemesTest, testing::ValuesIn(Themes()),
+                         [](const auto &theCase) { return theCase.param.name.toStdString(); });
+
+class TThemeChangeTest : public TLookTest {
+protected:
+    static void UseTheme(std::size_t index) {
+        QApplication::setPalette(Themes().at(index).palette);
+        TGallery::Settle();
+    }
+    static double TextContrast(const QWidget &control) {
+        return Contrast(control.palette().color(QPalette::Text),
+                        control.palette().color(QPalette::Base));
+    }
+};
+
+TEST_F(TThemeChangeTest, ControlsWithColoursOfTheirOwnFollow) {
+    UseTheme(0);
+    TWorkspace workspace;
+    workspace.fuelMapSet.revLimiter.SetOffset(0x40);
+    TfrmFuelMaps page(nullptr, workspace, workspace.fuelMapSet);
+    page.ShowPage();
+    auto &spin = *page.findChild<QSpinBox *>("spnRevLimiter");
+    auto &offset = *page.findChild<QLineEdit *>("edtPTOffset");
+    spin.stepUp();
+    EXPECT_EQ(spin.palette().color(QPalette::Text), QColor(Qt::blue));
+    for (const std::size_t theme : {1U, 2U, 0U}) {
+        UseTheme(theme);
+        EXPECT_GE(TextContrast(spin), leastTextContrast) << theme;
+        EXPECT_NE(spin.palette().color(QPalette::Text),
+                  QApplication::palette().color(QPalette::Text))
+            << "an edit still looks edited";
+        EXPECT_GE(TextContrast(offset), leastTextContrast) << theme;
+        EXPECT_EQ(offset.palette().color(QPalette::Base),
+                  QApplication::palette().color(QPalette::Button))
+            << theme;
+    }
+}
+} // namespace
