@@ -106,22 +106,23 @@ QString TextOf(const QWidget &control) {
     return {};
 }
 
-void Append(QString &text, const QWidget &control) {
+void Append(QStringList &lines, const QWidget &control) {
     static const QStringList changing = {"Label4"};
     const QString name = control.objectName();
     const QString said = TextOf(control);
     if (!said.isNull() && !name.isEmpty() && !name.startsWith("qt_") && !changing.contains(name))
-        text += "  " + name + ": " + said + (control.isEnabled() ? "" : ", disabled") + '\n';
+        lines << "  " + name + ": " + said + (control.isEnabled() ? "" : ", disabled");
     for (const QObject *child : control.children()) {
         const auto *widget = qobject_cast<const QWidget *>(child);
         if (widget && !widget->isWindow() && widget->isVisible())
-            Append(text, *widget);
+            Append(lines, *widget);
     }
 }
 } // namespace
 
 QString Describe(const QWidget &window) {
-    QString text = "window " + Quoted(window.windowTitle()) + '\n';
-    Append(text, window);
-    return text;
+    QStringList lines;
+    Append(lines, window);
+    lines.sort(); // the order in which they were made does not count
+    return "window " + Quoted(window.windowTitle()) + '\n' + lines.join('\n') + '\n';
 }

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QWidget>
 
-/// One line for each visible control that says something, indented by a blank; grids of more than
+/// One line for each visible control that says something, sorted by name; grids of more than
 /// 40 rows give the number of coloured cells and the current row. What changes with time (credit
 /// lines) is left out.
 QString Describe(const QWidget &window);
