@@ -169,7 +169,8 @@ void TfrmHelp::FindAgain() {
 void ShowHelpOf(QWidget &window, const QString &asked) {
     const QString shown = window.objectName() + ".txt";
     if (!QFileInfo(ProgramDirectory() + (asked.isEmpty() ? shown : asked)).isFile())
-        return Dialogs().ShowMessage(TfrmHelp::tr("Sorry no help is yet available for this screen"));
+        return Dialogs().ShowMessage(
+            TfrmHelp::tr("Sorry no help is yet available for this screen"));
     auto *help = window.findChild<TfrmHelp *>({}, Qt::FindDirectChildrenOnly);
     if (!help) {
         help = new TfrmHelp(shown, &window);
