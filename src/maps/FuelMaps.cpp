@@ -65,6 +65,7 @@ void TfrmFuelMaps::ShowPage() {
 void TfrmFuelMaps::ShowRevLimiter() {
     spnRevLimiter_->setValue(Round(FuelMapSet->revLimiter.GetValue()));
     SetTextColor(*spnRevLimiter_, QPalette().color(QPalette::Text));
+    spnRevLimiter_->setAccessibleDescription({});
     RevChanged = false;
 }
 
@@ -88,6 +89,7 @@ bool TfrmFuelMaps::QueryClose() {
 
 void TfrmFuelMaps::spnRevLimiterChange() {
     SetTextColor(*spnRevLimiter_, Qt::blue);
+    spnRevLimiter_->setAccessibleDescription(tr("edited, waiting for Commit"));
     RevChanged = true;
 }
 
@@ -96,6 +98,7 @@ void TfrmFuelMaps::btnSavePTClick() {
     // The text stays blue and DataChanged stays as it is; both are intended.
     if (FuelMapSet->HasRevLimiter())
         TakeRevLimiter();
+    spnRevLimiter_->setAccessibleDescription({});
     RevChanged = false;
 }
 
