@@ -121,6 +121,7 @@ QStatusBar *TfrmROMInformation::MakeStatusBar() {
         statusPanels_[i]->setAccessibleDescription(tr(meanings[i]));
         bar->addWidget(statusPanels_[i]);
     }
+    statusPanels_[0]->setLayoutDirection(Qt::LeftToRight); // a path begins at its root everywhere
     return bar;
 }
 
