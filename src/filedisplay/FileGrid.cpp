@@ -84,7 +84,8 @@ void SizeFileGrid(TStringAlignGrid &grid, int visibleHeight) {
     constexpr int scrollBarRoom = 24;
     const int dataWidth = std::max(WidthFor(grid, "$DD"), WidthFor(grid, "255"));
     const qsizetype addressLength = grid.Cell(0, grid.RowCount() - 1).size();
-    const int addressWidth = WidthFor(grid, QString(addressLength, 'D')); // the widest digit
+    const QString address = QString(std::max(addressLength - 1, qsizetype{0}), 'D') + 'x';
+    const int addressWidth = WidthFor(grid, address); // of the widest digits
     grid.SetDefaultColWidth(dataWidth);
     grid.SetColWidth(0, addressWidth);
     const int rowHeight = grid.DefaultRowHeight() + grid.GridLineWidth();

@@ -59,6 +59,7 @@ void TfrmFuelMaps::ShowPage() {
 void TfrmFuelMaps::ShowRevLimiter() {
     spnRevLimiter_->setValue(Round(FuelMapSet->revLimiter.GetValue()));
     SetRevColor(clWindowText);
+    spnRevLimiter_->setAccessibleDescription({});
     RevChanged = false;
 }
 
@@ -97,6 +98,7 @@ bool TfrmFuelMaps::QueryClose() {
 
 void TfrmFuelMaps::spnRevLimiterChange() {
     SetRevColor(clBlue);
+    spnRevLimiter_->setAccessibleDescription(tr("edited, waiting for Commit"));
     RevChanged = true;
 }
 
@@ -105,6 +107,7 @@ void TfrmFuelMaps::btnSavePTClick() {
     // The text stays blue and DataChanged stays as it is; both are intended.
     if (FuelMapSet->HasRevLimiter())
         TakeRevLimiter();
+    spnRevLimiter_->setAccessibleDescription({});
     RevChanged = false;
 }
 

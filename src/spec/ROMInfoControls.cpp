@@ -116,12 +116,12 @@ QStatusBar *TfrmROMInformation::MakeStatusBar() {
     bar->setAccessibleName(tr("ROM file"));
     bar->setSizeGripEnabled(false);
     for (std::size_t i = 0; i < statusPanels_.size(); ++i) {
-        statusPanels_[i] = new QLabel(bar);
+        statusPanels_[i] = new TElidedLabel(bar);
         statusPanels_[i]->setFixedWidth(widths[i]);
         statusPanels_[i]->setAccessibleDescription(tr(meanings[i]));
-        statusPanels_[i]->setTextFormat(Qt::PlainText);
         bar->addWidget(statusPanels_[i]);
     }
+    statusPanels_[0]->setLayoutDirection(Qt::LeftToRight); // a path begins at its root everywhere
     return bar;
 }
 

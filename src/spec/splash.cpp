@@ -53,12 +53,10 @@ QLabel *NewStatus(QWidget *panel) {
 } // namespace
 
 TfrmSplash::TfrmSplash()
-    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                           Qt::WindowDoesNotAcceptFocus) {
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint) {
     setObjectName("frmSplash");
-    // Never the active window: a dialog that came up over it would go with it.
-    setAttribute(Qt::WA_ShowWithoutActivating);
-    setAttribute(Qt::WA_QuitOnClose, false); // neither keeps the program alive nor ends it
+    setAttribute(Qt::WA_ShowWithoutActivating); // keys go to the main window
+    setAttribute(Qt::WA_QuitOnClose, false);    // neither keeps the program alive nor ends it
     setFixedSize(clientSize);
     QFrame *panel = NewPanel(this);
     QLabel *logo = NewLogo(panel);

@@ -12,6 +12,8 @@
 #include <QCheckBox>
 #include <QHelpEvent>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
 #include <QToolTip>
 
 namespace {
@@ -94,6 +96,18 @@ TEST_F(TCellNamesTest, TheMarksOfAMapAreTold) {
     EXPECT_EQ(Meaning(1, 2), "written into the map");
     OnPage<QPushButton>("btnResetPT").click();
     EXPECT_EQ(Meaning(2, 1), "");
+}
+
+TEST_F(TCellNamesTest, TheMarkOfTheRevLimiterIsTold) {
+    Enter(TScene::Fuel, "grdPTMap");
+    auto &limiter = OnPage<QSpinBox>("spnRevLimiter");
+    for (const char *end : {"btnSaverev", "btnResetRev"}) {
+        EXPECT_EQ(limiter.accessibleDescription(), "");
+        limiter.stepUp();
+        EXPECT_EQ(limiter.accessibleDescription(), "edited, waiting for Commit");
+        OnPage<QPushButton>(end).click();
+    }
+    EXPECT_EQ(limiter.accessibleDescription(), "");
 }
 
 TEST_F(TCellNamesTest, AnOpenEditorSaysWhichCellItIs) {

@@ -30,7 +30,7 @@ const TRelay relays[] = {
      "an error, see its throw"},
     {"forms/KelvaneNotebook.cpp", "throw EFormNotfound", nullptr, "the class has the text"},
     {"spec/Application.cpp", "ShowMessage", "QString::fromStdString(text)", "ShowModelMessage"},
-    {"filedisplay/FileSearches.cpp", "InputBox", "firstText+secondText", "asked for below"},
+    {"filedisplay/FileSearches.cpp", "InputBox", "prompt", "asked for below"},
     {"forms/Help.cpp", "Fail", "file,file.errorString()", "the system's words"},
     {"model/SafeFile.cpp", "Fail", nullptr, "the system's words"},
     {"model/SafeFile.cpp", "throw TSystemFailure", nullptr, "the system's words"},

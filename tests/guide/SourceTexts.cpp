@@ -132,7 +132,7 @@ private:
 
     void Collect(const TTokens &tokens, TRange range, int depth, QStringList &texts) {
         for (TIndex i = range.first; i < range.end; ++i) {
-            if (tokens[i].kind == TToken::Text)
+            if (tokens[i].kind == TToken::Text && !IsContext(tokens, i))
                 texts << tokens[i].text;
             if (depth == 0 || !IsWord(tokens, i))
                 continue;
@@ -141,6 +141,12 @@ private:
             else
                 CollectVariable(tokens, i, depth - 1, texts);
         }
+    }
+
+    /// Of a translation; the text comes after it.
+    static bool IsContext(const TTokens &tokens, TIndex at) {
+        return at >= 2 && Is(tokens, at - 1, "(") &&
+               (Is(tokens, at - 2, "Translated") || Is(tokens, at - 2, "QT_TRANSLATE_NOOP"));
     }
 
     /// The literals of a function's body that makes texts; not of those that write a number.

@@ -35,10 +35,12 @@ bool IsOurs(const QWidget &window) {
     return !window.inherits("QFileDialog");
 }
 
-/// Where a control lies in a scroll area what is beyond the edge can be reached.
+/// Where a control lies in a scroll area what is beyond the edge can be reached; a menu that is
+/// larger than the screen scrolls too.
 bool Scrolls(const QWidget *control) {
     for (; control; control = control->parentWidget())
-        if (qobject_cast<const QAbstractScrollArea *>(control) || control->inherits("QTabBar"))
+        if (qobject_cast<const QAbstractScrollArea *>(control) || control->inherits("QTabBar") ||
+            control->inherits("QMenu"))
             return true;
     return false;
 }
