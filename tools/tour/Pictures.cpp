@@ -3,6 +3,7 @@
 #include "Describe.h"
 #include "Driver.h"
 
+#include <algorithm>
 #include <iostream>
 
 #include <QApplication>
@@ -15,13 +16,16 @@
 namespace {
 constexpr int drawTime = 300; // milliseconds for the window manager and the menus
 
-/// What the user sees, the main window first.
+/// What the user sees: the main window, then the others by name, as the toolkit gives them in an
+/// order that changes from run to run.
 QList<QWidget *> ShownWindows(QWidget &main) {
-    QList<QWidget *> windows{&main};
+    QList<QWidget *> others;
     for (QWidget *window : QApplication::topLevelWidgets())
         if (window != &main && window->isVisible())
-            windows << window;
-    return windows;
+            others << window;
+    std::sort(others.begin(), others.end(),
+              [](const QWidget *a, const QWidget *b) { return a->objectName() < b->objectName(); });
+    return QList<QWidget *>{&main} + others;
 }
 
 /// The windows out of a picture of the screen, cut to what they take.
