@@ -19,13 +19,13 @@ describe_machine() {
     dpkg-query -W -f '${Package} ${Version}\n' libqt6core6 ghex okteta 2>/dev/null || true
 }
 
-# Runs a benchmark on a virtual screen; its rows go to the report, the head of its table only once.
+# Runs a benchmark on a virtual screen; the rows of its table go to the report.
 #   measure NAME COMMAND [ARGUMENT...]
 measure() {
     local name=$1
     shift
     step "measuring $name"
-    { "$top/tools/xvfb.sh" "$@" || over+=("$name"); } > >(grep -v '^measured ' | tee -a "$report")
+    { "$top/tools/xvfb.sh" "$@" || over+=("$name"); } > >(grep -E '( +-?[0-9]+\.[0-9]+){4}(  OVER)?$' | tee -a "$report")
     wait $!
 }
 

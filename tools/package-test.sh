@@ -12,6 +12,7 @@ make_packages() {
     build release
     step "making the packages"
     rm -rf "$packages"
+    # The folders in the packages take their modes from the umask.
     (umask 022 && cpack --config "$top/build/release/CPackConfig.cmake" -B "$packages") >"$top/build/packages.log" 2>&1 || {
         cat "$top/build/packages.log" >&2
         return 1

@@ -2,16 +2,17 @@
 
 #include "filedisplay/FileGrid.h"
 #include "filedisplay/FileMenu.h"
+#include "filedisplay/MarkNames.h"
 #include "filedisplay/filedisplaykey.h"
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
+#include "forms/TabOrder.h"
 #include "model/ROMTypes.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 TfrmFileContents::TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrinting &printing)
@@ -25,6 +26,7 @@ TfrmFileContents::TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrin
     setObjectName("frmFileContents");
     grdFile_->setObjectName("grdFile");
     grdFile_->setAccessibleName(tr("File Contents"));
+    grdFile_->setAccessibleDescription(tr("The Menu key or Shift+F10 opens the menu"));
     chkDisplayHex_->setObjectName("chkDisplayHex");
     redPrint_->setObjectName("redPrint");
     redPrint_->hide();
@@ -42,6 +44,7 @@ TfrmFileContents::~TfrmFileContents() {
 void TfrmFileContents::LayOut() {
     auto *key = new QPushButton(tr("Key"), this);
     key->setObjectName("Button1");
+    SetTabSequence({grdFile_, chkDisplayHex_, key});
     auto *contents = new QHBoxLayout;
     contents->addWidget(grdFile_);
     contents->addStretch(1);
@@ -68,9 +71,23 @@ void TfrmFileContents::ConnectGrid() {
     };
     grdFile_->OnDblClick = [this] { grdFileDblClick(); };
     grdFile_->setContextMenuPolicy(Qt::NoContextMenu);
-    auto *menuKey = new QShortcut(Qt::Key_Menu, grdFile_);
-    menuKey->setContext(Qt::WidgetWithChildrenShortcut);
-    ConnectGuarded(menuKey, &QShortcut::activated, this, [this] { PopUpMenu(); });
+    grdFile_->OnMenuKey = [this](QPoint at) { PopupMenu1_->popup(at); };
+    grdFile_->OnCellPlace = [this](int column, int row, QString &place) {
+        place = PlaceOf({column, row});
+    };
+    grdFile_->OnCellMeaning = [this](int column, int row, QString &meaning) {
+        meaning = tr(MarkName(grdFile_->CellColor(column, row)));
+    };
+    grdFile_->ShowCellHints = true;
+    grdFile_->OnShowHintCell = grdFile_->OnCellMeaning;
+}
+
+QString TfrmFileContents::PlaceOf(TGridCell cell) const {
+    if (cell.column == 0)
+        return tr("Row");
+    return cell.row == 0 ? tr("Column")
+                         : grdFile_->Cell(0, cell.row).chopped(1).prepend('$') +
+                               grdFile_->Cell(cell.column, 0);
 }
 
 void TfrmFileContents::ShowPage() {
@@ -136,7 +153,7 @@ void TfrmFileContents::grdFileMouseDown(Qt::MouseButton button, Qt::KeyboardModi
 
 void TfrmFileContents::grdFileMouseUp(Qt::MouseButton button) {
     if (button == Qt::RightButton)
-        PopUpMenu();
+        PopupMenu1_->popup(QCursor::pos());
     if (button != Qt::LeftButton)
         return;
     const TGridRect selection = grdFile_->Selection();
@@ -148,10 +165,6 @@ void TfrmFileContents::grdFileMouseUp(Qt::MouseButton button) {
         mouseAnchor.setY(selection.top);
         mouseExtent.setY(selection.bottom);
     }
-}
-
-void TfrmFileContents::PopUpMenu() {
-    PopupMenu1_->popup(QCursor::pos());
 }
 
 void TfrmFileContents::grdFileDblClick() {

@@ -115,7 +115,8 @@ private:
     void UpdateNotebookMap(TMapSet &set, TMapKind kind);
     void AddMapPage(const TMapStart &start, std::int32_t address);
     void QuickMap(TMapShape shape, bool throughPointer);
-    void PopUpMenu();
+    /// Where a cell is, in the words for screen readers.
+    QString PlaceOf(TGridCell cell) const;
 
     TWorkspace &workspace_;
     IPrinting &printing_;

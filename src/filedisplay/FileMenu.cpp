@@ -46,6 +46,7 @@ constexpr std::array<TParameterItem, 6> parameterItems{{
 TFileMenu::TFileMenu(TfrmFileContents &page) : QMenu(&page), page_(page) {
     using TPage = TfrmFileContents;
     setObjectName("PopupMenu1");
+    setAccessibleName(tr("File Contents"));
     AddItems(*this, {{"Copy1", QT_TR_NOOP("Copy"), &TPage::Copy1Click},
                      {"CopySelected1", QT_TR_NOOP("Copy Selected"), &TPage::CopySelected1Click},
                      {"Print1", QT_TR_NOOP("Print"), &TPage::Print1Click},
@@ -117,6 +118,7 @@ QMenu &TFileMenu::AddSubmenu(const char *name, const QString &caption,
                              std::initializer_list<TItem> items) {
     QMenu *menu = addMenu(caption);
     menu->setObjectName(name);
+    menu->setAccessibleName(caption);
     AddItems(*menu, items);
     return *menu;
 }

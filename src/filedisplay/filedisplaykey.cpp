@@ -1,5 +1,7 @@
 #include "filedisplay/filedisplaykey.h"
 
+#include "forms/Access.h"
+
 #include <array>
 
 #include <QGridLayout>
@@ -11,15 +13,18 @@ namespace {
 struct TLegendRow {
     const char *text;
     TColor color; ///< 0x00BBGGRR
+    const char *colorName;
 };
 
 constexpr std::array<TLegendRow, 6> legend{{
-    {QT_TRANSLATE_NOOP("TfrmKey", "Axis Count"), 0xFF0000},
-    {QT_TRANSLATE_NOOP("TfrmKey", "Axis Values"), 0x008000},
-    {QT_TRANSLATE_NOOP("TfrmKey", "Map Data"), 0x00FFFF},
-    {QT_TRANSLATE_NOOP("TfrmKey", "Possible Fuel Val"), 0x00FF00},
-    {QT_TRANSLATE_NOOP("TfrmKey", "Possible Timing Val"), 0xFF00FF},
-    {QT_TRANSLATE_NOOP("TfrmKey", "Searched Val"), 0x008080},
+    {QT_TRANSLATE_NOOP("TfrmKey", "Axis Count"), 0xFF0000, QT_TRANSLATE_NOOP("TfrmKey", "blue")},
+    {QT_TRANSLATE_NOOP("TfrmKey", "Axis Values"), 0x008000, QT_TRANSLATE_NOOP("TfrmKey", "green")},
+    {QT_TRANSLATE_NOOP("TfrmKey", "Map Data"), 0x00FFFF, QT_TRANSLATE_NOOP("TfrmKey", "yellow")},
+    {QT_TRANSLATE_NOOP("TfrmKey", "Possible Fuel Val"), 0x00FF00,
+     QT_TRANSLATE_NOOP("TfrmKey", "lime")},
+    {QT_TRANSLATE_NOOP("TfrmKey", "Possible Timing Val"), 0xFF00FF,
+     QT_TRANSLATE_NOOP("TfrmKey", "fuchsia")},
+    {QT_TRANSLATE_NOOP("TfrmKey", "Searched Val"), 0x008080, QT_TRANSLATE_NOOP("TfrmKey", "olive")},
 }};
 
 QString LocationText(const QString &text, std::int32_t location) {
@@ -27,7 +32,7 @@ QString LocationText(const QString &text, std::int32_t location) {
 }
 
 /// A box filled with one colour of the legend.
-QFrame *ColorBox(QWidget *parent, TColor color) {
+QFrame *ColorBox(QWidget *parent, TColor color, const QString &name) {
     auto *box = new QFrame(parent);
     QPalette colors;
     colors.setColor(QPalette::Window,
@@ -37,6 +42,7 @@ QFrame *ColorBox(QWidget *parent, TColor color) {
     box->setFrameShape(QFrame::Box);
     const int height = box->fontMetrics().height();
     box->setFixedSize(2 * height, height);
+    SetRole(*box, QAccessible::Graphic, name);
     return box;
 }
 } // namespace
@@ -67,7 +73,7 @@ QWidget *TfrmKey::MakeLegend() {
     grid->setContentsMargins(0, 0, 0, 0);
     for (const TLegendRow &row : legend) {
         const int place = grid->rowCount();
-        grid->addWidget(ColorBox(box, row.color), place, 0);
+        grid->addWidget(ColorBox(box, row.color, tr(row.colorName)), place, 0);
         grid->addWidget(new QLabel(tr(row.text), box), place, 1);
     }
     grid->setColumnStretch(1, 1);

@@ -73,6 +73,9 @@ TStringAlignGrid::TStringAlignGrid(QWidget *parent)
         Fire(OnShowHintCell, cell.column, cell.row, hint);
     };
     setLayoutDirection(Qt::LeftToRight); // tables of numbers run rightwards in every language
+    delegate_->placeOf = [this](TGridCell cell) { return CellPlace(cell); };
+    model_->nameOf = [this](TGridCell cell) { return CellName(cell); };
+    model_->meaningOf = [this](TGridCell cell) { return CellMeaning(cell); };
     setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked);
     setSelectionMode(ContiguousSelection);
     setTabKeyNavigation(false);

@@ -160,6 +160,16 @@ public:
     std::function<void(int column, int row)> OnFixedColClick;
     std::function<void(int column, int row)> OnFixedRowClick;
 
+    /// The Menu key or Shift+F10, with the middle of the current cell on the screen.
+    std::function<void(QPoint)> OnMenuKey;
+
+    // For screen readers, to whom a cell is "place: text".
+
+    /// Where a cell is, header cells too. `place` comes as the texts of the cell's headers.
+    std::function<void(int column, int row, QString &place)> OnCellPlace;
+    /// What a cell's colours mean; comes empty.
+    std::function<void(int column, int row, QString &meaning)> OnCellMeaning;
+
     using QTableView::edit; // opens the editor on an index, as a key would
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyboardSearch(const QString &) override {}
@@ -200,6 +210,10 @@ private:
     void AcceptAndGo(TNextCell order, TLastCell last);
     void AcceptAndStep(int columns, int rows);
     bool FinishEdit(bool accept);
+    QPoint MenuPlace();
+    QString CellPlace(TGridCell cell) const;
+    QString CellName(TGridCell cell) const;
+    QString CellMeaning(TGridCell cell) const;
     void HeaderMouse(const QWidget *header, const QMouseEvent &event);
 
     TAligridModel *model_;

@@ -98,14 +98,17 @@ void TAligridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
 
 QWidget *TAligridDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
                                         const QModelIndex &index) const {
+    const TGridCell cell = model_.CellOf(index);
     if (settings_.EditMultiline) {
         auto *editor = new QPlainTextEdit(parent);
         editor->setFrameShape(QFrame::NoFrame);
+        editor->setAccessibleName(placeOf(cell));
         return editor;
     }
     auto *editor = new QLineEdit(parent);
     editor->setFrame(false);
-    editor->setAlignment(model_.Alignment(model_.CellOf(index)));
+    editor->setAlignment(model_.Alignment(cell));
+    editor->setAccessibleName(placeOf(cell));
     return editor;
 }
 

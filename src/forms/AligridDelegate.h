@@ -22,6 +22,8 @@ public:
     std::function<void()> onEditorLeft;
     /// The tool tip of a cell; comes with the text if that does not fit, else empty.
     std::function<void(TGridCell, QString &)> onHint;
+    /// Where a cell is, for the name of its editor.
+    std::function<QString(TGridCell)> placeOf;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;

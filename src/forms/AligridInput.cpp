@@ -14,6 +14,11 @@ bool IsEnter(const QKeyEvent &key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
+bool OpensMenu(const QKeyEvent &key) {
+    return key.key() == Qt::Key_Menu ||
+           (key.key() == Qt::Key_F10 && key.modifiers() == Qt::ShiftModifier);
+}
+
 bool TypesText(const QKeyEvent &key) {
     const Qt::KeyboardModifiers command = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     return !key.text().isEmpty() && key.text().at(0).isPrint() && !(key.modifiers() & command);
@@ -63,7 +68,18 @@ QModelIndex TStringAlignGrid::moveCursor(CursorAction action, Qt::KeyboardModifi
 
 // ---- keys ------------------------------------------------------------------------------------
 
+QPoint TStringAlignGrid::MenuPlace() {
+    scrollTo(currentIndex());
+    const QRect cell = visualRect(currentIndex()).intersected(viewport()->rect());
+    return viewport()->mapToGlobal(cell.isEmpty() ? viewport()->rect().center() : cell.center());
+}
+
 void TStringAlignGrid::keyPressEvent(QKeyEvent *event) {
+    if (OnMenuKey && OpensMenu(*event)) {
+        event->accept();
+        Fire(OnMenuKey, MenuPlace());
+        return;
+    }
     if (Editable && currentIndex().isValid()) {
         const bool opens = event->key() == Qt::Key_F2 || IsEnter(*event);
         if (opens || TypesText(*event)) {

@@ -111,6 +111,10 @@ QVariant TAligridModel::data(const QModelIndex &index, int role) const {
         return CellColor(cell);
     case FontColorRole:
         return FontColor(cell);
+    case Qt::AccessibleTextRole:
+        return nameOf(cell);
+    case Qt::AccessibleDescriptionRole:
+        return meaningOf(cell);
     default:
         return {};
     }
@@ -136,6 +140,10 @@ QVariant TAligridModel::headerData(int section, Qt::Orientation orientation, int
         return CellColor(cell);
     case FontColorRole:
         return FontColor(cell);
+    case Qt::AccessibleTextRole:
+        return nameOf(cell);
+    case Qt::AccessibleDescriptionRole:
+        return meaningOf(cell);
     default:
         return {};
     }

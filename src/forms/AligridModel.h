@@ -5,6 +5,8 @@
 
 #include "forms/AligridCells.h"
 
+#include <functional>
+
 #include <QAbstractTableModel>
 
 class TAligridModel : public QAbstractTableModel {
@@ -21,6 +23,9 @@ public:
     TAligridCells cells;
     int fixedRows = 1; ///< 0 or 1; a change needs NotifyReset
     int fixedCols = 1; ///< 0 or 1; a change needs NotifyReset
+    /// What screen readers are told of a cell.
+    std::function<QString(TGridCell)> nameOf = [](TGridCell) { return QString(); };
+    std::function<QString(TGridCell)> meaningOf = [](TGridCell) { return QString(); };
 
     /// The cell's value with the grid-wide default behind it.
     TColor CellColor(TGridCell cell) const;

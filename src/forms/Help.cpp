@@ -131,6 +131,8 @@ TfrmHelp::TfrmHelp(const QString &fileName, QWidget *parent)
     setWindowTitle(tr("Help"));
     Memo1->setObjectName("Memo1");
     Memo1->setReadOnly(true);
+    Memo1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    Memo1->setAccessibleName(tr("Help"));
     Memo1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

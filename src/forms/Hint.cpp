@@ -37,9 +37,12 @@ THintHandler SetApplicationHint(THintHandler handler) {
     return std::exchange(HintFilter().handler, std::move(handler));
 }
 
+void SetPlainToolTip(QWidget &control, const QString &text) {
+    control.setToolTip(Qt::mightBeRichText(text) ? "<p>" + text.toHtmlEscaped() + "</p>" : text);
+}
+
 void SetHint(QWidget *control, const QString &hint) {
-    const QString text = ShortHint(hint);
-    control->setToolTip(Qt::mightBeRichText(text) ? "<p>" + text.toHtmlEscaped() + "</p>" : text);
+    SetPlainToolTip(*control, ShortHint(hint));
     control->setStatusTip(hint);
 }
 

@@ -15,6 +15,10 @@ using THintHandler = std::function<void(const QString &longHint)>;
 /// the toolkit. Needs the application object.
 THintHandler SetApplicationHint(THintHandler handler);
 
+/// Gives a control a tool tip that is shown letter by letter, markup too; an empty text takes it
+/// away.
+void SetPlainToolTip(QWidget &control, const QString &text);
+
 /// Gives a control its hint: tool tip (the short part, shown letter by letter) and status tip.
 void SetHint(QWidget *control, const QString &hint);
 

@@ -1,9 +1,11 @@
 #include "forms/KelvaneNotebook.h"
 
+#include "forms/Access.h"
 #include "forms/Guard.h"
 #include "forms/Hourglass.h"
 #include "forms/PageControl.h"
 #include "forms/TEmbedFm.h"
+#include "forms/TabOrder.h"
 
 #include <algorithm>
 #include <iterator>
@@ -46,6 +48,9 @@ TfrmKelvaneNotebook::~TfrmKelvaneNotebook() {
 void TfrmKelvaneNotebook::LayOut() {
     StatusBar1->setObjectName("StatusBar1");
     setStatusBar(StatusBar1);
+    StatusBar1->setAccessibleName(tr("Hint"));
+    connect(StatusBar1, &QStatusBar::messageChanged, StatusBar1,
+            &QStatusBar::setAccessibleDescription);
     SetHint(btnPrint, tr("Print Displayed Data"));
     SetHint(btnClose, tr("Close"));
     btnSave->setEnabled(false);
@@ -103,9 +108,12 @@ int TfrmKelvaneNotebook::AddPage(std::unique_ptr<TEmbeddedForm> page, const QStr
     auto *layout = new QVBoxLayout(tab);
     layout->setContentsMargins(0, 0, 0, 0);
     page->notebook_ = this;
+    SetRole(*page, QAccessible::PropertyPage, caption);
     layout->addWidget(page.get());
     pages_.push_back(page.release());
-    return PageControl1->addTab(tab, QString(caption).replace('&', "&&"));
+    const int index = PageControl1->addTab(tab, QString(caption).replace('&', "&&"));
+    MoveToTabEnd(*this, {btnPrint, btnSave, btnCancel, btnClose});
+    return index;
 }
 
 int TfrmKelvaneNotebook::AddExtraPage(std::unique_ptr<TEmbeddedForm> page, const QString &tabName,

@@ -1,4 +1,5 @@
-// A scroll area that is not to be seen: no frame, and the background of what lies behind it.
+// A scroll area that is not to be seen: no frame, no stop for Tab, and the background of what lies
+// behind it.
 #pragma once
 
 class QScrollArea;

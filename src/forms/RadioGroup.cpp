@@ -112,11 +112,13 @@ void TRadioGroup::AddItem(const QString &text) {
     };
     ConnectGuarded(button, &QRadioButton::clicked, this, chosen);
     // Accessibility tools toggle without a click.
-    connect(button, &QRadioButton::toggled, this, [button, chosen](bool checked) {
+    connect(button, &QRadioButton::toggled, this, [this, button, chosen](bool checked) {
+        OneTabStop();
         if (checked && !button->inClick)
             Guarded(chosen);
     });
     items_.push_back({text, button});
+    OneTabStop();
     Arrange();
     button->show();
 }
@@ -125,6 +127,15 @@ void TRadioGroup::Arrange() {
     const int rows = (ItemCount() + columns_ - 1) / columns_;
     for (int index = 0; index < ItemCount(); ++index)
         grid_->addWidget(items_[std::size_t(index)].button, index % rows, index / rows);
+}
+
+/// The chosen item, or the first one; the arrow keys go to the others. The toolkit sees to it only
+/// once the user has chosen.
+void TRadioGroup::OneTabStop() {
+    const int stop = qMax(ItemIndex(), 0);
+    for (int index = 0; index < ItemCount(); ++index)
+        items_[std::size_t(index)].button->setFocusPolicy(index == stop ? Qt::StrongFocus
+                                                                        : Qt::ClickFocus);
 }
 
 QString TRadioGroup::Item(int index) const {
@@ -143,4 +154,5 @@ void TRadioGroup::SetItemIndex(int index) {
         items_[std::size_t(i)].button->setChecked(i == index);
     }
     buttons_->setExclusive(true);
+    OneTabStop();
 }

@@ -48,6 +48,7 @@ private:
     };
 
     void Arrange();
+    void OneTabStop();
 
     int columns_;
     QGridLayout *grid_;

@@ -3,8 +3,14 @@
 #include "forms/Guard.h"
 #include "forms/Help.h"
 
+#include <utility>
+
+#include <QFocusEvent>
+#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QStyleOption>
 
 TEmbeddedForm::TEmbeddedForm(QWidget *parent)
     : QWidget(parent), btnHelp(new QPushButton(tr("Help"), this)) {
@@ -33,6 +39,48 @@ void TEmbeddedForm::Help() {
 
 QString TEmbeddedForm::HelpFileName() const {
     return "readme.txt";
+}
+
+void TEmbeddedForm::TakeFocus() {
+    QWidget *before = window()->focusWidget();
+    if (before && before != this && isAncestorOf(before))
+        focusBefore_ = before;
+    setFocus();
+}
+
+bool TEmbeddedForm::focusNextPrevChild(bool next) {
+    const QPointer<QWidget> before = hasFocus() ? std::exchange(focusBefore_, nullptr) : nullptr;
+    if (before && before->isVisible() && before->isEnabled()) {
+        before->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        if (!next)
+            return true;
+    }
+    if (!QWidget::focusNextPrevChild(next))
+        return false;
+    // A scroll area sees to that itself only when the focus moves inside it.
+    QWidget *focus = window()->focusWidget();
+    for (QScrollArea *scroll : findChildren<QScrollArea *>())
+        if (scroll->isAncestorOf(focus))
+            scroll->ensureWidgetVisible(focus);
+    return true;
+}
+
+void TEmbeddedForm::focusInEvent(QFocusEvent *event) {
+    QWidget::focusInEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    if (reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+        reason == Qt::BacktabFocusReason)
+        focusBefore_ = nullptr;
+}
+
+void TEmbeddedForm::paintEvent(QPaintEvent *) {
+    if (!hasFocus())
+        return;
+    QStyleOptionFocusRect frame;
+    frame.initFrom(this);
+    frame.rect = rect().adjusted(1, 1, -1, -1);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
 }
 
 void TEmbeddedForm::SetPageVisible(bool visible) {

@@ -3,6 +3,7 @@
 // and hide events. The host of the pages is in KelvaneNotebook.h.
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
 class QPushButton;
@@ -45,6 +46,10 @@ public:
     /// Shows or hides the page and runs FormShow or FormHide, on a change only.
     void SetPageVisible(bool visible);
 
+    /// Gives the page itself the keyboard focus. The next Tab goes on from the control of the page
+    /// that had it, Shift+Tab goes back to it.
+    void TakeFocus();
+
     /// The notebook that holds the page; nullptr before it is added and after it is removed.
     TfrmKelvaneNotebook *Notebook() const { return notebook_; }
 
@@ -53,9 +58,15 @@ protected:
     virtual void FormShow() {}
     virtual void FormHide() {}
 
+    bool focusNextPrevChild(bool next) override;
+    void focusInEvent(QFocusEvent *event) override;
+    /// Shows that the page itself has the focus.
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     friend class TfrmKelvaneNotebook;
 
     TfrmKelvaneNotebook *notebook_ = nullptr;
     bool pageVisible_ = false;
+    QPointer<QWidget> focusBefore_; ///< what TakeFocus took the focus from
 };

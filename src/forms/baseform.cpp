@@ -3,6 +3,7 @@
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
 #include "forms/Help.h"
+#include "forms/TabOrder.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -20,7 +21,6 @@ constexpr int gapAboveButtons = 6; // on top of the layout's own spacing
 QPushButton *NewButton(const QString &name, const QString &caption, QWidget *parent) {
     auto *button = new QPushButton(caption, parent);
     button->setObjectName(name);
-    button->setAutoDefault(false);
     return button;
 }
 
@@ -128,6 +128,7 @@ bool TfrmBaseForm::CloseQuery() {
 }
 
 void TfrmBaseForm::showEvent(QShowEvent *event) {
+    MoveToTabEnd(*this, {btnHelp, btnFilter, btnOK, btnCancel});
     QDialog::showEvent(event);
     if (!event->spontaneous())
         Guarded([this] { FormShow(); });

@@ -1,11 +1,13 @@
 #include "maps/AreaChart.h"
 
+#include "forms/Access.h"
 #include "maps/ChartPainter.h"
 #include "maps/ChartWalls.h"
 
 #include <algorithm>
 #include <array>
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QVariantMap>
@@ -20,6 +22,7 @@ constexpr std::array<TColor, 12> seriesColors{
 constexpr int pixelsPerDegree = 2;
 constexpr int wheelStep = 120; // eighths of a degree, one notch of a plain wheel
 constexpr int zoomStep = 5;    // percent
+constexpr int focusFrame = 3;  // pixels, half of them inside the widget
 
 /// The sum of two numbers, wrapped to 32 bits.
 int Wrapped(int a, int b) {
@@ -31,6 +34,7 @@ TAreaChart::TAreaChart(QWidget *parent, const QString &name) : QWidget(parent) {
     setObjectName(name);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setLayoutDirection(Qt::LeftToRight); // numbers rise to the right in every language
+    SetRole(*this, QAccessible::Chart);
 }
 
 void TAreaChart::SetTitles(const QString &title, const QString &leftAxisTitle) {
@@ -191,8 +195,28 @@ void TAreaChart::paintEvent(QPaintEvent *) {
             place.taken.emplace_back(widget->geometry());
     QPainter painter(this);
     PaintChart(painter, Contents(), place, palette());
-    painter.setPen(palette().color(QPalette::Mid));
+    painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Highlight), focusFrame)
+                              : QPen(palette().color(QPalette::Mid)));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void TAreaChart::keyPressEvent(QKeyEvent *event) {
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return TurnBy(1);
+    case Qt::Key_Right:
+        return TurnBy(-1);
+    case Qt::Key_Up:
+        return TiltBy(-1);
+    case Qt::Key_Down:
+        return TiltBy(1);
+    case Qt::Key_Plus:
+        return ZoomBy(zoomStep);
+    case Qt::Key_Minus:
+        return ZoomBy(-zoomStep);
+    default:
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void TAreaChart::mousePressEvent(QMouseEvent *event) {

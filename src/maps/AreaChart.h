@@ -69,6 +69,9 @@ public:
     /// Hides the chart whatever SetVisible says later.
     void HideForGood();
 
+    /// Whether Tab stops at the chart and the arrow keys turn and tilt it, "+" and "-" zoom.
+    void TakeKeys(bool take) { setFocusPolicy(take ? Qt::TabFocus : Qt::NoFocus); }
+
     /// Title above the drawing and title of the left axis.
     void SetTitles(const QString &title, const QString &leftAxisTitle);
     const QString &Title() const { return title_; }
@@ -100,6 +103,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

@@ -36,6 +36,8 @@ void TfrmFuelMaps::MakeRevLimiter() {
     btnSaverev->setObjectName("btnSaverev");
     auto *btnResetRev = new QPushButton(tr("Reset"), this);
     btnResetRev->setObjectName("btnResetRev");
+    for (QPushButton *button : {btnSaverev, btnResetRev})
+        button->setAccessibleDescription(tr("Of the rev limiter and of the part throttle map"));
     int place = 0;
     for (QWidget *control :
          std::initializer_list<QWidget *>{revLabel_, spnRevLimiter_, btnSaverev, btnResetRev})
@@ -57,6 +59,7 @@ void TfrmFuelMaps::ShowPage() {
 void TfrmFuelMaps::ShowRevLimiter() {
     spnRevLimiter_->setValue(Round(FuelMapSet->revLimiter.GetValue()));
     SetRevColor(clWindowText);
+    spnRevLimiter_->setAccessibleDescription({});
     RevChanged = false;
 }
 
@@ -95,6 +98,7 @@ bool TfrmFuelMaps::QueryClose() {
 
 void TfrmFuelMaps::spnRevLimiterChange() {
     SetRevColor(clBlue);
+    spnRevLimiter_->setAccessibleDescription(tr("edited, waiting for Commit"));
     RevChanged = true;
 }
 
@@ -103,6 +107,7 @@ void TfrmFuelMaps::btnSavePTClick() {
     // The text stays blue and DataChanged stays as it is; both are intended.
     if (FuelMapSet->HasRevLimiter())
         TakeRevLimiter();
+    spnRevLimiter_->setAccessibleDescription({});
     RevChanged = false;
 }
 

@@ -1,9 +1,12 @@
 #include "maps/MapPanel.h"
 
+#include "forms/Access.h"
 #include "forms/Hint.h"
+#include "maps/MapCellNames.h"
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -54,6 +57,16 @@ TMapPanel::TMapPanel(QWidget *parent, const TMapPanelTraits &rowTraits)
     row->addWidget(chart, 1);
 }
 
+void TMapPanel::SetTitle(const QString &text) {
+    title->setText(text);
+    QString spoken = text;
+    spoken.replace("/\\", tr("Lambda")); // what the two strokes draw
+    for (QWidget *control : std::initializer_list<QWidget *>{panel, grid, chart})
+        control->setAccessibleName(spoken);
+    commit->setAccessibleDescription(tr("Writes the edits of \"%1\" into the image").arg(spoken));
+    reset->setAccessibleDescription(tr("Drops the edits of \"%1\"").arg(spoken));
+}
+
 void TMapPanel::HideForGood() {
     panel->hide();
     chart->HideForGood();
@@ -72,10 +85,12 @@ void TMapPanel::resizeEvent(QResizeEvent *event) {
 
 void TMapPanel::MakePanel() {
     panel->setObjectName(traits.panel);
+    SetRole(*panel, QAccessible::Grouping);
     title->setObjectName(traits.title);
     grid->setObjectName(traits.grid);
     grid->Alignment = TAlign::Right;
     grid->Editable = true;
+    NameMapCells(*grid);
     auto *offsetLabel = new QLabel(tr("offset"), panel);
     offsetLabel->setBuddy(offset);
     SetHint(offset, tr("Double-click to enter new offset to map"));
@@ -100,6 +115,7 @@ void TMapPanel::MakeChart() {
     const bool partThrottle = traits.kind == TMapKind::PT;
     chart->StartWithSeries(partThrottle ? 12 : 1);
     chart->SetBottomInverted(partThrottle);
+    chart->TakeKeys(true);
     auto *buttons = new QVBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(commit);
@@ -114,6 +130,9 @@ void TMapPanel::MakeMenu() {
     copyAction->setObjectName(traits.copy);
     pasteAction->setObjectName(traits.paste);
     unlockAction->setObjectName(traits.unlock);
+    menu->setAccessibleName(tr("Map"));
+    grid->setAccessibleDescription(tr("The Menu key or Shift+F10 copies, pastes and unlocks"));
+    grid->OnMenuKey = [this](QPoint at) { menu->popup(at); };
     grid->setContextMenuPolicy(Qt::CustomContextMenu);
     QObject::connect(grid, &QWidget::customContextMenuRequested, menu,
                      [this](const QPoint &at) { menu->popup(grid->viewport()->mapToGlobal(at)); });

@@ -57,6 +57,9 @@ public:
     QAction *unlockAction;
     TMapGrid gridView; ///< the grid as the model sees it
 
+    /// Shows the map's title above the grid and names the controls after it for screen readers.
+    void SetTitle(const QString &text);
+
     /// Hides panel and chart whatever the fit rule says later, and leaves their room to the others.
     void HideForGood();
 

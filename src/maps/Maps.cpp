@@ -4,6 +4,7 @@
 #include "forms/Guard.h"
 #include "forms/KelvaneNotebook.h"
 #include "forms/PlainScroll.h"
+#include "forms/TabOrder.h"
 #include "maps/ChartData.h"
 #include "maps/PasteBuffer.h"
 #include "maps/ToolWindow.h"
@@ -43,8 +44,11 @@ TfrmMaps::~TfrmMaps() {
 }
 
 void TfrmMaps::Prepare() {
-    if (!chkInterpret_)
-        MakeControls();
+    if (chkInterpret_)
+        return;
+    MakeControls();
+    // Behind those that a derived page has put in front of them.
+    MoveToTabEnd(*window(), {chkInterpret_, btnRecalculate_, btnClose_});
 }
 
 void TfrmMaps::ShowOnly(TMapKind kind) {
@@ -75,18 +79,18 @@ void TfrmMaps::MakeControls() {
         HideOthers(*only_);
     QScrollArea *scroll = MakePlainScroll(content, this);
 
-    auto *btnRecalculate = new QPushButton(tr("Recalculate"), this);
-    btnRecalculate->setObjectName("btnRecalculate");
-    auto *btnClose = new QPushButton(tr("Close Page"), this);
-    btnClose->setObjectName("btnClose");
+    btnRecalculate_ = new QPushButton(tr("Recalculate"), this);
+    btnRecalculate_->setObjectName("btnRecalculate");
+    btnClose_ = new QPushButton(tr("Close Page"), this);
+    btnClose_->setObjectName("btnClose");
     chkInterpret_->setObjectName("chkInterpret");
     for (QWidget *control :
-         std::initializer_list<QWidget *>{chkInterpret_, btnRecalculate, btnClose})
+         std::initializer_list<QWidget *>{chkInterpret_, btnRecalculate_, btnClose_})
         bottomLine_->End().addWidget(control);
     // Accessibility tools toggle without a click.
     ConnectGuarded(chkInterpret_, &QCheckBox::toggled, this, [this] { chkInterpretClick(); });
-    ConnectGuarded(btnRecalculate, &QPushButton::clicked, this, [this] { btnRecalculateClick(); });
-    ConnectGuarded(btnClose, &QPushButton::clicked, this, [this] { btnCloseClick(); });
+    ConnectGuarded(btnRecalculate_, &QPushButton::clicked, this, [this] { btnRecalculateClick(); });
+    ConnectGuarded(btnClose_, &QPushButton::clicked, this, [this] { btnCloseClick(); });
 
     auto *page = new QVBoxLayout(this);
     page->addWidget(scroll, 1);
@@ -193,9 +197,8 @@ void TfrmMaps::ShowTitles(TMapKind kind) {
     TMapPanel &row = Panel(kind);
     const QString caption = windowTitle();
     const QString title = TMapPanel::tr(row.traits.heading).arg(caption);
-    row.title->setText(title);
-    row.grid->setAccessibleName(title);
     row.chart->SetTitles(title, caption);
+    row.SetTitle(title);
 }
 
 void TfrmMaps::RedrawMapChart(TMapKind kind) {
@@ -216,7 +219,7 @@ void TfrmMaps::Commit(TMapKind kind) {
         }
     }
     FillMap(kind);
-    setFocus();
+    TakeFocus();
 }
 
 void TfrmMaps::Reset(TMapKind kind) {
@@ -224,7 +227,7 @@ void TfrmMaps::Reset(TMapKind kind) {
     FillMap(kind);
     RedrawMapChart(kind);
     Changed(kind) = false;
-    setFocus();
+    TakeFocus();
 }
 
 void TfrmMaps::BeforeEdit(TMapKind kind, int column, int row) {

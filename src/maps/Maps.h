@@ -131,5 +131,7 @@ private:
     std::array<TMapPanel *, 3> panels_{};
     std::optional<TMapKind> only_; ///< the one map that is shown, when the page shows but one
     QCheckBox *chkInterpret_ = nullptr;
+    QPushButton *btnRecalculate_ = nullptr;
+    QPushButton *btnClose_ = nullptr;
     TFoldingLine *bottomLine_ = nullptr;
 };

@@ -10,7 +10,8 @@ constexpr int zoomStep = 5; // percent
 
 TfrmMapsGraphical::TfrmMapsGraphical(QWidget *parent, TWorkspace &sharedWorkspace, TMapSet &mapSet)
     : TfrmMaps(parent, sharedWorkspace, mapSet) {
-    setFocusPolicy(Qt::ClickFocus); // so that a click into the page makes the keys work
+    setFocusPolicy(Qt::StrongFocus); // a click into the page makes the keys work, and so does Tab
+    setAccessibleDescription(tr("The arrow keys turn and tilt the chart"));
 }
 
 void TfrmMapsGraphical::MakeControls() {
@@ -28,6 +29,7 @@ void TfrmMapsGraphical::ShowChartOnly() {
     ShowOnly(TMapKind::PT);
     Panel(TMapKind::PT).panel->hide();
     Panel(TMapKind::PT).parentWidget()->layout()->setContentsMargins(0, 0, 0, 0);
+    Panel(TMapKind::PT).chart->TakeKeys(false); // the page does
     Panel(TMapKind::PT).commit->hide();
     Panel(TMapKind::PT).reset->hide();
     InterpretBox().hide();
@@ -41,27 +43,27 @@ void TfrmMapsGraphical::FormShow() {
 
 void TfrmMapsGraphical::btnUpClick() {
     Chart().TiltBy(-1);
-    setFocus();
+    TakeFocus();
 }
 
 void TfrmMapsGraphical::btnDownClick() {
     Chart().TiltBy(1);
-    setFocus();
+    TakeFocus();
 }
 
 void TfrmMapsGraphical::btnLeftClick() {
     Chart().TurnBy(1);
-    setFocus();
+    TakeFocus();
 }
 
 void TfrmMapsGraphical::btnRightClick() {
     Chart().TurnBy(-1);
-    setFocus();
+    TakeFocus();
 }
 
 void TfrmMapsGraphical::udZoomClick(int direction) {
     Chart().ZoomBy(direction * zoomStep);
-    setFocus();
+    TakeFocus();
 }
 
 bool TfrmMapsGraphical::FormKeyDown(int key) {

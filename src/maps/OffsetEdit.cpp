@@ -1,10 +1,12 @@
 #include "maps/OffsetEdit.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 
 TOffsetEdit::TOffsetEdit(QWidget *parent, const QString &name) : TExitEdit(parent) {
     setObjectName(name);
     setAccessibleName(tr("offset"));
+    setAccessibleDescription(tr("A double-click or F2 makes it writable"));
     SetWritable(false);
 }
 
@@ -26,6 +28,13 @@ void TOffsetEdit::changeEvent(QEvent *event) {
     TExitEdit::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         TakeThemeColors();
+}
+
+void TOffsetEdit::keyPressEvent(QKeyEvent *event) {
+    if (event->key() == Qt::Key_F2)
+        emit DoubleClicked();
+    else
+        TExitEdit::keyPressEvent(event);
 }
 
 void TOffsetEdit::mouseDoubleClickEvent(QMouseEvent *event) {

@@ -1,4 +1,5 @@
-// The box that shows where a map begins: read-only until it is double-clicked.
+// The box that shows where a map begins: read-only until it is double-clicked, or F2 is pressed in
+// it.
 #pragma once
 
 #include "maps/ExitEdit.h"
@@ -12,9 +13,10 @@ public:
     void SetWritable(bool writable);
 
 signals:
-    void DoubleClicked();
+    void DoubleClicked(); ///< or F2
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void changeEvent(QEvent *event) override;
 

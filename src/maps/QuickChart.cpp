@@ -19,6 +19,7 @@ constexpr QSize usualSize(560, 400);
 TfrmQuickChart::TfrmQuickChart(QWidget *owner)
     : TfrmBaseForm(owner),
       chart_(new TAreaChart(pnlMain, "chtMap")),
+      view_(new TViewButtons(pnlMain)),
       edtOffset_(new TOffsetEdit(pnlMain, "edtOffset")) {
     setObjectName("frmQuickChart");
     setWindowTitle(tr("Quick Map"));
@@ -38,14 +39,15 @@ void TfrmQuickChart::MakeControls() {
     QSizePolicy size = chart_->sizePolicy();
     size.setRetainSizeWhenHidden(true);
     chart_->setSizePolicy(size);
+    edtOffset_->setAccessibleName({});        // its label tells it
+    edtOffset_->setAccessibleDescription({}); // never writable here
     edtOffset_->setFixedWidth(edtOffset_->fontMetrics().horizontalAdvance("$FFFFFFFF") + 24);
     auto *label = new QLabel(tr("Offset"), pnlMain);
     label->setBuddy(edtOffset_);
-    auto *view = new TViewButtons(pnlMain);
-    view->ConnectTo(*this);
+    view_->ConnectTo(*this);
 
     auto *row = new QHBoxLayout;
-    row->addWidget(view);
+    row->addWidget(view_);
     row->addStretch(1);
     row->addWidget(label);
     row->addWidget(edtOffset_);
@@ -83,6 +85,7 @@ void TfrmQuickChart::FormShow() {
     ReadMap();
     const QString offset = QString::fromStdString(FormatOffset(map_.GetLocation()));
     setWindowTitle(tr("Map Offset: %1").arg(offset));
+    chart_->setAccessibleName(windowTitle());
     map_.SizeChart(*chart_);
     FillQuickChart(map_, *chart_);
     edtOffset_->setText(offset);

@@ -11,6 +11,8 @@
 
 #include <QLineEdit>
 
+class TViewButtons;
+
 class TfrmQuickChart : public TfrmBaseForm {
     Q_OBJECT
 public:
@@ -45,5 +47,6 @@ private:
 
     TFuelMap map_{2};
     TAreaChart *chart_;
+    TViewButtons *view_;
     QLineEdit *edtOffset_;
 };

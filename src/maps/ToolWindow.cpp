@@ -8,10 +8,13 @@
 
 #include <algorithm>
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace {
@@ -25,12 +28,12 @@ TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
     : QDockWidget(tr("Tools"), page.window()),
       page_(page),
       rdoOperation_(MakeGroup("rdoOperation", tr("&Operation"), {tr("Add"), tr("Subtract")})),
-      rdoRange_(MakeGroup("rdoRange", tr("&Range"), {tr("All"), tr("Row"), tr("Column")})),
+      edtVal_(new TExitEdit(this)),
       rdoScale_(MakeGroup("rdoScale", tr("&Scale"), {tr("Units"), tr("Percent")})),
+      lblfromto_(new QLabel(tr("from"), this)),
+      rdoRange_(MakeGroup("rdoRange", tr("&Range"), {tr("All"), tr("Row"), tr("Column")})),
       rdoDataset_(MakeGroup("rdoDataset", tr("&Data Set"),
                             {tr("Part Throttle"), tr("Idle"), tr("Full Throttle")})),
-      edtVal_(new TExitEdit(this)),
-      lblfromto_(new QLabel(tr("from"), this)),
       btnExec_(new QPushButton(tr("&Go"), this)) {
     setObjectName("frmToolWindow");
     QWidget *contents = MakeContents();
@@ -40,9 +43,31 @@ TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
     if (auto *host = qobject_cast<QMainWindow *>(page.window()))
         host->addDockWidget(Qt::RightDockWidgetArea, this);
     setFloating(true);
+    MakeReachable();
     FitTo(*contents);
     MoveBeside(*page.window());
     hide();
+}
+
+void TfrmToolWindow::MakeReachable() {
+    auto *other = new QShortcut(Qt::Key_F6, this);
+    other->setContext(Qt::ApplicationShortcut); // works while this window is visible
+    ConnectGuarded(other, &QShortcut::activated, this, [this] { GoToOtherWindow(); });
+    // Docking without a mouse.
+    for (const char *name : {"qt_dockwidget_floatbutton", "qt_dockwidget_closebutton"})
+        if (auto *button = findChild<QAbstractButton *>(name))
+            button->setFocusPolicy(Qt::TabFocus);
+    edtVal_->setFocus(); // when the window comes up
+}
+
+void TfrmToolWindow::GoToOtherWindow() {
+    const QWidget *focus = QApplication::focusWidget();
+    const bool here = focus && isAncestorOf(focus);
+    QWidget *last = here ? page_.focusWidget() : focusWidget();
+    QWidget *usual = here ? static_cast<QWidget *>(&page_) : edtVal_;
+    QWidget *next = last && last->isVisible() ? last : usual;
+    next->window()->activateWindow();
+    next->setFocus(Qt::ShortcutFocusReason);
 }
 
 /// As large as its contents, which scroll on a screen too small for them.

@@ -48,16 +48,20 @@ private:
     /// To the right of `window`, as far as the screen has room there.
     void MoveBeside(const QWidget &window);
     void ConnectControls();
+    void MakeReachable();
+    /// F6: to this window, or from it back to the page, to the control that had the focus there.
+    void GoToOtherWindow();
     /// Idle and full throttle have one row, which leaves "Row" alone to choose.
     void ApplyRange(int requested);
     TCellRange CellRange() const;
 
     TfrmMaps &page_;
+    // Made, and visited by Tab, from top to bottom.
     TRadioGroup *rdoOperation_;
-    TRadioGroup *rdoRange_;
-    TRadioGroup *rdoScale_;
-    TRadioGroup *rdoDataset_;
     TExitEdit *edtVal_;
+    TRadioGroup *rdoScale_;
     QLabel *lblfromto_;
+    TRadioGroup *rdoRange_;
+    TRadioGroup *rdoDataset_;
     QPushButton *btnExec_;
 };

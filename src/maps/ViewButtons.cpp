@@ -1,5 +1,6 @@
 #include "maps/ViewButtons.h"
 
+#include "forms/Access.h"
 #include "forms/Hint.h"
 
 #include <QHBoxLayout>
@@ -12,16 +13,17 @@ constexpr int gapBeforeZoom = 10; // on top of the layout's own spacing
 
 TViewButtons::TViewButtons(QWidget *parent)
     : QWidget(parent),
+      btnLeft(NewButton(this, "btnLeft", Qt::LeftArrow, tr("Turn left"))),
       btnUp(NewButton(this, "btnUp", Qt::UpArrow, tr("Tilt up"))),
       btnDown(NewButton(this, "btnDown", Qt::DownArrow, tr("Tilt down"))),
-      btnLeft(NewButton(this, "btnLeft", Qt::LeftArrow, tr("Turn left"))),
       btnRight(NewButton(this, "btnRight", Qt::RightArrow, tr("Turn right"))),
       udZoom(new QWidget(this)),
       udZoomUp(NewButton(udZoom, "udZoomUp", Qt::UpArrow, tr("Zoom in"))),
       udZoomDown(NewButton(udZoom, "udZoomDown", Qt::DownArrow, tr("Zoom out"))) {
     setLayoutDirection(Qt::LeftToRight); // the left arrow stays at the left
     udZoom->setObjectName("udZoom");
-    udZoom->setAccessibleName(tr("Zoom"));
+    SetRole(*udZoom, QAccessible::Grouping, tr("Zoom"));
+    SetRole(*this, QAccessible::Grouping, tr("View"));
     LayOut();
 }
 

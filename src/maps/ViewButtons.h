@@ -13,9 +13,9 @@ public:
     explicit TViewButtons(QWidget *parent);
 
     // Each repeats while it is held.
+    QToolButton *const btnLeft;
     QToolButton *const btnUp;
     QToolButton *const btnDown;
-    QToolButton *const btnLeft;
     QToolButton *const btnRight;
     QWidget *const udZoom; ///< holds the pair, one above the other
     QToolButton *const udZoomUp;

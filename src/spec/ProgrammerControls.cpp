@@ -48,6 +48,7 @@ TProgrammerControls::TProgrammerControls(QWidget *parent)
     cmbDevice_->addItems(devices);
     cmbDevice_->setCurrentIndex(-1);
     cmbDevice_->setEditText(tr("Select EPROM type"));
+    cmbDevice_->setAccessibleName(tr("EPROM type"));
     auto *column = new QVBoxLayout(this);
     for (QWidget *control :
          std::initializer_list<QWidget *>{chkUsePP2_, btnRead_, btnWrite_, cmbDevice_}) {

@@ -52,12 +52,6 @@ QString ROMFilter() {
     return TfrmROMInformation::tr("Binary Data (*.BIN)|*.BIN");
 }
 
-/// A file name that is too long for its panel is cut in the middle and whole in the tool tip.
-void ShowInPanel(QLabel &panel, const QString &name) {
-    panel.setText(panel.fontMetrics().elidedText(name, Qt::ElideMiddle, panel.width()));
-    panel.setToolTip(panel.text() == name ? QString() : name);
-}
-
 /// Refuses to replace; a failure does not matter. The copy is the user's own new file: it does not
 /// take over a write protection of the loaded one, which would keep the save that follows from it.
 void CopyToNewFile(const fs::path &from, const fs::path &to) {
@@ -135,7 +129,7 @@ void TfrmROMInformation::SetCaption(bool withFile) {
 }
 
 void TfrmROMInformation::ShowStatus() {
-    ShowInPanel(*statusPanels_[0], FromPath(romFileName_));
+    statusPanels_[0]->ShowText(FromPath(romFileName_));
     QLabel &size = *statusPanels_[1];
     size.setText(tr("%L1 bytes").arg(ROMImage()->size));
     size.setFixedWidth(std::max(size.width(), size.sizeHint().width())); // in large fonts too

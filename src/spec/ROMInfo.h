@@ -3,6 +3,7 @@
 #pragma once
 
 #include "forms/Dialogs.h"
+#include "forms/ElidedLabel.h"
 #include "forms/RadioGroup.h"
 #include "forms/TEmbedFm.h"
 #include "model/Workspace.h"
@@ -106,7 +107,7 @@ private:
     TProgrammerControls *programmer_;
     TRadioGroup *rdoROMtemplate_;
     std::array<QLabel *, 4> aboutLabels_;
-    std::array<QLabel *, 3> statusPanels_;
+    std::array<TElidedLabel *, 3> statusPanels_;
     TSaveDialog *dlgSave_;
     QTimer *tmrThanks_;
 };

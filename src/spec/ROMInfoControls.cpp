@@ -2,6 +2,7 @@
 #include "forms/Guard.h"
 #include "forms/Hint.h"
 #include "forms/PlainScroll.h"
+#include "forms/TabOrder.h"
 #include "spec/ProgrammerControls.h"
 #include "spec/ROMInfo.h"
 
@@ -69,6 +70,8 @@ QGroupBox *TfrmROMInformation::MakeROMGroup() {
     auto *dataOffset = new QLabel(tr("data offset"), group);
     dataOffset->setObjectName("Label5");
     dataOffset->setBuddy(btnOffsetEntry_);
+    btnOffsetEntry_->setAccessibleName(btnOffsetEntry_->text());
+    SetTabSequence({btnLoad_, btnSave_, btnSaveSpec_, btnOffsetEntry_});
     SetHint(btnLoad_, tr("Load a new ROM Image into the program"));
     SetHint(btnSaveSpec_, tr("Save a new spec file using offsets listed on map pages"));
     SetHint(btnSave_, tr("Save the ROM Image to a binary file"));
@@ -106,15 +109,19 @@ QWidget *TfrmROMInformation::MakeAbout() {
 
 QStatusBar *TfrmROMInformation::MakeStatusBar() {
     constexpr std::array<int, 3> widths{500, 80, 50};
+    constexpr std::array<const char *, 3> meanings{QT_TR_NOOP("Name of the ROM file"),
+                                                   QT_TR_NOOP("Size of the image"), nullptr};
     auto *bar = new QStatusBar(this);
     bar->setObjectName("StatusBar1");
+    bar->setAccessibleName(tr("ROM file"));
     bar->setSizeGripEnabled(false);
     for (std::size_t i = 0; i < statusPanels_.size(); ++i) {
-        statusPanels_[i] = new QLabel(bar);
+        statusPanels_[i] = new TElidedLabel(bar);
         statusPanels_[i]->setFixedWidth(widths[i]);
-        statusPanels_[i]->setTextFormat(Qt::PlainText);
+        statusPanels_[i]->setAccessibleDescription(tr(meanings[i]));
         bar->addWidget(statusPanels_[i]);
     }
+    statusPanels_[0]->setLayoutDirection(Qt::LeftToRight); // a path begins at its root everywhere
     return bar;
 }
 

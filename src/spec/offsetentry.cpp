@@ -33,6 +33,7 @@ int OffsetIn(const QLineEdit &edit) {
 QLineEdit *AddField(QGridLayout &grid, const TField &field) {
     auto *edit = new QLineEdit;
     edit->setObjectName(field.name);
+    edit->setAccessibleDescription(TfrmOffsetEntry::tr("Decimal, or hexadecimal behind a $"));
     edit->setLayoutDirection(Qt::LeftToRight); // "$" stands before its number everywhere
     edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("$FFFFF") + editMargins);
     auto *label = new QLabel(TfrmOffsetEntry::tr(field.label));

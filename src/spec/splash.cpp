@@ -27,6 +27,7 @@ QFrame *NewPanel(QWidget *window) {
 QLabel *NewLogo(QWidget *panel) {
     auto *logo = new QLabel(panel);
     logo->setObjectName("imgLogo");
+    logo->setAccessibleName("Ferrolyn");
     logo->setScaledContents(true);
     logo->setAlignment(Qt::AlignCenter);
     return logo;
@@ -54,7 +55,8 @@ QLabel *NewStatus(QWidget *panel) {
 TfrmSplash::TfrmSplash()
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint) {
     setObjectName("frmSplash");
-    setAttribute(Qt::WA_QuitOnClose, false); // neither keeps the program alive nor ends it
+    setAttribute(Qt::WA_ShowWithoutActivating); // keys go to the main window
+    setAttribute(Qt::WA_QuitOnClose, false);    // neither keeps the program alive nor ends it
     setFixedSize(clientSize);
     QFrame *panel = NewPanel(this);
     QLabel *logo = NewLogo(panel);

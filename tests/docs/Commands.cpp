@@ -157,9 +157,12 @@ std::vector<std::string> CommandFindings(const std::string &line, const TTree &t
 }
 
 std::vector<std::string> InlineFindings(const std::string &code, const TTree &tree) {
-    if ((IsPath(code) || IsFileName(code)) && !IsScript(code))
-        return HasPlaceholder(code) || tree.HasFile(code) ? TFindings()
-                                                          : TFindings{"there is no " + code};
+    if ((IsPath(code) || IsFileName(code)) && !IsScript(code)) {
+        // A plain name may be that of a file that the tour or a test writes.
+        const bool known = HasPlaceholder(code) || tree.HasFile(code) || tree.Installs(code) ||
+                           (!IsPath(code) && tree.StandsAnywhere(code));
+        return known ? TFindings() : TFindings{"there is no " + code};
+    }
     std::smatch name;
     if (std::regex_match(code, name, std::regex(R"(([TEI](?:frm)?[A-Z][a-z]\w+)(?:::(\w+))?)"))) {
         const bool known =

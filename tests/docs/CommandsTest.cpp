@@ -62,7 +62,8 @@ INSTANTIATE_TEST_SUITE_P(All, GoodName,
                                          "tests/faults", "Axes.h", "tests/model/*Properties*",
                                          "FERRO32K.BIN", "*.SPC", "TMap::Save", "NAME.txt",
                                          "fuzz/corpus/NAME", "build/tour/", "./run", "$7F",
-                                         "model/", "std::unique_ptr", "CHANGELOG.md", ".ci/run",
+                                         "model/", "std::unique_ptr", "CHANGELOG.md", "EDITED.BIN",
+                                         "share/ferrolyn/samples/", "usr/lib/ferrolyn/", ".ci/run",
                                          ".clang-tidy"));
 
 TEST_P(BadName, IsFound) {
@@ -71,7 +72,8 @@ TEST_P(BadName, IsFound) {
 INSTANTIATE_TEST_SUITE_P(All, BadName,
                          testing::Values("src/modell/", "spec/IniFiles", "forms/Dialog.h",
                                          "Axles.h", "tests/model/*Propertys*", "FERRO16K.BIN",
-                                         "TMap::Safe", "TMapp", "./runs", "tools/none.sh"));
+                                         "TMap::Safe", "TMapp", "./runs", "share/ferrolyn/sample/",
+                                         "usr/lib/ferolyn/", "tools/none.sh"));
 
 TEST(Markdown, KeepsLinksAnchorsAndCodeApart) {
     const TMarkdown markdown =

@@ -1,5 +1,6 @@
 #include "docs/Tree.h"
 
+#include <algorithm>
 #include <fstream>
 #include <regex>
 #include <sstream>
@@ -50,6 +51,7 @@ std::string TextOf(const fs::path &file) {
 }
 
 TTree::TTree(fs::path top) : top_(std::move(top)) {
+    ReadInstalled();
     for (auto i = fs::recursive_directory_iterator(top_); i != fs::recursive_directory_iterator();
          ++i) {
         const std::string name = i->path().lexically_relative(top_).string();
@@ -64,6 +66,12 @@ TTree::TTree(fs::path top) : top_(std::move(top)) {
         if (i->path().filename() == "CMakeLists.txt")
             ReadTargets(TextOf(i->path()));
     }
+}
+
+void TTree::ReadInstalled() {
+    std::istringstream lines(TextOf(top_ / "packaging/files.txt"));
+    for (std::string line; std::getline(lines, line);)
+        installed_.push_back(line);
 }
 
 void TTree::ReadTargets(const std::string &cmakeFile) {
@@ -90,6 +98,12 @@ bool TTree::HasFile(const std::string &name) const {
             return true;
     }
     return false;
+}
+
+bool TTree::Installs(const std::string &path) const {
+    const std::string below = path.starts_with("usr/") ? path.substr(4) : path;
+    return std::any_of(installed_.begin(), installed_.end(),
+                       [&](const std::string &file) { return file.starts_with(below); });
 }
 
 bool TTree::HasPreset(const std::string &kind, const std::string &name) const {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <set>
 #include <string>
+#include <vector>
 
 class TTree {
 public:
@@ -15,6 +16,8 @@ public:
     /// and .cpp may be missing, and "*" stands for any characters in the last part. A name without
     /// a folder may lie anywhere.
     bool HasFile(const std::string &name) const;
+    /// True when something of that path is installed, below the prefix or with it as "usr/".
+    bool Installs(const std::string &path) const;
     bool HasPreset(const std::string &kind, const std::string &name) const;
     bool HasTarget(const std::string &name) const { return targets_.contains(name); }
     /// True when the word, taken whole, stands in the file.
@@ -23,12 +26,14 @@ public:
     bool StandsAnywhere(const std::string &word) const;
 
 private:
+    void ReadInstalled();
     void ReadTargets(const std::string &cmakeFile);
 
     std::filesystem::path top_;
     std::set<std::string> files_; ///< and folders, relative to the top, without build/ and .git/
     std::set<std::string> targets_;
-    std::string sources_; ///< the text of them all
+    std::vector<std::string> installed_; ///< packaging/files.txt
+    std::string sources_;                ///< the text of them all
 };
 
 std::string TextOf(const std::filesystem::path &file);

@@ -1,5 +1,7 @@
 #include "VisibleTexts.h"
 
+#include "forms/ElidedLabel.h"
+
 #include <algorithm>
 
 #include <QAbstractButton>
@@ -80,7 +82,8 @@ private:
     }
 
     void AddLabel(const QLabel &label) {
-        Add(label, label.text(), label.contentsRect());
+        const auto *elided = qobject_cast<const TElidedLabel *>(&label);
+        Add(label, elided ? elided->ShownText() : label.text(), label.contentsRect());
         if (!texts_.empty() && texts_.back().control == &label) {
             if (label.wordWrap() || label.text().contains('\n'))
                 texts_.back().neededWidth = 0;

@@ -3,50 +3,61 @@
 #include <cstdlib>
 #include <iostream>
 
+#include <QAction>
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 
 namespace {
-constexpr int waitLimit = 10000; // milliseconds
-constexpr int tourLimit = 60000; // milliseconds
+constexpr int waitLimit = 10000;  // milliseconds
+constexpr int tourLimit = 180000; // milliseconds
 
-void ConfirmFileDialog(const QString &fileName) {
-    auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-    if (!dialog) {
-        QTimer::singleShot(20, qApp, [fileName] { ConfirmFileDialog(fileName); });
-        return;
-    }
-    dialog->findChild<QLineEdit *>("fileNameEdit")->setText(fileName);
-    const QDialogButtonBox::StandardButton confirm = dialog->acceptMode() == QFileDialog::AcceptOpen
-                                                         ? QDialogButtonBox::Open
-                                                         : QDialogButtonBox::Save;
-    QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(confirm), Qt::LeftButton);
+/// For failures inside the event loop, which no exception may leave.
+[[noreturn]] void EndTour(const QString &reason) {
+    std::cerr << "tour failed: " << reason.toStdString() << std::endl;
+    std::_Exit(1);
 }
 
-/// A dialog that nobody answers would wait for ever.
-void LimitTime() {
-    QTimer::singleShot(tourLimit, qApp, [] {
-        std::cerr << "tour failed: not done after " << tourLimit / 1000 << " seconds" << std::endl;
-        std::_Exit(1);
-    });
+/// The edit of a dialog that asks for a text; ends the tour when it is another dialog.
+QLineEdit &EditOf(const QDialog &dialog, const QString &name = {}) {
+    if (auto *edit = dialog.findChild<QLineEdit *>(name))
+        return *edit;
+    QStringList texts;
+    for (const QLabel *label : dialog.findChildren<QLabel *>())
+        texts << label->text();
+    EndTour("a dialog that does not ask for a text: " + texts.join(", "));
+}
+
+QAction *ItemOf(const QMenu &menu, const QString &text) {
+    for (QAction *action : menu.actions())
+        if (action->text().remove('&') == text)
+            return action;
+    throw ETourFailed(("no menu item " + text).toStdString());
+}
+
+QMenu *OpenedMenu() {
+    return qobject_cast<QMenu *>(QApplication::activePopupWidget());
 }
 } // namespace
 
-TDriver::TDriver(QWidget &window, const QDir &pictures) : window_(window), pictures_(pictures) {
-    LimitTime();
+void TDriver::LimitTime() {
+    QTimer::singleShot(tourLimit, qApp,
+                       [] { EndTour(QString("not done after %1 seconds").arg(tourLimit / 1000)); });
 }
 
 void TDriver::Step(const QString &text) {
-    std::cout << "step " << ++step_ << ": " << text.toStdString() << std::endl;
+    static int step = 0;
+    std::cout << "step " << ++step << ": " << text.toStdString() << std::endl;
 }
 
 void TDriver::Expect(bool condition, const QString &what) {
@@ -92,14 +103,63 @@ void TDriver::ChooseItem(const QString &group, const QString &text) {
     throw ETourFailed(("no item " + text + " in " + group).toStdString());
 }
 
+void TDriver::WhenAsked(const std::function<void(QDialog &)> &answer) {
+    auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    if (dialog && dialog->isVisible())
+        answer(*dialog);
+    else
+        QTimer::singleShot(20, qApp, [answer] { WhenAsked(answer); });
+}
+
+void TDriver::ConfirmFile(QDialog &dialog, const QString &fileName) {
+    auto &fileDialog = dynamic_cast<QFileDialog &>(dialog);
+    QLineEdit &edit = EditOf(dialog, "fileNameEdit");
+    fileDialog.setDirectory(QFileInfo(fileName).path());
+    // While the folder is still being read the dialog goes back to the file that it knew before.
+    const bool typed = QTest::qWaitFor(
+        [&] {
+            if (fileDialog.selectedFiles() == QStringList(fileName))
+                return true;
+            edit.selectAll();
+            QTest::keyClicks(&edit, QFileInfo(fileName).fileName());
+            return false;
+        },
+        waitLimit);
+    if (!typed)
+        EndTour("the file dialog does not take " + fileName);
+    const QDialogButtonBox::StandardButton confirm =
+        fileDialog.acceptMode() == QFileDialog::AcceptOpen ? QDialogButtonBox::Open
+                                                           : QDialogButtonBox::Save;
+    QTest::mouseClick(dialog.findChild<QDialogButtonBox *>()->button(confirm), Qt::LeftButton);
+}
+
+void TDriver::ConfirmText(QDialog &dialog, const QString &text) {
+    EditOf(dialog).setText(text);
+    QTest::mouseClick(dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok),
+                      Qt::LeftButton);
+}
+
 void TDriver::ClickAndChooseFile(QWidget &control, const QString &fileName) {
-    QTimer::singleShot(0, qApp, [fileName] { ConfirmFileDialog(fileName); });
+    QTimer::singleShot(0, qApp, [fileName] {
+        WhenAsked([fileName](QDialog &dialog) { ConfirmFile(dialog, fileName); });
+    });
     Click(control);
 }
 
-void TDriver::Picture(const QString &name) {
-    QTest::qWait(100); // let the window manager draw its frame
-    const QString file = pictures_.filePath(name + ".png");
-    Expect(window_.screen()->grabWindow(0).save(file), "picture " + file + " can be written");
-    std::cout << "        picture " << file.toStdString() << std::endl;
+void TDriver::OpenMenu(QWidget &area, QPoint at, const QStringList &path) {
+    QCursor::setPos(area.mapToGlobal(at)); // where the menu pops up
+    QTest::mouseClick(&area, Qt::RightButton, {}, at);
+    WaitFor([] { return OpenedMenu(); }, "the menu opens");
+    const QMenu *menu = OpenedMenu();
+    for (const QString &text : path) {
+        WaitFor([menu] { return OpenedMenu() == menu; }, "the menu of " + text + " opens");
+        QAction *item = ItemOf(*menu, text);
+        OpenedMenu()->setActiveAction(item); // opens what is below it
+        menu = item->menu();
+    }
+}
+
+void TDriver::TriggerMenu() {
+    QTest::keyClick(OpenedMenu(), Qt::Key_Enter);
+    WaitFor([] { return !OpenedMenu(); }, "the menu closes");
 }

@@ -1,12 +1,12 @@
 // Drives a real window through its real controls: finds them by object name, clicks and types like
-// a user, answers the toolkit's dialogs, and takes pictures of the screen. Every expectation that
-// fails ends the tour.
+// a user, answers the toolkit's dialogs. Every expectation that fails ends the tour.
 #pragma once
 
 #include <functional>
 #include <stdexcept>
 
-#include <QDir>
+#include <QDialog>
+#include <QStringList>
 #include <QWidget>
 
 /// A control that is missing or a state that is not as expected; what() says which.
@@ -16,13 +16,14 @@ class ETourFailed : public std::runtime_error {
 
 class TDriver {
 public:
-    /// @param pictures  existing folder for the pictures
-    /// The whole process ends after a minute, so that a dialog that nobody answers does not hold
-    /// the tour for ever.
-    TDriver(QWidget &window, const QDir &pictures);
+    explicit TDriver(QWidget &window) : window_(window) {}
+
+    /// From now on the whole process ends after three minutes, so that a dialog that nobody answers
+    /// does not hold the tour for ever.
+    static void LimitTime();
 
     /// Prints the step's number and text.
-    void Step(const QString &text);
+    static void Step(const QString &text);
     /// Throws ETourFailed with `what` unless `condition` holds.
     static void Expect(bool condition, const QString &what);
     /// Runs the event loop until `condition` holds; throws ETourFailed with `what` after ten
@@ -43,15 +44,25 @@ public:
     void SelectTab(const QString &caption);
     /// Chooses an item of a radio group by its text.
     void ChooseItem(const QString &group, const QString &text);
+
+    /// What to do with the next modal dialog that shows; to be said before what opens it. The
+    /// dialog has to be closed by it.
+    static void WhenAsked(const std::function<void(QDialog &dialog)> &answer);
+    /// Answers for WhenAsked: types a name into a file dialog and confirms it; types a text into an
+    /// input box and confirms it.
+    static void ConfirmFile(QDialog &dialog, const QString &fileName);
+    static void ConfirmText(QDialog &dialog, const QString &text);
     /// Clicks `control`, which opens a file dialog, and confirms the dialog with `fileName`.
     void ClickAndChooseFile(QWidget &control, const QString &fileName);
-    /// Saves a picture of the whole screen as `name`.png and prints its path.
-    void Picture(const QString &name);
+
+    /// Right-clicks at a point of `area` and goes down the menu by its items' texts as far as the
+    /// last one, which is marked but not yet triggered.
+    void OpenMenu(QWidget &area, QPoint at, const QStringList &path);
+    /// Triggers what is marked in the open menu.
+    void TriggerMenu();
 
 private:
     [[noreturn]] static void Missing(const QString &name, QWidget &root);
 
     QWidget &window_;
-    QDir pictures_;
-    int step_ = 0;
 };

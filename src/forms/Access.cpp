@@ -1,0 +1,28 @@
+#include "forms/Access.h"
+
+#include <QAccessibleWidget>
+#include <QVariant>
+#include <QWidget>
+
+namespace {
+constexpr auto roleProperty = "accessibleRole";
+
+QAccessibleInterface *InterfaceWithRole(const QString &, QObject *object) {
+    const QVariant role = object->property(roleProperty);
+    if (!role.isValid() || !object->isWidgetType())
+        return nullptr;
+    return new QAccessibleWidget(static_cast<QWidget *>(object),
+                                 static_cast<QAccessible::Role>(role.toInt()));
+}
+} // namespace
+
+void SetRole(QWidget &control, QAccessible::Role role, const QString &name) {
+    static const bool installed = [] {
+        QAccessible::installFactory(InterfaceWithRole);
+        return true;
+    }();
+    Q_UNUSED(installed)
+    control.setProperty(roleProperty, static_cast<int>(role));
+    if (!name.isEmpty())
+        control.setAccessibleName(name);
+}

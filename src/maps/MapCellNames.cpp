@@ -1,0 +1,43 @@
+#include "maps/MapCellNames.h"
+
+#include "forms/Aligrid.h"
+
+#include <QCoreApplication>
+
+namespace {
+QString Text(const char *text) {
+    return QCoreApplication::translate("MapCellNames", text);
+}
+
+QString PlaceOf(const TStringAlignGrid &grid, int column, int row) {
+    if (column == 0 && row == 0)
+        return Text("Corner");
+    if (row == 0)
+        return Text("RPM point %1").arg(column);
+    if (column == 0)
+        return Text("Load point %1").arg(row);
+    return Text("%1 RPM, %2").arg(grid.Cell(column, 0), grid.Cell(0, row));
+}
+
+QString MeaningOf(TColor fontColor) {
+    switch (fontColor) {
+    case clBlue:
+        return Text("edited, waiting for Commit");
+    case clRed:
+        return Text("no number, left out by the bulk tool");
+    case clGreen:
+        return Text("written into the map");
+    default:
+        return {};
+    }
+}
+} // namespace
+
+void NameMapCells(TStringAlignGrid &grid) {
+    grid.OnCellPlace = [&grid](int column, int row, QString &place) {
+        place = PlaceOf(grid, column, row);
+    };
+    grid.OnCellMeaning = [&grid](int column, int row, QString &meaning) {
+        meaning = MeaningOf(grid.FontColor(column, row));
+    };
+}
