@@ -9,10 +9,16 @@
 #include "maps/ChartWalls.h"
 #include "maps/FuelMaps.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QSpinBox>
+#include <QToolButton>
+#include <QVBoxLayout>
 
 namespace {
 class TThemesTest : public TLookTest, public testing::WithParamInterface<TTheme> {
@@ -122,23 +128,27 @@ TEST_P(TThemesTest, EveryTextOfAChartCanBeRead) {
             << label.text.toStdString();
 }
 
-QImage ChartImage(const TChartContents &contents, const QPalette &palette) {
-    QImage image(700, 500, QImage::Format_RGB32);
+constexpr QSize usualChart(700, 500);
+constexpr QSize smallChart(260, 200); ///< beside a grid
+
+QImage ChartImage(const TChartContents &contents, const QPalette &palette, QSize size) {
+    QImage image(size, QImage::Format_RGB32);
     QPainter painter(&image);
-    PaintChart(painter, contents, {{0, 0, 700, 500}, QApplication::font(), nullptr, {}}, palette);
+    PaintChart(painter, contents, {QRectF({0, 0}, QSizeF(size)), QApplication::font(), nullptr, {}},
+               palette);
     return image;
 }
 
 /// How far the edge of the walls stands out from what is above them, column by column.
-std::vector<double> EdgeContrasts(TChartContents contents, const QPalette &palette) {
+std::vector<double> EdgeContrasts(TChartContents contents, const QPalette &palette, QSize size) {
     constexpr int edge = 3; // pixels: a line and its soft sides
-    const QImage image = ChartImage(contents, palette);
+    const QImage image = ChartImage(contents, palette, size);
     for (TWall &wall : contents.walls)
         for (TWallPoint &point : wall.points)
             point.color = 0x40FF40;
-    const QImage recoloured = ChartImage(contents, palette); // differs where walls are
+    const QImage recoloured = ChartImage(contents, palette, size); // differs where walls are
     std::vector<double> contrasts;
-    for (int x = 250; x < 450; ++x)
+    for (int x = size.width() / 3; x < size.width() * 2 / 3; ++x)
         for (int y = 0; y < image.height() - edge; ++y) {
             if (image.pixel(x, y) == recoloured.pixel(x, y))
                 continue;
@@ -153,10 +163,14 @@ std::vector<double> EdgeContrasts(TChartContents contents, const QPalette &palet
 }
 
 TEST_P(TThemesTest, TheWallsOfAChartStandOut) {
-    std::vector<double> contrasts = EdgeContrasts(SampleContents(12, 16), GetParam().palette);
-    ASSERT_EQ(contrasts.size(), 200U);
-    std::nth_element(contrasts.begin(), contrasts.begin() + 100, contrasts.end());
-    EXPECT_GE(contrasts[100], leastLineContrast) << "the median: slopes are softened";
+    for (const QSize &size : {usualChart, smallChart}) {
+        std::vector<double> contrasts =
+            EdgeContrasts(SampleContents(12, 16), GetParam().palette, size);
+        ASSERT_GT(contrasts.size(), 50U);
+        const auto median = contrasts.begin() + static_cast<std::ptrdiff_t>(contrasts.size() / 2);
+        std::nth_element(contrasts.begin(), median, contrasts.end());
+        EXPECT_GE(*median, leastLineContrast) << size.width() << ": slopes are softened";
+    }
 }
 
 TEST_P(TThemesTest, EveryTextOfEveryWindowCanBeRead) {
@@ -175,6 +189,31 @@ TEST_P(TThemesTest, EveryTextOfEveryWindowCanBeRead) {
                 << text.text.toStdString() << " on " << painted.background;
         }
     });
+}
+
+/// Without texts, so that what stands out is the control itself.
+TEST_P(TThemesTest, EmptyControlsCanBeSeen) {
+    SetUpApplication();
+    const double least = GetParam().name == "contrast" ? leastLineContrast : 1.1;
+    QWidget window;
+    auto *column = new QVBoxLayout(&window);
+    column->setContentsMargins(20, 20, 20, 20);
+    window.setFocusPolicy(Qt::StrongFocus);
+    for (QWidget *control : std::initializer_list<QWidget *>{
+             new QLineEdit, new QCheckBox, new QRadioButton, new QPushButton, new QToolButton,
+             new QSpinBox, new QComboBox})
+        column->addWidget(control);
+    window.show();
+    window.setFocus();
+    TGallery::Settle();
+    const QImage image = ImageOf(window);
+    for (int i = 0; i < column->count(); ++i) {
+        const QWidget &control = *column->itemAt(i)->widget();
+        // The left edge is the frame's, or the mark's, alone.
+        const QRect edge(control.x(), control.y(), 6, control.height());
+        EXPECT_GE(PaintedIn(image, edge.adjusted(-6, 0, 0, 0)).contrast, least)
+            << control.metaObject()->className();
+    }
 }
 
 TEST_P(TThemesTest, ATextOnThePictureOfTheSplashCanBeRead) {
