@@ -100,8 +100,8 @@ def read_fuel_map():
     keys("ctrl+Next")  # the second tab
     table = eventually("no map is shown", lambda: next((t for t in controls(application(), "table") if t.get_child_count() > 200), None))
     shown = cells(table)
-    # The corners of the sample's part throttle map: the first engine speed has the bytes 6F to 86.
-    for text in ("600", "7600", "4%", "100%", "111", "134"):
+    # The corners of the sample's part throttle map, as a screen reader tells them.
+    for text in ("600 RPM, 4%: 111", "600 RPM, 100%: 134", "7600 RPM, 4%: 112", "7600 RPM, 100%: 134"):
         if text not in shown:
             raise SystemExit(f"FAILED: {text} is not on the page, but {sorted(shown)}")
 
