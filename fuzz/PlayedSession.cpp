@@ -17,6 +17,7 @@ constexpr std::array<TMapKind, 3> kinds{TMapKind::PT, TMapKind::Idle, TMapKind::
 } // namespace
 
 TPlayedSession::TPlayedSession(TFuzzInput &input) : input_(input) {
+    session_.window->setUpdatesEnabled(false); // painting at each step takes a third of the time
     session_.WriteSamples();
     for (const char *name : {"FERRO32K.BIN", "FERRO64K.BIN"})
         files_[name] = session_.Read(name);
@@ -55,6 +56,8 @@ void TPlayedSession::Run(int mostSteps) {
         QTest::qWait(0); // what has been closed goes, as between two actions of a user
         Compare();
     }
+    session_.window->setUpdatesEnabled(true);
+    QTest::qWait(0); // what the session has come to is painted
     CloseWindow();
     Compare();
 }
@@ -141,7 +144,7 @@ void TPlayedSession::EndOpenEdit(std::size_t which) {
     case 1:
         return Interpret();
     case 2:
-        Paste(which); // says why not and leaves the edit open where nothing can be pasted
+        PasteIntoEdit(which);
         return Commit(which);
     case 3:
         return Adjust(which);
@@ -162,6 +165,15 @@ void TPlayedSession::Interpret() {
 void TPlayedSession::Paste(std::size_t which) {
     CurrentPage().map->Paste(which);
     session_.Trigger(CurrentPage().form->objectName(), QString("Paste%1").arg(which + 1));
+}
+
+/// Where nothing can be pasted this says why not and leaves the edit open: what the edit has to say
+/// comes as it ends.
+void TPlayedSession::PasteIntoEdit(std::size_t which) {
+    const std::size_t told = world_.messages.size();
+    Paste(which);
+    if (editTells_ && world_.messages.size() > told)
+        std::swap(world_.messages[told - 1], world_.messages[told]);
 }
 
 void TPlayedSession::Reset(std::size_t which) {
@@ -294,7 +306,9 @@ void TPlayedSession::TypeInto(std::size_t which, TGridCell cell, const std::stri
         const std::string shown = page.grids[which].Cell(cell.column, cell.row);
         world_.messages.push_back("'" + shown + "' is not a valid floating point value");
     }
+    const std::size_t told = world_.messages.size();
     page.Edit(which, cell.column, cell.row, text);
+    editTells_ = world_.messages.size() > told;
     if (!leaveOpen)
         return session_.Type(name, kinds[which], cell, QString::fromStdString(text));
     TStringAlignGrid &grid = session_.Grid(name, kinds[which]);

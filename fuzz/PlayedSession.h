@@ -63,6 +63,7 @@ private:
     void EndOpenEdit(std::size_t which);
     void Interpret();
     void Paste(std::size_t which);
+    void PasteIntoEdit(std::size_t which);
     void Reset(std::size_t which);
     void Commit(std::size_t which);
     void EditAxis(std::size_t which);
@@ -105,6 +106,7 @@ private:
     std::vector<TPlayedSpec> specs_; ///< in the folder
     std::size_t listed_ = 0;         ///< how many of them the list shows
     int chosen_ = -1;
+    bool editTells_ = false; ///< the last edit ends with a message
     bool maySave_ = false;
     bool maySaveSpec_ = false;
     int written_ = 0;

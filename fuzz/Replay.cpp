@@ -10,8 +10,9 @@
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
-/// Only some targets have it.
+/// Only some targets have these; the fuzzer itself does not call the second.
 extern "C" [[gnu::weak]] int LLVMFuzzerInitialize(int *argc, char ***argv);
+extern "C" [[gnu::weak]] void FuzzTargetEnd();
 
 namespace {
 namespace fs = std::filesystem;
@@ -42,6 +43,8 @@ int main(int argc, char **argv) {
             ++files;
         }
     }
+    if (FuzzTargetEnd)
+        FuzzTargetEnd();
     std::printf("%d inputs\n", files);
     return files > 0 ? 0 : 1;
 }
