@@ -76,7 +76,7 @@ void TfrmFileContents::ConnectGrid() {
         place = PlaceOf({column, row});
     };
     grdFile_->OnCellMeaning = [this](int column, int row, QString &meaning) {
-        meaning = tr(MarkName(grdFile_->CellColor(column, row)));
+        meaning = QString::fromStdString(MarkName(grdFile_->CellColor(column, row)));
     };
     grdFile_->ShowCellHints = true;
     grdFile_->OnShowHintCell = grdFile_->OnCellMeaning;

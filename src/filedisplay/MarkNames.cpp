@@ -1,51 +1,49 @@
 #include "filedisplay/MarkNames.h"
 
 #include "filedisplay/MapStarts.h"
+#include "model/Texts.h"
 
 namespace {
-/// The colours of runs, as Shaded makes them: the byte stands in (or carries out of) the channel
-/// that `mask` leaves out.
-struct TRunColor {
-    TColor mask;
-    TColor color;
-    const char *name;
-};
+// What Shaded leaves of a run's colour: all but the channel in which (or out of which) the byte is.
+constexpr TColor withoutBlue = 0xFF00FFFF;
+constexpr TColor withoutGreen = 0xFFFF00FF;
 
-constexpr TRunColor runColors[] = {
-    {0xFF00FFFF, linearAxisColor, "Axis Values"},
-    {0xFF00FFFF, twoDAxisColor, "Axis Values"},
-    {0xFF00FFFF, fuelMapColor, "Map Data, fuel"},
-    {0xFFFF00FF, timingMapColor, "Map Data, timing"},
-};
-
-const char *StartName(const TMapStart &start) {
+std::string StartName(const TMapStart &start) {
+    const bool twoD = start.shape == TMapShape::TwoD;
     if (start.contents == TMapContents::Fuel)
-        return start.shape == TMapShape::TwoD ? "Start of a 2-D fuel map"
-                                              : "Start of a 1-D fuel map";
-    return start.shape == TMapShape::TwoD ? "Start of a 2-D timing map"
-                                          : "Start of a 1-D timing map";
+        return twoD ? Translated("MarkNames", "Start of a 2-D fuel map")
+                    : Translated("MarkNames", "Start of a 1-D fuel map");
+    return twoD ? Translated("MarkNames", "Start of a 2-D timing map")
+                : Translated("MarkNames", "Start of a 1-D timing map");
+}
+
+std::string RunName(TColor color) {
+    const TColor plain = color & withoutBlue;
+    if (plain == linearAxisColor || plain == twoDAxisColor)
+        return Translated("MarkNames", "Axis Values");
+    if (plain == fuelMapColor)
+        return Translated("MarkNames", "Map Data, fuel");
+    if ((color & withoutGreen) == timingMapColor)
+        return Translated("MarkNames", "Map Data, timing");
+    return Translated("MarkNames", "Map Data"); // white, whatever its shade
 }
 } // namespace
 
-const char *MarkName(TColor color) {
+std::string MarkName(TColor color) {
     if (const TMapStart *start = MapStartOf(color))
         return StartName(*start);
     switch (color) {
     case unmarkedColor:
-        return "";
+        return {};
     case possibleFuelColor:
-        return "Possible Fuel Val";
+        return Translated("MarkNames", "Possible Fuel Val");
     case possibleTimingColor:
-        return "Possible Timing Val";
+        return Translated("MarkNames", "Possible Timing Val");
     case searchedColor:
-        return "Searched Val, or a map's header";
+        return Translated("MarkNames", "Searched Val, or a map's header");
     case axisCountColor:
-        return "Axis Count";
+        return Translated("MarkNames", "Axis Count");
     default:
-        break;
+        return RunName(color);
     }
-    for (const TRunColor &run : runColors)
-        if ((color & run.mask) == run.color)
-            return run.name;
-    return "Map Data"; // white, whatever its shade
 }

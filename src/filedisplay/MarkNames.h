@@ -4,6 +4,9 @@
 
 #include "model/MapViews.h"
 
-/// What a cell's background colour, shaded or not, means; an empty text for an unmarked cell. The
-/// exact colours of MapStarts.h are the start of a map, as they are to "All Highlighted".
-const char *MarkName(TColor color);
+#include <string>
+
+/// In the user's language, what a cell's background colour, shaded or not, means; an empty text for
+/// an unmarked cell. The exact colours of MapStarts.h are the start of a map, as they are to "All
+/// Highlighted".
+std::string MarkName(TColor color);

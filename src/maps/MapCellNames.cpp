@@ -5,28 +5,25 @@
 #include <QCoreApplication>
 
 namespace {
-QString Text(const char *text) {
-    return QCoreApplication::translate("MapCellNames", text);
-}
-
 QString PlaceOf(const TStringAlignGrid &grid, int column, int row) {
     if (column == 0 && row == 0)
-        return Text("Corner");
+        return QCoreApplication::translate("MapCellNames", "Corner");
     if (row == 0)
-        return Text("RPM point %1").arg(column);
+        return QCoreApplication::translate("MapCellNames", "RPM point %1").arg(column);
     if (column == 0)
-        return Text("Load point %1").arg(row);
-    return Text("%1 RPM, %2").arg(grid.Cell(column, 0), grid.Cell(0, row));
+        return QCoreApplication::translate("MapCellNames", "Load point %1").arg(row);
+    return QCoreApplication::translate("MapCellNames", "%1 RPM, %2")
+        .arg(grid.Cell(column, 0), grid.Cell(0, row));
 }
 
 QString MeaningOf(TColor fontColor) {
     switch (fontColor) {
     case clBlue:
-        return Text("edited, waiting for Commit");
+        return QCoreApplication::translate("MapCellNames", "edited, waiting for Commit");
     case clRed:
-        return Text("no number, left out by the bulk tool");
+        return QCoreApplication::translate("MapCellNames", "no number, left out by the bulk tool");
     case clGreen:
-        return Text("written into the map");
+        return QCoreApplication::translate("MapCellNames", "written into the map");
     default:
         return {};
     }
