@@ -142,6 +142,23 @@ TEST_F(TTemporaryFileTest, ALinkThatTakesTheTargetsPlaceIsNotFollowed) {
     EXPECT_EQ(GetFile(other / "precious"), oldBytes);
 }
 
+// A single file that is mounted into the folder can be written, and never be replaced.
+TEST_F(TTemporaryFileTest, ATargetThatCannotBeReplacedIsWrittenInPlace) {
+    for (const int code : {EBUSY, EPERM, EACCES, EROFS}) {
+        PutFile(target, oldBytes);
+        const ino_t number = StatusOf(target).st_ino;
+        {
+            const TFaultInjection injection(folder.Path(),
+                                            {{TEffect::Fails, code, {TCall::Rename}, true}});
+            WriteFileSafely(target, newBytes);
+            EXPECT_EQ(injection.Hits(), 1);
+        }
+        EXPECT_EQ(GetFile(target), newBytes);
+        EXPECT_EQ(StatusOf(target).st_ino, number);
+        EXPECT_EQ(folder.Names(), std::vector<std::string>{"a.bin"});
+    }
+}
+
 TEST_F(TTemporaryFileTest, AFileThatGrowsOrShrinksWhileItIsReadIsRefused) {
     for (const std::uintmax_t length : {0U, 2U, 4U, 10000U}) {
         PutFile(target, oldBytes);
@@ -236,6 +253,20 @@ TEST_F(TRemains, WhatIsNoPlainFileStays) {
     fs::create_directory(folder / remains);
     Save();
     EXPECT_TRUE(fs::is_directory(folder / remains));
+}
+
+TEST_F(TRemains, WhatCannotBeLookedAtStays) {
+    Put(remains);
+    PutFile(target, oldBytes);
+    {
+        const TFaultInjection injection(folder / remains, {{TEffect::Fails, EIO, {TCall::Status}}});
+        Save();
+        EXPECT_EQ(injection.Hits(), 1);
+    }
+    EXPECT_THAT(folder.Names(), UnorderedElementsAre("a.bin", remains));
+    EXPECT_EQ(GetFile(target), newBytes);
+    Save();
+    EXPECT_THAT(folder.Names(), UnorderedElementsAre("a.bin"));
 }
 
 TEST_F(TRemains, OfSomebodyElseStay) {

@@ -357,6 +357,16 @@ TEST_F(TMapDisplayTest, AHiddenChartIsNotFilled) {
     EXPECT_THAT(chart.series[0].points, IsEmpty());
 }
 
+TEST_F(TMapDisplayTest, AChartOfAMapThatDoesNotFitIsNotFilled) {
+    map.SizeChart(chart);
+    for (const auto &[rows, columns] : {std::pair{32U, 2U}, std::pair{3U, 21U}}) {
+        Shape(map, rows, columns);
+        map.FillChart(chart);
+        EXPECT_THAT(chart.series, SizeIs(2));
+        EXPECT_THAT(chart.series[0].points, IsEmpty());
+    }
+}
+
 TEST_F(TMapDisplayTest, AChartOfAnotherCountIsGivenTheRightOne) {
     chart.RecreateSeries(5);
     map.FillChart(chart);

@@ -101,6 +101,7 @@ const TShadeCase shadeCases[] = {
     {"green and red tie", 0xFF1010, 5, 0xFF1510},
     {"green carries into blue", 0xF0E0FF, 0x30, 0xF110FF},
     {"red", 0xFF8001, 5, 0xFF8006},
+    {"red below green that is above blue", 0x40FF01, 5, 0x40FF06},
     {"red carries into green", 0xFFFFF0, 0x20, 0x1000010},
     {"lime: blue and red tie", 0x00FF00, 1, 0x01FF00},
     {"the sum wraps at 32 bits", 0xFFFFFFFF, 1, 0x0000FFFF},

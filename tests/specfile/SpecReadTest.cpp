@@ -1,5 +1,8 @@
 #include "specfile/SpecFixture.h"
 
+#include <memory>
+#include <new>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -325,6 +328,27 @@ const TConstants constants[] = {
 
 INSTANTIATE_TEST_SUITE_P(Lines, TSpecConstants, testing::ValuesIn(constants),
                          [](const auto &test) { return std::string(test.param.name); });
+
+/// A map that cannot be placed, as when there is no memory for its cells.
+class TUnplaceableMap : public TFuelMap {
+public:
+    TUnplaceableMap() : TFuelMap(2) {}
+    void SetOffset(std::int32_t) override { throw std::bad_alloc(); }
+    void SetPointer(std::int32_t, std::int32_t) override { throw std::bad_alloc(); }
+};
+
+class TSpecUnplaceable : public TSpecRead, public testing::WithParamInterface<std::string> {};
+
+TEST_P(TSpecUnplaceable, IsNoErrorOfTheSpecFile) {
+    fuel_.IdleMap = std::make_unique<TUnplaceableMap>();
+    EXPECT_TRUE(Place(GetParam()));
+    EXPECT_EQ(fuel_.revLimiter.offset, 0x1F0);
+    EXPECT_EQ(fuel_.PTMap->GetLocation(), 0x100) << "what comes before it is placed";
+    EXPECT_THAT(TimingPlaces(), ElementsAre(0, 0, 0)) << "what comes behind it is not";
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, TSpecUnplaceable, testing::Values(direct, pointers));
 
 TEST_F(TSpecRead, ConstantsAreReadFromBothForms) {
     const std::string constantsLines = "[Main]\ntiming_divider=0.5\n";
