@@ -52,7 +52,7 @@ void RemoveTranslations() {
 
 QStringList TranslationFolders() {
     const QString program = QCoreApplication::applicationDirPath();
-    return {program, QDir::cleanPath(program + "/../share/ferrolyn/translations")};
+    return {program, QDir::cleanPath(program + "/../../share/ferrolyn/translations")};
 }
 
 void InstallTranslations(const QLocale &locale, const QStringList &folders) {

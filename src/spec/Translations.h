@@ -6,7 +6,7 @@
 #include <QStringList>
 
 /// Where translations are looked for, in this order: beside the program, then
-/// ../share/ferrolyn/translations seen from there.
+/// ../../share/ferrolyn/translations seen from there: the program is installed in lib/ferrolyn.
 QStringList TranslationFolders();
 
 /// Installs the first `ferrolyn_<language>.qm` in `folders` for the user's languages, most wanted

@@ -35,7 +35,7 @@ bool IsScript(const std::string &word) {
 }
 
 bool IsProgram(const std::string &word) {
-    return Matches(word, R"(build/[\w-]+/[\w./-]+)");
+    return Matches(word, R"(build/[\w-]+/[\w/-]+)");
 }
 
 class TCommandCheck {

@@ -127,7 +127,7 @@ TEST_F(TTranslationFileTest, AnotherLanguageReplacesTheFirst) {
 
 TEST(TranslationFolders, AreBesideTheProgramAndInItsShare) {
     const QString program = QCoreApplication::applicationDirPath();
-    const QString prefix = QFileInfo(program).path();
+    const QString prefix = QFileInfo(QFileInfo(program).path()).path(); // of PREFIX/lib/ferrolyn
     EXPECT_EQ(TranslationFolders(),
               QStringList({program, prefix + "/share/ferrolyn/translations"}));
 }
