@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Takes pictures of every page, dialog and menu in every look: themes, scales, a small screen, a large font, right to left. No screen
-# is needed. They are to be looked at by a person; what can be measured is measured by the tests of tests/look.
+# is needed: the toolkit makes one up, 3840 x 2160. The pictures are to be looked at by a person; what can be measured is measured by
+# the tests of tests/look.
 #   tools/screens.sh [FOLDER] [LOOK...]    build/screens and all looks unless told otherwise
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -28,7 +29,8 @@ for look in "${looks[@]}"; do
     [[ $look == scale* ]] && scale=${look#scale}
     mkdir -p "$folder/$look"
     # shellcheck disable=SC2086
-    QT_SCALE_FACTOR=$(printf '%d.%02d' $((scale / 100)) $((scale % 100))) \
+    QT_QPA_PLATFORM=offscreen:configfile=$top/tools/screens/screen.json \
+        QT_SCALE_FACTOR=$(printf '%d.%02d' $((scale / 100)) $((scale % 100))) \
         "$top/build/dev/tools/screens/ferrolyn_screens" "$top/samples" "$folder/$look" $options 2>/dev/null
 done
 say "the pictures are in $folder"
