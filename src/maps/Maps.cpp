@@ -273,6 +273,7 @@ void TfrmMaps::OffsetExit(TMapKind kind) {
 
 void TfrmMaps::UnlockAxis(TMapKind kind) {
     TStringAlignGrid &grid = *Panel(kind).grid;
+    grid.CloseEditor(); // its text is accepted: a grid of another shape would drop it
     grid.SetFixedRows(0);
     if (kind == TMapKind::PT)
         grid.SetFixedCols(0);

@@ -51,6 +51,14 @@ TEST_F(TMapsEditTest, EditedHeadersOfTheOneAxisMapsAreWritten) {
     EXPECT_EQ(Grid("grdIdMap").Cell(0, 1), "0%");
 }
 
+TEST_F(TMapsEditTest, UnlockingTheAxisTakesAnOpenEdit) {
+    BeginType("grdPTMap", 1, 1, "77");
+    Choose("UnlockAxis1");
+    EXPECT_EQ(Grid("grdPTMap").Cell(1, 1), "77");
+    Click("btnSavePT");
+    EXPECT_EQ(BodyByte(TMapKind::PT, 0), 77);
+}
+
 TEST_F(TMapsEditTest, ADiscardedHeaderEditIsNeverReadBack) {
     Choose("UnlockAxis1");
     Type("grdPTMap", 2, 0, "5200");
