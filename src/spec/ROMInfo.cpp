@@ -177,6 +177,7 @@ void TfrmROMInformation::rdoROMtemplateClick() {
         LoadSpec(specTable_[static_cast<std::size_t>(item)].path);
     } else if (!EnterOffsets()) {
         rdoROMtemplate_->SetItemIndex(-1);
+        templateIndex_ = -1;
         return;
     }
     btnOffsetEntry_->setEnabled(item == LastItemIndex());

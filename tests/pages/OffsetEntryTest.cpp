@@ -150,6 +150,17 @@ TEST_F(TOffsetEntryTest, CancelClearsTheSelectionOnly) {
     EXPECT_EQ(Caption(), "Ferrolyn - " + Name(rom));
 }
 
+TEST_F(TOffsetEntryTest, AfterCancelNoWayOfPlacingIsInForce) {
+    Manual(TDialog::OK);
+    Manual(TDialog::Cancel);
+    EXPECT_EQ(page->TemplateIndex(), -1);
+    Image().Poke(0x7000, 99);
+    page->ApplyROM();
+    EXPECT_EQ(Image().Peek(0x7000), 99) << "the image is not read again";
+    EXPECT_EQ(Caption(), "Ferrolyn");
+    EXPECT_EQ(EnabledButtons(), "lm") << "\"Save Spec\" is not";
+}
+
 TEST_F(TOffsetEntryTest, CancelLeavesManualOffsetsEnabled) {
     Manual(TDialog::OK);
     Manual(TDialog::Cancel);
