@@ -20,8 +20,9 @@ ReadWholeFile(const std::filesystem::path &file,
 
 /// Replaces the contents of `file`, or creates it, through a temporary file in the same folder that
 /// is flushed to the disk and renamed over the target. A symbolic link is followed; an existing
-/// file keeps its permissions, a new one gets those of the process's mask. Where the folder cannot
-/// take a new file but the target can be written, it is written in place; so is a device.
+/// file keeps its permissions, a new one gets those of the process's mask. Where the folder takes
+/// no new file, or no renaming over the target, but the target can be written, it is written in
+/// place; so is a device.
 ///
 /// The temporary file has a name that cannot be guessed and lets nobody read what the target does
 /// not. A save that is killed may leave it; the next save of this user in the folder removes it.

@@ -9,8 +9,11 @@
 #include "spec/offsetentry.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <exception>
+#include <optional>
 #include <system_error>
+#include <vector>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -26,12 +29,22 @@ bool MayExist(const fs::path &name) {
     return type != fs::file_type::not_found && error != std::errc::filename_too_long;
 }
 
-/// Takes away the empty file that a failed save has made under a new name, or behind a link of that
-/// name; nothing else.
-void RemoveIfEmpty(const fs::path &name) {
+using TBytes = std::vector<std::uint8_t>;
+
+bool Holds(const fs::path &file, const TBytes &contents) {
+    try {
+        return ReadWholeFile(file, contents.size()) == contents;
+    } catch (const EFileError &) {
+        return false;
+    }
+}
+
+/// Takes away the file that a failed save has made under a new name, or behind a link of that name,
+/// while it still has what was put into it before the save proper; nothing else.
+void RemoveIfHolds(const fs::path &name, const TBytes &contents) {
     std::error_code error;
     const fs::path file = fs::canonical(name, error);
-    if (!error && fs::is_regular_file(file, error) && fs::file_size(file, error) == 0)
+    if (!error && Holds(file, contents))
         fs::remove(file, error);
 }
 
@@ -54,14 +67,18 @@ QString ROMFilter() {
 
 /// Refuses to replace; a failure does not matter. The copy is the user's own new file: it does not
 /// take over a write protection of the loaded one, which would keep the save that follows from it.
-void CopyToNewFile(const fs::path &from, const fs::path &to) {
+/// Answers what may stand under the new name now.
+std::optional<TBytes> CopyToNewFile(const fs::path &from, const fs::path &to) {
     if (from.empty() || to.empty() || MayExist(to))
-        return;
+        return std::nullopt;
+    std::optional<TBytes> contents;
     try {
-        WriteFileSafely(to, ReadWholeFile(from, TROMImage::capacity));
+        contents = ReadWholeFile(from, TROMImage::capacity);
+        WriteFileSafely(to, *contents);
     } catch (const EFileError &) {
         // The save that follows tells what is wrong with the target.
     }
+    return contents;
 }
 } // namespace
 
@@ -219,10 +236,17 @@ bool TfrmROMInformation::MayWrite(bool confirmed) {
 
 void TfrmROMInformation::WriteROM() {
     const fs::path target = saveFileName_;
-    CopyToNewFile(romFileName_, target);
-    workspace_.fuelMapSet.SaveAll();
-    workspace_.timingMapSet.SaveAll();
-    ROMImage()->SaveToFile(target);
+    const std::optional<TBytes> copied = CopyToNewFile(romFileName_, target);
+    try {
+        workspace_.fuelMapSet.SaveAll();
+        workspace_.timingMapSet.SaveAll();
+        ROMImage()->SaveToFile(target);
+    } catch (...) {
+        // An image without the edits is not to be taken for the one with them.
+        if (copied)
+            RemoveIfHolds(target, *copied);
+        throw;
+    }
     SetROMFileName(target);
     ApplyROM();
 }
@@ -247,7 +271,7 @@ void TfrmROMInformation::WriteSpec(const fs::path &target) {
             .Save(target);
     } catch (...) {
         if (isNew)
-            RemoveIfEmpty(target);
+            RemoveIfHolds(target, {});
         throw;
     }
 }

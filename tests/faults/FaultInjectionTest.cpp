@@ -154,6 +154,10 @@ TEST_F(TFaultInjectionTest, HitsTheStandardLibrary) {
     fs::create_symlink("nowhere", folder / "link");
     EXPECT_TRUE(
         hits(TCall::ReadLink, [&] { EXPECT_EQ(fs::read_symlink(folder / "link", error), ""); }));
+    EXPECT_TRUE(hits(TCall::ReadLink, [&] { EXPECT_EQ(fs::canonical(file, error), ""); }));
+    EXPECT_EQ(error.value(), EIO);
+    EXPECT_TRUE(hits(TCall::Unlink, [&] { EXPECT_FALSE(fs::remove(file, error)); }));
+    EXPECT_EQ(error.value(), EIO);
 }
 
 TEST_F(TFaultInjectionTest, HitsTheToolkit) {

@@ -251,6 +251,11 @@ ssize_t readlink(const char *path, char *buffer, size_t size) noexcept {
                         [&] { return NEXT(readlink)(path, buffer, size); });
 }
 
+char *realpath(const char *path, char *resolved) noexcept {
+    return Run<char *>(ConcernsPath(path), TCall::ReadLink, nullptr,
+                       [&] { return NEXT(realpath)(path, resolved); });
+}
+
 int access(const char *path, int mode) noexcept {
     return Run(ConcernsPath(path), TCall::Access, -1, [&] { return NEXT(access)(path, mode); });
 }
@@ -328,6 +333,10 @@ int linkat(int fromFolder, const char *from, int toFolder, const char *to, int f
 
 int unlink(const char *path) noexcept {
     return Run(ConcernsPath(path), TCall::Unlink, -1, [&] { return NEXT(unlink)(path); });
+}
+
+int remove(const char *path) noexcept {
+    return Run(ConcernsPath(path), TCall::Unlink, -1, [&] { return NEXT(remove)(path); });
 }
 
 int flock(int descriptor, int operation) noexcept {
