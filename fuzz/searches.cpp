@@ -7,37 +7,19 @@
 // with its low byte first), then the image. What an input lacks is 0.
 #include "filedisplay/Searches.h"
 
+#include "FuzzInput.h"
 #include "filedisplay/MapSearch.h"
 #include "searches/LiteralSearches.h"
 #include "searches/TestCells.h"
 
-#include <cstdio>
-#include <cstdlib>
+#include <string>
+#include <vector>
 
 namespace {
 
 /// The literal counterpart is slow; this holds the largest map.
 constexpr std::size_t maxImage = 1024;
 constexpr std::size_t maxSearches = 16;
-
-class TInput {
-public:
-    TInput(const std::uint8_t *data, std::size_t size) : bytes_(data, data + size) {}
-
-    std::uint8_t Byte() { return next_ < bytes_.size() ? bytes_[next_++] : std::uint8_t{0}; }
-    std::int32_t Word() {
-        const std::int32_t low = Byte();
-        return low | Byte() << 8;
-    }
-    std::size_t Left() const { return bytes_.size() - next_; }
-    TBytes Rest() const {
-        return {bytes_.begin() + static_cast<std::ptrdiff_t>(next_), bytes_.end()};
-    }
-
-private:
-    TBytes bytes_;
-    std::size_t next_ = 0;
-};
 
 struct TSearch {
     int kind;
@@ -47,9 +29,9 @@ struct TSearch {
     std::int32_t Number() const { return static_cast<std::int16_t>(word); }
 };
 
-[[noreturn]] void Differs(const char *what, std::size_t search, std::size_t cell) {
-    std::fprintf(stderr, "search %zu: %s differs, cell %zu\n", search, what, cell);
-    std::abort();
+[[noreturn]] void Differs(const std::string &what, std::size_t search, std::size_t cell) {
+    Finding("search " + std::to_string(search) + ": " + what + " differs, cell " +
+            std::to_string(cell));
 }
 
 class TTwins {
@@ -186,7 +168,7 @@ private:
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
-    TInput input(data, size);
+    TFuzzInput input(data, size);
     const std::uint8_t flags = input.Byte();
     std::vector<TSearch> searches(input.Byte() % (maxSearches + 1));
     for (TSearch &search : searches) {
@@ -194,9 +176,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         search.byte = input.Byte();
         search.word = input.Word();
     }
-    if (input.Left() > maxImage)
+    const std::string image = input.Rest();
+    if (image.size() > maxImage)
         return -1; // not worth keeping
-    TTwins twins(input.Rest(), (flags & 1) != 0, (flags & 2) != 0);
+    TTwins twins({image.begin(), image.end()}, (flags & 1) != 0, (flags & 2) != 0);
     for (const TSearch &search : searches)
         twins.Run(search);
     return 0;
