@@ -53,7 +53,6 @@ public:
 
     /// Depth in percent of the full one, 100 until set; 0 draws all walls in one plane.
     void SetDepthPercent(int percent);
-    int DepthPercent() const { return view_.depthPercent; }
 
     /// Title of the load axis, which runs away from the viewer.
     void SetDepthTitle(const QString &title);

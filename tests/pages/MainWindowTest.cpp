@@ -244,6 +244,8 @@ TEST(MainWindowEnd, WithoutEverBeingShown) {
     const TFakeDialogs dialogs;
     for (int round = 0; round < 5; ++round)
         TfrmNotebook();
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_TRUE(dialogs.questions.empty());
 }
 
 TEST(MainWindowEnd, RightAfterTheShow) {

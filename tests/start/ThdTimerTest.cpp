@@ -218,6 +218,7 @@ TEST(ThreadedTimerEnd, WhileATickIsOnItsWay) {
     for (int round = 0; round < 150; ++round) {
         const TCountingTimer timer(1);
         Dawdle(round); // the main thread takes no events, so every tick stays on its way
+        EXPECT_EQ(timer.ticks, 0);
     }
     QCoreApplication::processEvents();
 }
@@ -251,11 +252,14 @@ TEST(ThreadedTimerEnd, InsideABoxThatItsHandlerShows) {
 }
 
 TEST(ThreadedTimerEnd, WithItsParent) {
+    int ticks = 0;
     for (int round = 0; round < 50; ++round) {
         QObject window;
         auto *timer = new TThreadedTimer(&window);
         timer->SetInterval(1);
-        timer->SetOnTimer([] {});
+        timer->SetOnTimer([&ticks] { ++ticks; });
         Dawdle(round);
     }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ticks, 0) << "a tick after the timer's end";
 }
