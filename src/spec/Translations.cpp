@@ -30,7 +30,7 @@ QStringList NamesOf(const QString &language) {
 QString FileFor(const QString &prefix, const QString &language, const QStringList &folders) {
     for (const QString &name : NamesOf(language))
         for (const QString &folder : folders) {
-            const QString file = QDir(folder).filePath(prefix + '_' + name + ".qm");
+            QString file = QDir(folder).filePath(prefix + '_' + name + ".qm");
             if (QFileInfo(file).isFile())
                 return file;
         }
