@@ -143,7 +143,8 @@ bool TAligridDelegate::eventFilter(QObject *editor, QEvent *event) {
             onEditorLeft();
         return false;
     default:
-        return QObject::eventFilter(editor, event);
+        // The base class would end the edit by keys of its own.
+        return QObject::eventFilter(editor, event); // NOLINT(bugprone-parent-virtual-call)
     }
 }
 

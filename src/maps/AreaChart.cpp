@@ -155,7 +155,7 @@ TChartContents TAreaChart::Contents() const {
         contents.walls.push_back(std::move(wall));
         contents.depthLabels << series.title;
         // The longest series labels the axis.
-        for (std::size_t i = static_cast<std::size_t>(contents.bottomLabels.size());
+        for (auto i = static_cast<std::size_t>(contents.bottomLabels.size());
              i < series.points.size(); ++i)
             contents.bottomLabels << series.points[i].label;
     }

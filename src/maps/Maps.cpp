@@ -67,8 +67,7 @@ void TfrmMaps::MakeControls() {
     chkInterpret_ = new QCheckBox(tr("Interpret Byte Values"), this);
     bottomLine_ = new TFoldingLine(this);
     auto *content = new QWidget;
-    auto *rows = new QVBoxLayout;
-    content->setLayout(rows);
+    auto *rows = new QVBoxLayout(content);
     for (const TMapKind kind : allKinds) {
         auto *row = new TMapPanel(content, PanelTraits(kind));
         panels_[static_cast<std::size_t>(kind)] = row;

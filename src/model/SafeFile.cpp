@@ -353,7 +353,7 @@ void Write(const fs::path &target, TBytes bytes) {
 }
 
 std::string ReasonOf(const TSystemFailure &failure) {
-    const std::string reason = std::generic_category().message(failure.code);
+    std::string reason = std::generic_category().message(failure.code);
     if (!failure.spoilt)
         return reason;
     return Filled(Translated("SafeFile", "%1; the old contents could not be put back"), {reason});

@@ -27,7 +27,7 @@ void UseOutlines() {
 } // namespace
 
 void SetUpApplication() {
-    TfrmBaseForm::ProgRegKey = "\\Software\\Kelvane\\Ferrolyn";
+    TfrmBaseForm::ProgRegKey = R"(\Software\Kelvane\Ferrolyn)";
     QCoreApplication::setApplicationName("Ferrolyn");
     QCoreApplication::setApplicationVersion(FERROLYN_VERSION);
     QGuiApplication::setDesktopFileName("org.ferrolyn.Ferrolyn");

@@ -63,15 +63,15 @@ void FirstChange(const TRoad &road) {
     const QString source = road.roms.absoluteFilePath("FERRO32K.BIN");
     const QString target = road.roms.absoluteFilePath("EDITED.BIN");
 
-    driver.Step("load " + source);
+    TDriver::Step("load " + source);
     driver.ClickAndChooseFile(driver.Find<QPushButton>("btnLoad"), source);
     TDriver::Expect(window.windowTitle() == "Ferrolyn - " + source, "the caption names the file");
 
-    driver.Step("choose the mapping of offsets");
+    TDriver::Step("choose the mapping of offsets");
     driver.ChooseItem("rdoROMtemplate", "Ferrolyn sample 32K, offsets");
     road.Picture("1-rom-information");
 
-    driver.Step("show the fuel maps as lambda trims, and look at the timing maps");
+    TDriver::Step("show the fuel maps as lambda trims, and look at the timing maps");
     driver.SelectTab("Fuel Maps");
     QWidget *page = window.GetPage(1);
     QTest::mouseClick(&driver.Find<QCheckBox>("chkInterpret", page), Qt::LeftButton, {},
@@ -80,7 +80,7 @@ void FirstChange(const TRoad &road) {
     driver.SelectTab("Timing Maps");
     road.Picture("2-timing-maps");
 
-    driver.Step("raise a cell of the part throttle fuel map to 0.99");
+    TDriver::Step("raise a cell of the part throttle fuel map to 0.99");
     driver.SelectTab("Fuel Maps");
     auto &grid = driver.Find<TStringAlignGrid>("grdPTMap", page);
     const TMap &map = *window.workspace.fuelMapSet.PTMap;
@@ -90,17 +90,17 @@ void FirstChange(const TRoad &road) {
     TypeIntoCell(grid, "0.99");
     road.Picture("3-cell-edited");
 
-    driver.Step("commit");
+    TDriver::Step("commit");
     driver.Click(driver.Find<QPushButton>("btnSavePT", page));
     TDriver::Expect(grid.FontColor(editedColumn, editedRow) == clWindowText,
                     "no cell waits for a commit");
     TDriver::Expect(ROMImage()->Peek(cellOffset) == after, "the image holds the new byte");
 
-    driver.Step("look at the fuel map as a chart");
+    TDriver::Step("look at the fuel map as a chart");
     driver.SelectTab("Graphical Fuel Maps");
     road.Picture("4-graphical-fuel-maps");
 
-    driver.Step("save as " + target);
+    TDriver::Step("save as " + target);
     driver.SelectTab("ROM Information");
     driver.ClickAndChooseFile(driver.Find<QPushButton>("btnSave", window.GetPage(0)), target);
     TDriver::Expect(window.windowTitle() == "Ferrolyn - " + target,

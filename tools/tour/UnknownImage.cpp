@@ -94,22 +94,22 @@ void UnknownImage(const TRoad &road) {
     TfrmNotebook &window = road.window;
     const QString source = road.roms.absoluteFilePath("FERRO64K.BIN");
 
-    driver.Step("load " + source);
+    TDriver::Step("load " + source);
     driver.ClickAndChooseFile(driver.Find<QPushButton>("btnLoad"), source);
     TDriver::Expect(window.windowTitle() == "Ferrolyn - " + source, "the caption names the file");
 
-    driver.Step("search it for part throttle maps");
+    TDriver::Step("search it for part throttle maps");
     driver.SelectTab("File Contents");
     TUnknownImage contents(road);
     contents.Search("Fuel - Part Throttle", "5-search");
     contents.Search("Timing - Part Throttle", {});
 
-    driver.Step("open what was found");
+    TDriver::Step("open what was found");
     contents.Menu({"Add Notebook Map", "All Highlighted"});
     TDriver::Expect(contents.HasTab("2-D Fuel Map at $B2C6"), "the fuel map has a page");
     TDriver::Expect(contents.HasTab("2-D Timing Map at $C91A"), "the timing map has a page");
 
-    driver.Step("look at the fuel map where it stands");
+    TDriver::Step("look at the fuel map where it stands");
     contents.ClickByte(fuelMap);
     driver.Click(driver.Find<QPushButton>("Button1", window.GetPage(contentsTab)));
     road.Picture("6-found");
@@ -118,7 +118,7 @@ void UnknownImage(const TRoad &road) {
     road.Picture("7-quick-map");
     TopLevel("frmQuickChart")->close();
 
-    driver.Step("find the maps with one axis, and give all six to their pages");
+    TDriver::Step("find the maps with one axis, and give all six to their pages");
     contents.Search("Fuel - WOT/Idle", {});
     contents.Search("Timing - WOT/Idle", {});
     for (const TPlace &place : places) {
@@ -129,11 +129,11 @@ void UnknownImage(const TRoad &road) {
     driver.SelectTab("2-D Fuel Map at $B2C6");
     road.Picture("8-added-page");
 
-    driver.Step("save their places");
+    TDriver::Step("save their places");
     driver.SelectTab("ROM Information");
     SaveSpec(road, road.roms.absoluteFilePath("FOUND.SPC"), "Found by myself");
 
-    driver.Step("load the image again with them");
+    TDriver::Step("load the image again with them");
     driver.ClickAndChooseFile(driver.Find<QPushButton>("btnLoad"), source);
     driver.ChooseItem("rdoROMtemplate", "Found by myself");
     TDriver::Expect(window.workspace.fuelMapSet.PTMap->GetLocation() == fuelMap,
