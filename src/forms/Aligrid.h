@@ -82,6 +82,9 @@ public:
     /// The alignment in force.
     TAlign AlignCell(int column, int row) const;
     void SetAlignCell(int column, int row, TAlign align);
+    /// What is set for this column or row itself.
+    std::optional<TAlign> AlignCol(int column) const { return PropCol(column).align; }
+    std::optional<TAlign> AlignRow(int row) const { return PropRow(row).align; }
     void SetAlignCol(int column, TAlign align);
     void SetAlignRow(int row, TAlign align);
 
@@ -123,8 +126,10 @@ public:
     int GridLineWidth() const;
     void SetGridLineWidth(int width);
     /// The last column takes up the room left.
+    bool AutoAdjustLastCol() const;
     void SetAutoAdjustLastCol(bool adjust);
     /// Otherwise the cells move when the scroll bar's handle is let go.
+    bool RedrawWhileScroll() const;
     void SetRedrawWhileScroll(bool redraw);
 
     /// Makes the grid exactly as large as its headers and its other rows and columns, at most

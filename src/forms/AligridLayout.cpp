@@ -73,9 +73,17 @@ void TStringAlignGrid::SetGridLineWidth(int width) {
     LayOut();
 }
 
+bool TStringAlignGrid::AutoAdjustLastCol() const {
+    return horizontalHeader()->stretchLastSection();
+}
+
 void TStringAlignGrid::SetAutoAdjustLastCol(bool adjust) {
     horizontalHeader()->setStretchLastSection(adjust);
     LayOut();
+}
+
+bool TStringAlignGrid::RedrawWhileScroll() const {
+    return verticalScrollBar()->hasTracking();
 }
 
 void TStringAlignGrid::SetRedrawWhileScroll(bool redraw) {

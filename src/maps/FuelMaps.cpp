@@ -3,6 +3,7 @@
 #include "forms/AligridColors.h"
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
+#include "maps/MapCellNames.h"
 #include "model/Numbers.h"
 
 #include <limits>
@@ -59,8 +60,7 @@ void TfrmFuelMaps::ShowPage() {
 void TfrmFuelMaps::ShowRevLimiter() {
     spnRevLimiter_->setValue(Round(FuelMapSet->revLimiter.GetValue()));
     SetRevColor(clWindowText);
-    spnRevLimiter_->setAccessibleDescription({});
-    RevChanged = false;
+    SetRevChanged(false);
 }
 
 void TfrmFuelMaps::SetRevColor(TColor color) {
@@ -82,13 +82,18 @@ void TfrmFuelMaps::TakeRevLimiter() {
     FuelMapSet->revLimiter.SetValue(spnRevLimiter_->value());
 }
 
+void TfrmFuelMaps::SetRevChanged(bool changed) {
+    RevChanged = changed;
+    spnRevLimiter_->setAccessibleDescription(changed ? MarkMeaning(clBlue) : QString());
+}
+
 bool TfrmFuelMaps::QueryClose() {
     CloseEditors();
     if ((AnyChanged() || RevChanged) && Dialogs().AskYesNo(tr("Commit Changes?")) == TAnswer::Yes) {
         CommitAll();
         if (RevChanged) {
             TakeRevLimiter();
-            RevChanged = false;
+            SetRevChanged(false);
             DataChanged = true;
         }
     }
@@ -98,8 +103,7 @@ bool TfrmFuelMaps::QueryClose() {
 
 void TfrmFuelMaps::spnRevLimiterChange() {
     SetRevColor(clBlue);
-    spnRevLimiter_->setAccessibleDescription(tr("edited, waiting for Commit"));
-    RevChanged = true;
+    SetRevChanged(true);
 }
 
 void TfrmFuelMaps::btnSavePTClick() {
@@ -107,15 +111,14 @@ void TfrmFuelMaps::btnSavePTClick() {
     // The text stays blue and DataChanged stays as it is; both are intended.
     if (FuelMapSet->HasRevLimiter())
         TakeRevLimiter();
-    spnRevLimiter_->setAccessibleDescription({});
-    RevChanged = false;
+    SetRevChanged(false);
 }
 
 void TfrmFuelMaps::btnResetPTClick() {
     TfrmMaps::btnResetPTClick();
     if (FuelMapSet->HasRevLimiter())
         ShowRevLimiter();
-    RevChanged = false;
+    SetRevChanged(false);
 }
 
 void TfrmFuelMaps::CopyFuel(TMapKind kind) {

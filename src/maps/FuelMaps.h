@@ -42,6 +42,8 @@ private:
     /// Gives the rev limiter's text that colour, as far as it is readable in the theme.
     void SetRevColor(TColor color);
     void TakeRevLimiter();
+    /// Sets RevChanged and tells screen readers of it.
+    void SetRevChanged(bool changed);
     void CopyFuel(TMapKind kind);
     void PasteFuel(TMapKind kind);
 

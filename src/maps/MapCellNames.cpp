@@ -15,8 +15,9 @@ QString PlaceOf(const TStringAlignGrid &grid, int column, int row) {
     return QCoreApplication::translate("MapCellNames", "%1 RPM, %2")
         .arg(grid.Cell(column, 0), grid.Cell(0, row));
 }
+} // namespace
 
-QString MeaningOf(TColor fontColor) {
+QString MarkMeaning(TColor fontColor) {
     switch (fontColor) {
     case clBlue:
         return QCoreApplication::translate("MapCellNames", "edited, waiting for Commit");
@@ -28,13 +29,12 @@ QString MeaningOf(TColor fontColor) {
         return {};
     }
 }
-} // namespace
 
 void NameMapCells(TStringAlignGrid &grid) {
     grid.OnCellPlace = [&grid](int column, int row, QString &place) {
         place = PlaceOf(grid, column, row);
     };
     grid.OnCellMeaning = [&grid](int column, int row, QString &meaning) {
-        meaning = MeaningOf(grid.FontColor(column, row));
+        meaning = MarkMeaning(grid.FontColor(column, row));
     };
 }

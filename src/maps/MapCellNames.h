@@ -2,7 +2,14 @@
 // a text means.
 #pragma once
 
+#include "model/MapViews.h"
+
+#include <QString>
+
 class TStringAlignGrid;
+
+/// What the colour of a text on a map page means; an empty text for one without a mark.
+QString MarkMeaning(TColor fontColor);
 
 /// Names the cells of a map page's grid, its axes' cells too.
 void NameMapCells(TStringAlignGrid &grid);

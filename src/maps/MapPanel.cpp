@@ -93,6 +93,7 @@ void TMapPanel::MakePanel() {
     NameMapCells(*grid);
     auto *offsetLabel = new QLabel(tr("offset"), panel);
     offsetLabel->setBuddy(offset);
+    offset->setAccessibleDescription(tr("A double-click or F2 makes it writable"));
     SetHint(offset, tr("Double-click to enter new offset to map"));
     if (traits.kind == TMapKind::PT)
         SetHint(grid, tr("Right-click for more options"));

@@ -5,8 +5,6 @@
 
 TOffsetEdit::TOffsetEdit(QWidget *parent, const QString &name) : TExitEdit(parent) {
     setObjectName(name);
-    setAccessibleName(tr("offset"));
-    setAccessibleDescription(tr("A double-click or F2 makes it writable"));
     SetWritable(false);
 }
 

@@ -39,8 +39,6 @@ void TfrmQuickChart::MakeControls() {
     QSizePolicy size = chart_->sizePolicy();
     size.setRetainSizeWhenHidden(true);
     chart_->setSizePolicy(size);
-    edtOffset_->setAccessibleName({});        // its label tells it
-    edtOffset_->setAccessibleDescription({}); // never writable here
     edtOffset_->setFixedWidth(edtOffset_->fontMetrics().horizontalAdvance("$FFFFFFFF") + 24);
     auto *label = new QLabel(tr("Offset"), pnlMain);
     label->setBuddy(edtOffset_);

@@ -108,6 +108,10 @@ TEST_F(TCellNamesTest, TheMarkOfTheRevLimiterIsTold) {
         OnPage<QPushButton>(end).click();
     }
     EXPECT_EQ(limiter.accessibleDescription(), "");
+    limiter.stepUp();
+    dialogs.answers = {TAnswer::Yes};
+    Page().QueryClose();
+    EXPECT_EQ(limiter.accessibleDescription(), "");
 }
 
 TEST_F(TCellNamesTest, AnOpenEditorSaysWhichCellItIs) {

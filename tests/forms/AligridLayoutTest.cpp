@@ -152,14 +152,18 @@ TEST_F(TShownGrid, RowsNeverResizeThemselves) {
 
 TEST_F(TShownGrid, LastColumnTakesTheRoomLeftWhenAsked) {
     const int before = grid.columnWidth(2);
+    EXPECT_FALSE(grid.AutoAdjustLastCol());
     grid.SetAutoAdjustLastCol(true);
+    EXPECT_TRUE(grid.AutoAdjustLastCol());
     EXPECT_GT(grid.columnWidth(2), before);
     grid.SetAutoAdjustLastCol(false);
     EXPECT_EQ(grid.columnWidth(2), before);
 }
 
 TEST_F(TShownGrid, ScrollingCanWaitForTheHandle) {
+    EXPECT_TRUE(grid.RedrawWhileScroll());
     grid.SetRedrawWhileScroll(false);
+    EXPECT_FALSE(grid.RedrawWhileScroll());
     EXPECT_FALSE(grid.verticalScrollBar()->hasTracking());
     grid.SetRedrawWhileScroll(true);
     EXPECT_TRUE(grid.verticalScrollBar()->hasTracking());

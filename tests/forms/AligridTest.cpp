@@ -91,12 +91,16 @@ TEST_F(TShownGrid, DefaultsOfTheGridComeLast) {
     EXPECT_EQ(grid.FontColor(1, 1), clRed);
     EXPECT_EQ(grid.AlignCell(1, 1), TAlign::Centre);
     grid.SetPropRow(1, {clBlack, clBlack, {}});
+    EXPECT_EQ(grid.AlignRow(1), std::nullopt);
     grid.SetAlignRow(1, TAlign::Left);
+    EXPECT_EQ(grid.AlignRow(1), TAlign::Left);
     EXPECT_EQ(grid.CellColor(1, 1), clBlack);
     EXPECT_EQ(grid.AlignCell(1, 1), TAlign::Left);
     EXPECT_EQ(grid.PropRow(1), (TCellProperties{clBlack, clBlack, TAlign::Left}));
     grid.SetPropCol(1, {clWhite, {}, {}});
+    EXPECT_EQ(grid.AlignCol(1), std::nullopt);
     grid.SetAlignCol(1, TAlign::Right);
+    EXPECT_EQ(grid.AlignCol(1), TAlign::Right);
     EXPECT_EQ(grid.CellColor(1, 1), clWhite);
     EXPECT_EQ(grid.FontColor(1, 1), clBlack);
     EXPECT_EQ(grid.AlignCell(1, 1), TAlign::Right);
