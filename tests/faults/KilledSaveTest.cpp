@@ -122,7 +122,7 @@ private:
 };
 
 TEST_F(TKilledSaver, LeavesWholeFilesAndNoPileOfRemains) {
-    constexpr int enoughToHit = 50; // about four in five of them hit a save on its way
+    constexpr int enoughToHit = 50; // about one in five hits a save on its way
     const int kills = KillCount();
     int withRemains = 0;
     for (int i = 0; i < kills; ++i) {
