@@ -88,6 +88,19 @@ std::optional<std::int32_t> ParseDecimal(std::string_view digits, bool negative)
     return static_cast<std::int32_t>(negative ? -magnitude : magnitude);
 }
 
+/// Whether `plain`, a number with a point, with a digit other than 0 and outside a double's range,
+/// is too small for it. It is too large otherwise.
+bool IsTooSmall(std::string_view plain) {
+    const std::size_t mark = std::min(plain.find('e'), plain.size());
+    const std::string_view exponent = plain.substr(std::min(mark + 1, plain.size()));
+    std::int32_t power = 0;
+    const auto error = std::from_chars(exponent.begin(), exponent.end(), power).ec;
+    if (error == std::errc::result_out_of_range)
+        return exponent.starts_with('-');
+    const auto place = [&](std::size_t at) { return static_cast<std::int64_t>(at); };
+    return place(plain.find('.')) - place(plain.find_first_of("123456789")) + power <= 0;
+}
+
 enum class THexForms { DollarOnly, DollarAndC };
 
 std::optional<std::int32_t> ParseIntegerText(std::string_view text, THexForms forms) {
@@ -192,9 +205,9 @@ std::optional<double> TryParseReal(std::string_view text) {
     const bool digitsSeen = !whole.empty() || !decimals.empty();
     if (!digitsSeen || !TakeExponent(text, plain) || !text.empty())
         return std::nullopt;
-    double value = 0.0;
+    double value = 0.0; // stays so for what is outside a double's range
     const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
-    return result.ec == std::errc{} ? std::optional(value) : std::nullopt;
+    return result.ec == std::errc{} || IsTooSmall(plain) ? std::optional(value) : std::nullopt;
 }
 
 double ParseReal(std::string_view text) {

@@ -20,7 +20,8 @@ std::optional<std::int32_t> TryRound(double value);
 std::int32_t Round(double value);
 
 /// Reads a real number: blanks around, sign, digits with at most one decimal separator, exponent.
-/// No "nan", "inf", hexadecimal or grouped digits. Nothing for any other text.
+/// No "nan", "inf", hexadecimal or grouped digits. One too small for a double is 0. Nothing for any
+/// other text, one too large for a double included.
 std::optional<double> TryParseReal(std::string_view text);
 
 /// As TryParseReal; throws EConvertError "'abc' is not a valid floating point value".

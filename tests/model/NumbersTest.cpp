@@ -69,6 +69,28 @@ TEST_F(TNumbersTest, ReadsRealNumbers) {
         EXPECT_EQ(TryParseReal(text), std::optional(value)) << text;
 }
 
+TEST_F(TNumbersTest, ReadsWhatIsTooSmallForADoubleAs0) {
+    const std::string zeros(400, '0');
+    for (const std::string &text :
+         {std::string("1e-400"), std::string("-1e-400"), std::string("2.4e-324"),
+          "0." + zeros + "1", "1" + zeros + "e-800", "0." + zeros + zeros + "9e+400",
+          std::string("1e-99999999999999999999"), std::string("0e-400")})
+        EXPECT_EQ(TryParseReal(text), std::optional(0.0)) << text;
+    EXPECT_EQ(TryParseReal("5e-324"), std::numeric_limits<double>::denorm_min());
+    EXPECT_EQ(TryParseReal("0." + zeros + "1e+401"), std::optional(1.0)) << "not small at all";
+    EXPECT_EQ(TryParseReal("0e99999999999999999999"), std::optional(0.0));
+}
+
+TEST_F(TNumbersTest, RefusesWhatIsTooLargeForADouble) {
+    const std::string zeros(400, '0');
+    for (const std::string &text :
+         {std::string("1e400"), std::string("-1e400"), std::string("1.8e308"), "1" + zeros,
+          "1" + zeros + ".5", "0." + zeros + "1e800", "1" + zeros + zeros + "e-400",
+          std::string("1e99999999999999999999")})
+        EXPECT_EQ(TryParseReal(text), std::nullopt) << text;
+    EXPECT_EQ(TryParseReal("1.7976931348623157e308"), std::numeric_limits<double>::max());
+}
+
 TEST_F(TNumbersTest, RefusesWhatIsNoRealNumber) {
     for (const char *text : {"",      " ",   ".",   "-",    "+",        "e5",   "1e",  "1e+",
                              "abc",   "nan", "inf", "-INF", "infinity", "0x10", "$10", "1,000",

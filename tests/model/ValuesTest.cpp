@@ -80,6 +80,8 @@ TEST_F(TValuesTest, RoundEntriesToCountsWithTiesToEven) {
     EXPECT_EQ(StoredFor<TRPMVal>(6540), 164) << "163.5 goes up to the even one";
     EXPECT_EQ(StoredFor<TThrVal>(50), 125);
     EXPECT_EQ(StoredFor<TFuelVal>(0.996), 127);
+    EXPECT_EQ(StoredFor<TFuelVal>(1.50390625), 192) << "192.5 goes down to the even one";
+    EXPECT_EQ(StoredFor<TFuelVal>(1.51171875), 194) << "193.5 goes up to the even one";
     EXPECT_EQ(StoredFor<TTimingVal>(30), 59);
     EXPECT_EQ(StoredFor<TVal>(2.5), 2);
     EXPECT_EQ(StoredFor<TMapPointerVal>(1000.4), 1000);
