@@ -9,18 +9,18 @@
 #include <QApplication>
 
 namespace {
-void LookUpNetworkFunctions() {
+TNetFunctions LookUpNetworkFunctions() {
     TLibraryLoader loader;
 #ifdef Q_OS_WIN
-    LoadNetworkFunctions(loader, true);
+    return LoadNetworkFunctions(loader, true);
 #else
-    LoadNetworkFunctions(loader, false);
+    return LoadNetworkFunctions(loader, false);
 #endif
 }
 } // namespace
 
 int main(int argc, char **argv) {
-    LookUpNetworkFunctions();
+    const TNetFunctions networkFunctions = LookUpNetworkFunctions();
     const std::unique_ptr<IWindowFinder> finder = DesktopWindowFinder();
     TSingleInstanceGuard guard(*finder);
     if (guard.Check() == TStart::End)
@@ -37,6 +37,7 @@ int main(int argc, char **argv) {
     guard.Release();
     if (!created)
         return 1;
+    TellOfMissingFunctions(networkFunctions); // keeps no other copy waiting
     window->show();
     return QApplication::exec();
 }

@@ -34,7 +34,11 @@ TNetFunctions LoadNetworkFunctions(ILibraryLoader &loader, bool ntFamily) {
         return functions;
     for (const char *name : FunctionNames(ntFamily))
         functions[name] = loader.Resolve(name);
-    if (ntFamily && !functions["NetFileClose"])
-        ShowModelMessage(Translated("NetUtils", "Could not locate NTNetFileClose"));
     return functions;
+}
+
+void TellOfMissingFunctions(const TNetFunctions &functions) {
+    const auto closing = functions.find("NetFileClose"); // looked up in the NT family alone
+    if (closing != functions.end() && !closing->second)
+        ShowModelMessage(Translated("NetUtils", "Could not locate NTNetFileClose"));
 }

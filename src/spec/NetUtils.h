@@ -30,7 +30,11 @@ private:
 /// Name and address; null for a name that the library does not have.
 using TNetFunctions = std::map<std::string, QFunctionPointer>;
 
-/// Looks up the functions of "NETAPI32.DLL" or, outside the NT family, of "SVRAPI.DLL". A missing
-/// NetFileClose of the NT family is told to the user; a library that cannot be loaded is ignored
-/// and gives no functions.
+/// Looks up the functions of "NETAPI32.DLL" or, outside the NT family, of "SVRAPI.DLL". A library
+/// that cannot be loaded is ignored and gives no functions. Says nothing: it runs before there is
+/// an application to show messages.
 TNetFunctions LoadNetworkFunctions(ILibraryLoader &loader, bool ntFamily);
+
+/// Tells the user when the library of the NT family has no NetFileClose; of nothing else. Runs once
+/// messages can be seen.
+void TellOfMissingFunctions(const TNetFunctions &functions);

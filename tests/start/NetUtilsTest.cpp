@@ -1,6 +1,8 @@
 #include "spec/NetUtils.h"
 
 #include "model/Messages.h"
+#include "spec/Application.h"
+#include "support/FakeDialogs.h"
 
 #include <algorithm>
 #include <set>
@@ -63,6 +65,8 @@ TEST_P(NetUtils, LooksUpTheFamilysFunctions) {
     EXPECT_EQ(loader.loaded,
               std::vector<std::string>{net.ntFamily ? "NETAPI32.DLL" : "SVRAPI.DLL"});
     EXPECT_EQ(loader.lookedUp, net.lookedUp);
+    EXPECT_EQ(messages_, std::vector<std::string>{}) << "nobody could see it yet";
+    TellOfMissingFunctions(functions);
     EXPECT_EQ(messages_, net.messages);
     EXPECT_EQ(functions.size(), net.lookedUp.size());
     for (const auto &[name, function] : functions)
@@ -90,6 +94,18 @@ INSTANTIATE_TEST_SUITE_P(
                              {}},
                     TNetCase{"OtherLibraryMissing", false, {"NETAPI32.DLL"}, {}, {}, {}}),
     [](const auto &net) { return net.param.name; });
+
+TEST(NetUtilsStart, WhatWasMissingBeforeTheApplicationIsToldOnceItIsSetUp) {
+    const TNetCase net{"", true, {"NETAPI32.DLL"}, {"NetFileClose"}, {}, {}};
+    TFakeLoader loader(net);
+    const TMessageHook before = SetMessageHook({}); // as when the program starts
+    const TNetFunctions functions = LoadNetworkFunctions(loader, true);
+    TFakeDialogs dialogs;
+    SetUpApplication();
+    TellOfMissingFunctions(functions);
+    EXPECT_EQ(dialogs.messages, QStringList{"Could not locate NTNetFileClose"});
+    SetMessageHook(before);
+}
 
 TEST(LibraryLoader, LoadsWhatThePlatformHas) {
     TLibraryLoader loader;
