@@ -2,12 +2,21 @@
 
 #include "forms/QtDialogs.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 namespace {
 IDialogs *dialogsInForce = nullptr;
 }
 
 TSaveDialog::TSaveDialog(QObject *page, const QString &name) : QObject(page) {
     setObjectName(name);
+}
+
+QString TSaveDialog::OfferedName() const {
+    const bool offered = fileName.endsWith(defaultExt, Qt::CaseInsensitive) &&
+                         QFileInfo(fileName).absoluteDir() == QDir::current();
+    return offered ? QFileInfo(fileName).fileName() : QString();
 }
 
 bool TSaveDialog::Execute() {

@@ -19,8 +19,13 @@ public:
     QString filter;     ///< "Description (*.EXT)|*.EXT"
     QString fileName;   ///< full path last confirmed; kept when the dialog is cancelled
 
-    /// Runs the dialog; true and a new `fileName` when the user confirmed. Does not ask about
-    /// overwriting.
+    /// What the dialog offers in its name box: `fileName` where it ends in `defaultExt`, in any
+    /// letter case, and lies in the current folder, else nothing. A name that was confirmed for
+    /// another kind of file or in another folder would be written over by mistake.
+    QString OfferedName() const;
+
+    /// Runs the dialog in the process's current folder; true and a new `fileName` when the user
+    /// confirmed. Does not ask about overwriting.
     bool Execute();
 };
 

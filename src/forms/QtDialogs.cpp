@@ -106,8 +106,9 @@ bool TQtDialogs::RunSaveDialog(TSaveDialog &save) {
     Prepare(dialog, save.filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(save.defaultExt);
-    if (!save.fileName.isEmpty())
-        dialog.selectFile(save.fileName);
+    dialog.setDirectory(QDir::currentPath());
+    if (const QString offered = save.OfferedName(); !offered.isEmpty())
+        dialog.selectFile(offered);
     const QString name = Chosen(dialog);
     if (name.isEmpty())
         return false;

@@ -47,9 +47,19 @@ void Type(QFileDialog &dialog, const QString &name) {
 class QtDialogs : public testing::Test {
 protected:
     QtDialogs() { QApplication::setApplicationName("Dialog Test"); }
+    ~QtDialogs() override { QDir::setCurrent(oldFolder_); }
+
+    /// Makes a folder in the test's own and gives its path.
+    QString Folder(const QString &name) {
+        EXPECT_TRUE(QDir(folder.path()).mkpath(name));
+        return folder.filePath(name);
+    }
 
     TQtDialogs dialogs;
     QTemporaryDir folder;
+
+private:
+    const QString oldFolder_ = QDir::currentPath();
 };
 
 struct TAnswerCase {
@@ -195,6 +205,7 @@ TEST_F(QtDialogs, TheSaveDialogAddsItsExtensionAndRemembersTheName) {
     save.filter = "ROM Image (*.BIN)|*.BIN";
     save.defaultExt = ".BIN";
     save.fileName = folder.filePath("old.BIN");
+    QDir::setCurrent(folder.path());
     WhenOpen<QFileDialog>([](QFileDialog &dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Save ROM Image");
         EXPECT_EQ(dialog.findChild<QLineEdit *>("fileNameEdit")->text(), "old.BIN");
@@ -204,6 +215,52 @@ TEST_F(QtDialogs, TheSaveDialogAddsItsExtensionAndRemembersTheName) {
     EXPECT_TRUE(dialogs.RunSaveDialog(save));
     EXPECT_EQ(save.fileName, QDir::toNativeSeparators(folder.filePath("new.BIN")));
 }
+
+struct TOffer {
+    const char *name;
+    const char *remembered; ///< below the test's folder; the current one is "here"
+    const char *defaultExt;
+    const char *offered;
+};
+class SaveDialogOffer : public QtDialogs, public testing::WithParamInterface<TOffer> {};
+
+TEST_P(SaveDialogOffer, IsANameOfItsOwnKindInTheCurrentFolder) {
+    const QString here = Folder("here");
+    Folder("there");
+    for (const char *name : {"here/A.BIN", "there/A.BIN"})
+        Touch(folder.filePath(name));
+    // Where the toolkit's dialog was last is of no account.
+    WhenOpen<QFileDialog>([](QFileDialog &dialog) { Type(dialog, "A.BIN"); });
+    EXPECT_NE(dialogs.OpenFile("ROM Image (*.BIN)|*.BIN", folder.filePath("there")), "");
+    QDir::setCurrent(here);
+    TSaveDialog save(nullptr, "SaveDialog1");
+    save.defaultExt = GetParam().defaultExt;
+    if (*GetParam().remembered)
+        save.fileName = folder.filePath(GetParam().remembered);
+    EXPECT_EQ(save.OfferedName(), GetParam().offered);
+    WhenOpen<QFileDialog>([&](QFileDialog &dialog) {
+        EXPECT_EQ(dialog.directory(), QDir(here));
+        EXPECT_EQ(dialog.findChild<QLineEdit *>("fileNameEdit")->text(), GetParam().offered);
+        Type(dialog, "A.BIN");
+    });
+    EXPECT_TRUE(dialogs.RunSaveDialog(save));
+    EXPECT_EQ(save.fileName, QDir::toNativeSeparators(folder.filePath("here/A.BIN")));
+    EXPECT_EQ(QDir::current(), QDir(here));
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, SaveDialogOffer,
+                         testing::Values(TOffer{"Nothing", "", ".BIN", ""},
+                                         TOffer{"Own", "here/B.BIN", ".BIN", "B.BIN"},
+                                         TOffer{"OwnInSmallLetters", "here/B.bin", ".BIN", "B.bin"},
+                                         TOffer{"Spec", "here/B.SPC", ".SPC", "B.SPC"},
+                                         TOffer{"SpecForImage", "here/B.SPC", ".BIN", ""},
+                                         TOffer{"ImageForSpec", "here/B.BIN", ".SPC", ""},
+                                         TOffer{"OtherEnding", "here/B.BIN.old", ".BIN", ""},
+                                         TOffer{"NoEnding", "here/BIN", ".BIN", ""},
+                                         TOffer{"OtherFolder", "there/A.BIN", ".BIN", ""},
+                                         TOffer{"FolderAbove", "A.BIN", ".BIN", ""},
+                                         TOffer{"FolderThatHasGone", "gone/A.BIN", ".BIN", ""}),
+                         [](const auto &offer) { return std::string(offer.param.name); });
 
 TEST_F(QtDialogs, ACancelledSaveDialogKeepsTheName) {
     QObject page;
@@ -216,6 +273,7 @@ TEST_F(QtDialogs, ACancelledSaveDialogKeepsTheName) {
 
 TEST_F(QtDialogs, TheSaveDialogDoesNotAskAboutOverwriting) {
     Touch(folder.filePath("old.BIN"));
+    QDir::setCurrent(folder.path());
     QObject page;
     TSaveDialog save(&page, "SaveDialog1");
     save.fileName = folder.filePath("old.BIN");

@@ -186,11 +186,29 @@ TEST_F(TROMInfoSaveTest, CancelAfterAnEarlierSaveAsksAboutTheRememberedName) {
     dialogs.answers = {TAnswer::Yes, TAnswer::No};
     dialogs.saves = {""};
     EXPECT_FALSE(page->QuerySave());
-    EXPECT_EQ(dialogs.saveDialogs.back(),
-              "Save ROM File|Binary Data (*.BIN)|*.BIN|.BIN|" + Name(folder / "B.BIN"));
+    EXPECT_EQ(dialogs.saveDialogs.back(), "Save ROM File|Binary Data (*.BIN)|*.BIN|.BIN|B.BIN");
     EXPECT_EQ(dialogs.questions, (QStringList{"Save Changes?", overwrite}));
     EXPECT_EQ(dialogs.messages, QStringList{"Save unsuccessful"});
     EXPECT_EQ(GetFile(folder / "B.BIN"), first);
+}
+
+TEST_F(TROMInfoSaveTest, AfterALoadFromAnotherFolderNoNameIsOffered) {
+    fs::create_directory(folder / "other");
+    const fs::path same = folder / "other" / "A.BIN";
+    PutFile(same, original);
+    Edit();
+    dialogs.answers = {TAnswer::Yes};
+    Save(rom);
+    Load(same);
+    dialogs.answers = {TAnswer::No, TAnswer::No};
+    Save("");
+    EXPECT_TRUE(dialogs.saveDialogs.back().endsWith("|.BIN|"))
+        << "not the file in the other folder";
+    EXPECT_EQ(dialogs.questions.back(), overwrite) << "the remembered one all the same";
+    Load(rom);
+    dialogs.answers = {TAnswer::No};
+    Save("");
+    EXPECT_TRUE(dialogs.saveDialogs.back().endsWith("|.BIN|A.BIN")) << "back in its folder";
 }
 
 TEST_F(TROMInfoSaveTest, CancelAsksNothingWhenTheRememberedFileIsGone) {

@@ -128,17 +128,30 @@ TEST_F(TSaveSpecTest, AFullDiskLeavesTheOldSpec) {
     EXPECT_EQ(Text(target), "; Old\n");
 }
 
-TEST_F(TSaveSpecTest, OneDialogServesBothAndRemembersItsName) {
+TEST_F(TSaveSpecTest, OneDialogServesBothAndOffersItsNameToItsOwnKind) {
     other->DataChanged = true;
     page->ShowPage();
     dialogs.saves = {Name(folder / "B.BIN")};
     Button("btnSave").click();
     dialogs.answers = {TAnswer::Yes};
     SaveSpec("");
-    EXPECT_EQ(dialogs.saveDialogs.back(),
-              "Save ROM Spec File|Spec Files (*.SPC)|*.SPC|.SPC|" + Name(folder / "B.BIN"));
+    EXPECT_EQ(dialogs.saveDialogs.back(), "Save ROM Spec File|Spec Files (*.SPC)|*.SPC|.SPC|")
+        << "no image's name";
     EXPECT_EQ(dialogs.questions, QStringList{overwrite});
     EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '': No such file or directory"});
     EXPECT_EQ(GetFile(folder / "B.BIN"), GetFile(rom));
+}
+
+TEST_F(TSaveSpecTest, ASpecsNameIsOfferedForTheNextSpecOnly) {
+    other->DataChanged = true;
+    page->ShowPage();
+    dialogs.inputs = {QString()};
+    SaveSpec(folder / "NEW.spc");
+    dialogs.answers = {TAnswer::No, TAnswer::No};
+    SaveSpec("");
+    EXPECT_TRUE(dialogs.saveDialogs.back().endsWith("|.SPC|NEW.spc")) << "in any letter case";
+    dialogs.saves = {""};
+    Button("btnSave").click();
+    EXPECT_TRUE(dialogs.saveDialogs.back().endsWith("|.BIN|")) << "or the spec were lost";
 }
 } // namespace

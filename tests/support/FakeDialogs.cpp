@@ -55,7 +55,7 @@ QString TFakeDialogs::OpenFile(const QString &filter, const QString &initialDir)
 
 bool TFakeDialogs::RunSaveDialog(TSaveDialog &dialog) {
     saveDialogs << dialog.title + "|" + dialog.filter + "|" + dialog.defaultExt + "|" +
-                       dialog.fileName;
+                       dialog.OfferedName();
     const QString name = Take(saves, dialog.title, QString());
     if (name.isEmpty())
         return false;
