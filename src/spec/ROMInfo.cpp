@@ -8,7 +8,6 @@
 #include "spec/IniFile.h"
 #include "spec/offsetentry.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <exception>
 #include <optional>
@@ -148,8 +147,9 @@ void TfrmROMInformation::SetCaption(bool withFile) {
 void TfrmROMInformation::ShowStatus() {
     statusPanels_[0]->ShowText(FromPath(romFileName_));
     QLabel &size = *statusPanels_[1];
+    size.setMinimumWidth(panelWidths[1]); // or the hint would be that of a longer text before
     size.setText(tr("%L1 bytes").arg(ROMImage()->size));
-    size.setFixedWidth(std::max(size.width(), size.sizeHint().width())); // in large fonts too
+    size.setFixedWidth(size.sizeHint().width()); // more in large fonts
 }
 
 void TfrmROMInformation::SetROMFileName(const fs::path &name) {

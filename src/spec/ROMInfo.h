@@ -72,6 +72,8 @@ protected:
     void FormHide() override;
 
 private:
+    static constexpr std::array<int, 3> panelWidths{500, 80, 50}; ///< of StatusBar1
+
     void MakeControls();
     void ConnectControls();
     QGroupBox *MakeROMGroup();

@@ -108,7 +108,6 @@ QWidget *TfrmROMInformation::MakeAbout() {
 }
 
 QStatusBar *TfrmROMInformation::MakeStatusBar() {
-    constexpr std::array<int, 3> widths{500, 80, 50};
     constexpr std::array<const char *, 3> meanings{QT_TR_NOOP("Name of the ROM file"),
                                                    QT_TR_NOOP("Size of the image"), nullptr};
     auto *bar = new QStatusBar(this);
@@ -117,7 +116,7 @@ QStatusBar *TfrmROMInformation::MakeStatusBar() {
     bar->setSizeGripEnabled(false);
     for (std::size_t i = 0; i < statusPanels_.size(); ++i) {
         statusPanels_[i] = new TElidedLabel(bar);
-        statusPanels_[i]->setFixedWidth(widths[i]);
+        statusPanels_[i]->setFixedWidth(panelWidths[i]);
         statusPanels_[i]->setAccessibleDescription(tr(meanings[i]));
         bar->addWidget(statusPanels_[i]);
     }

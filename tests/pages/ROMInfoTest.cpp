@@ -280,6 +280,30 @@ TEST_F(TROMInfoTest, TheStatusBarHasThreePanels) {
     EXPECT_EQ(widths, (QList<int>{500, 80, 50}));
 }
 
+TEST_F(TROMInfoTest, ThePanelOfTheSizeIsAsWideAsItsTextNeedsAndNoWider) {
+    QLabel &size = *Find<QStatusBar>("StatusBar1")
+                        .findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly)[1];
+    QFont large = size.font();
+    large.setPointSize(30);
+    size.setFont(large);
+    const fs::path small = folder / "SMALL.BIN";
+    PutFile(small, {1});
+    Load(small);
+    const int before = size.width();
+    EXPECT_EQ(before, qMax(80, size.sizeHint().width()));
+    fs::resize_file(small, TROMImage::capacity);
+    Load(small);
+    EXPECT_EQ(size.text(), "1,048,576 bytes");
+    EXPECT_EQ(size.width(), size.sizeHint().width());
+    EXPECT_GT(size.width(), before);
+    fs::resize_file(small, 1);
+    Load(small);
+    EXPECT_EQ(size.width(), before) << "as wide as before the long text";
+    size.setFont(page->font());
+    Load(small);
+    EXPECT_EQ(size.width(), 80);
+}
+
 TEST_F(TROMInfoTest, TheAboutLinesAreShown) {
     EXPECT_EQ(Find<QLabel>("Label1").text(), "Ferrolyn");
     for (const char *name : {"Label2", "Label3"})
