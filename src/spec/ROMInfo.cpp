@@ -5,12 +5,11 @@
 #include "model/Errors.h"
 #include "model/ROMTypes.h"
 #include "model/SafeFile.h"
-#include "spec/IniFile.h"
+#include "spec/MappingChoice.h"
 #include "spec/offsetentry.h"
 
 #include <cstdint>
 #include <exception>
-#include <optional>
 #include <system_error>
 #include <vector>
 
@@ -88,6 +87,7 @@ void TfrmROMInformation::ShowPage() {
 
 void TfrmROMInformation::ScanSpecDirectory() {
     rdoROMtemplate_->Clear();
+    templateIndex_ = -1;
     const TSpecScan scan = ScanSpecFiles(CurrentFolder(romFileName_));
     specTable_ = scan.entries;
     for (const TSpecEntry &entry : specTable_)
@@ -103,27 +103,20 @@ void TfrmROMInformation::ScanSpecDirectory() {
 }
 
 void TfrmROMInformation::LoadSpec(const fs::path &fileName) {
-    std::exception_ptr error;
-    try {
-        const TIniFile ini = TIniFile::Load(fileName);
-        if (PlaceFromSpec(ini, workspace_.fuelMapSet, workspace_.timingMapSet))
-            currentSpecFileName_ = fileName;
-        ReadTimingConstants(ini);
-    } catch (...) {
-        error = std::current_exception();
-    }
+    const TSpecReading reading = ReadSpec(fileName, workspace_);
+    if (reading.placed)
+        currentSpecFileName_ = fileName;
     // Whatever happened the image is read again, and the maps are not placed again after it:
     // intended.
     ApplyROM();
-    if (error)
-        std::rethrow_exception(error);
+    if (reading.error)
+        std::rethrow_exception(reading.error);
 }
 
 void TfrmROMInformation::ApplyROM() {
     btnSaveSpec_->setEnabled(false);
-    const bool inForce = templateIndex_ >= 0 && templateIndex_ <= LastItemIndex();
+    const bool inForce = MappingTypeOf(templateIndex_, LastItemIndex()) != TMappingType::None;
     if (inForce && MayExist(romFileName_)) {
-        saveFileName_.clear();
         ROMImage()->LoadFromFile(romFileName_);
         SetCaption(true);
         loaded_ = true;
@@ -185,19 +178,23 @@ void TfrmROMInformation::btnLoadClick() {
 }
 
 void TfrmROMInformation::rdoROMtemplateClick() {
-    const int item = rdoROMtemplate_->ItemIndex();
-    templateIndex_ = item;
-    if (item < 0) {
-        workspace_.fuelMapSet.ZeroMaps();
-        workspace_.timingMapSet.ZeroMaps();
-    } else if (item <= LastSpecIndex()) {
-        LoadSpec(specTable_[static_cast<std::size_t>(item)].path);
-    } else if (!EnterOffsets()) {
-        rdoROMtemplate_->SetItemIndex(-1);
-        templateIndex_ = -1;
-        return;
+    templateIndex_ = rdoROMtemplate_->ItemIndex();
+    const TMappingType type = MappingTypeOf(templateIndex_, LastItemIndex());
+    switch (type) {
+    case TMappingType::None:
+        ZeroBothSets(workspace_);
+        break;
+    case TMappingType::Spec:
+        LoadSpec(specTable_[static_cast<std::size_t>(templateIndex_)].path);
+        break;
+    case TMappingType::Manual:
+        if (!EnterOffsets()) {
+            // Only the selection goes: the recorded index keeps the image in force. Intended.
+            rdoROMtemplate_->SetItemIndex(-1);
+            return;
+        }
     }
-    btnOffsetEntry_->setEnabled(item == LastItemIndex());
+    btnOffsetEntry_->setEnabled(type == TMappingType::Manual);
 }
 
 bool TfrmROMInformation::QuerySave() {
@@ -213,29 +210,31 @@ bool TfrmROMInformation::QuerySave() {
 }
 
 bool TfrmROMInformation::SaveROM() {
-    saveFileName_.clear();
-    dlgSave_->defaultExt = ".BIN";
-    dlgSave_->title = tr("Save ROM File");
-    dlgSave_->filter = ROMFilter();
-    if (dlgSave_->Execute())
-        saveFileName_ = ToPath(dlgSave_->fileName);
-    const bool result = MayWrite(!saveFileName_.empty());
-    if (result)
-        WriteROM();
-    saveFileName_.clear();
-    return result;
+    const std::optional<fs::path> target = ChooseTarget(".BIN", tr("Save ROM File"), ROMFilter());
+    if (target)
+        WriteROM(*target);
+    return target.has_value();
 }
 
-bool TfrmROMInformation::MayWrite(bool confirmed) {
+std::optional<fs::path> TfrmROMInformation::ChooseTarget(const QString &defaultExt,
+                                                         const QString &title,
+                                                         const QString &filter) {
+    dlgSave_->defaultExt = defaultExt;
+    dlgSave_->title = title;
+    dlgSave_->filter = filter;
+    const bool confirmed = dlgSave_->Execute();
     // The dialog keeps its last name when it is cancelled, so that this may ask about an earlier
     // target; "Yes" then goes on without a name and ends in the file error. Intended.
-    if (!MayExist(ToPath(dlgSave_->fileName)))
-        return confirmed;
-    return Dialogs().AskYesNo(tr("Overwrite existing file?")) == TAnswer::Yes;
+    const fs::path named = ToPath(dlgSave_->fileName);
+    const bool write = MayExist(named)
+                           ? Dialogs().AskYesNo(tr("Overwrite existing file?")) == TAnswer::Yes
+                           : confirmed;
+    if (!write)
+        return std::nullopt;
+    return confirmed ? named : fs::path();
 }
 
-void TfrmROMInformation::WriteROM() {
-    const fs::path target = saveFileName_;
+void TfrmROMInformation::WriteROM(const fs::path &target) {
     const std::optional<TBytes> copied = CopyToNewFile(romFileName_, target);
     try {
         workspace_.fuelMapSet.SaveAll();
@@ -252,12 +251,9 @@ void TfrmROMInformation::WriteROM() {
 }
 
 void TfrmROMInformation::btnSaveSpecClick() {
-    dlgSave_->defaultExt = ".SPC";
-    dlgSave_->title = tr("Save ROM Spec File");
-    dlgSave_->filter = tr("Spec Files (*.SPC)|*.SPC");
-    const bool confirmed = dlgSave_->Execute();
-    if (MayWrite(confirmed))
-        WriteSpec(confirmed ? ToPath(dlgSave_->fileName) : fs::path());
+    if (const std::optional<fs::path> target =
+            ChooseTarget(".SPC", tr("Save ROM Spec File"), tr("Spec Files (*.SPC)|*.SPC")))
+        WriteSpec(*target);
 }
 
 void TfrmROMInformation::WriteSpec(const fs::path &target) {
@@ -286,6 +282,6 @@ bool TfrmROMInformation::EnterOffsets() {
     TfrmOffsetEntry dialog(window(), workspace_);
     if (dialog.exec() != QDialog::Accepted)
         return false;
-    dialog.PlaceMaps();
+    PlaceByHand(dialog.Typed(), workspace_);
     return true;
 }

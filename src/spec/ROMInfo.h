@@ -11,6 +11,7 @@
 
 #include <array>
 #include <filesystem>
+#include <optional>
 
 #include <QGroupBox>
 #include <QLabel>
@@ -31,7 +32,8 @@ public:
     /// data.
     void ShowPage() override;
 
-    /// Rebuilds the spec table and the items of "Set Mapping Type"; leaves none selected.
+    /// Rebuilds the spec table and the items of "Set Mapping Type"; leaves none selected or
+    /// recorded.
     void ScanSpecDirectory();
     /// Places the map sets from a spec file, reads the timing constants, then always runs ApplyROM.
     /// @throws EConvertError for a bad rev limiter offset or timing constant, after ApplyROM has
@@ -53,8 +55,8 @@ public:
     void btnSaveClick() { SaveROM(); }
     void btnSaveSpecClick();
     void btnOffsetEntryClick();
-    /// Runs the choice that stands in "Set Mapping Type"; -1 (none) sets every cell of both sets to
-    /// zero.
+    /// Runs the choice that stands in "Set Mapping Type" and records it; see MappingChoice.h. After
+    /// an error, and after Cancel in the offset entry, "Manual Offsets" keeps its state.
     void rdoROMtemplateClick();
     void tmrThanksTimer();
 
@@ -84,22 +86,24 @@ private:
     /// The result of the open dialog; the current file when it is cancelled, empty when there is
     /// none.
     std::filesystem::path ChooseROMFile();
-    /// Whether to write after the save dialog, `confirmed` or cancelled: the file that it names
-    /// does not exist, or the user agreed to overwrite what exists or cannot be looked at.
-    bool MayWrite(bool confirmed);
-    void WriteROM();
+    /// Runs the save dialog. The name to write under; nothing when the user backed out of the
+    /// dialog or of overwriting what exists or cannot be looked at. Empty after a cancelled dialog
+    /// whose earlier target is to be overwritten.
+    std::optional<std::filesystem::path> ChooseTarget(const QString &defaultExt,
+                                                      const QString &title, const QString &filter);
+    void WriteROM(const std::filesystem::path &target);
     /// Asks for the label; leaves nothing of a new file when it fails.
     void WriteSpec(const std::filesystem::path &target);
-    /// The manual offset dialog; false when it was left by anything but OK.
+    /// The manual offset dialog, then places the maps; false when it was left by anything but OK.
+    /// @throws EConvertError for a text that is no integer
     bool EnterOffsets();
 
     TWorkspace &workspace_;
     std::vector<TSpecEntry> specTable_;
     std::filesystem::path romFileName_;
-    int templateIndex_ = -1;
+    int templateIndex_ = -1; ///< recorded by the last choice; a scan sets it to -1
     std::filesystem::path currentSpecFileName_;
-    std::filesystem::path saveFileName_; ///< target of the save in progress; empty between saves
-    bool loaded_ = false;                ///< ApplyROM has loaded an image
+    bool loaded_ = false; ///< ApplyROM has loaded an image
     int creditIndex_ = 0;
 
     QPushButton *btnLoad_;

@@ -74,14 +74,11 @@ void TfrmOffsetEntry::btnOKClick() {
     TfrmBaseForm::btnOKClick();
 }
 
-void TfrmOffsetEntry::PlaceMaps() {
-    std::array<int, 6> offsets{};
-    for (std::size_t i = 0; i < offsets.size(); ++i)
-        offsets[i] = OffsetIn(*edtMapOffsets_[i]);
-    workspace_.fuelMapSet.ZeroMaps();
-    workspace_.fuelMapSet.SetOffsets(offsets[0], offsets[1], offsets[2]);
-    workspace_.timingMapSet.ZeroMaps();
-    workspace_.timingMapSet.SetOffsets(offsets[3], offsets[4], offsets[5]);
+TTypedOffsets TfrmOffsetEntry::Typed() const {
+    TTypedOffsets typed;
+    for (std::size_t i = 0; i < typed.size(); ++i)
+        typed[i] = edtMapOffsets_[i]->text().toStdString();
+    return typed;
 }
 
 bool TfrmOffsetEntry::LoadOffsets() {

@@ -4,6 +4,7 @@
 
 #include "forms/baseform.h"
 #include "model/Workspace.h"
+#include "spec/MappingChoice.h"
 
 #include <array>
 
@@ -15,13 +16,12 @@ public:
     /// Always starts afresh. `workspace` outlives the dialog.
     TfrmOffsetEntry(QWidget *owner, TWorkspace &workspace);
 
-    /// Sets both map sets to zero and places them at the six offsets as typed; the data offset is
-    /// not added, the six are absolute. This is intended, and so is that nothing is placed when one
-    /// of them is no integer.
-    /// @throws EConvertError for a text that is no integer, before anything has changed
-    void PlaceMaps();
+    /// The six map offsets as they stand. They are absolute: the data offset is not added, which is
+    /// intended.
+    TTypedOffsets Typed() const;
 
-    /// Places the maps one by one at their offsets plus the data offset. No control calls it.
+    /// Places the maps one by one at their offsets plus the data offset, idle and full throttle
+    /// with the load point 0. No control calls it.
     /// @throws EConvertError for a text that is no integer; the maps placed before it stay placed
     bool LoadOffsets();
 

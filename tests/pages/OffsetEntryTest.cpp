@@ -150,15 +150,15 @@ TEST_F(TOffsetEntryTest, CancelClearsTheSelectionOnly) {
     EXPECT_EQ(Caption(), "Ferrolyn - " + Name(rom));
 }
 
-TEST_F(TOffsetEntryTest, AfterCancelNoWayOfPlacingIsInForce) {
+TEST_F(TOffsetEntryTest, AfterCancelTheImageStaysInForce) {
     Manual(TDialog::OK);
     Manual(TDialog::Cancel);
-    EXPECT_EQ(page->TemplateIndex(), -1);
+    EXPECT_EQ(page->TemplateIndex(), page->LastItemIndex()) << "what the last choice recorded";
     Image().Poke(0x7000, 99);
     page->ApplyROM();
-    EXPECT_EQ(Image().Peek(0x7000), 99) << "the image is not read again";
-    EXPECT_EQ(Caption(), "Ferrolyn");
-    EXPECT_EQ(EnabledButtons(), "lm") << "\"Save Spec\" is not";
+    EXPECT_EQ(Image().Peek(0x7000), 7) << "read again";
+    EXPECT_EQ(Caption(), "Ferrolyn - " + Name(rom));
+    EXPECT_EQ(EnabledButtons(), "lcm");
 }
 
 TEST_F(TOffsetEntryTest, CancelLeavesManualOffsetsEnabled) {
@@ -266,6 +266,35 @@ INSTANTIATE_TEST_SUITE_P(Ways, TOffsetEntryCloseTest,
                                                   [](TfrmOffsetEntry &dialog) { dialog.close(); }}),
                          [](const auto &way) { return std::string(way.param.name); });
 
+// "Yes" saves and closes, and this dialog has nothing to save: only OK places the maps.
+TEST_P(TOffsetEntryCloseTest, YesClosesAndPlacesNothing) {
+    dialogs.answers = {TAnswer::Yes};
+    Manual([](TfrmOffsetEntry &dialog) {
+        TypeAll(dialog, {"$2000", "$2200", "$2300", "$1000", "$1200", "$1300"});
+        GetParam().close(dialog);
+        EXPECT_FALSE(dialog.isVisible());
+        EXPECT_EQ(dialog.result(), QDialog::Rejected);
+    });
+    EXPECT_EQ(dialogs.questions, QStringList{"Save Changes?"});
+    EXPECT_EQ(Group().ItemIndex(), -1);
+    EXPECT_EQ(Places(), planted);
+    EXPECT_FALSE(AllZero());
+    EXPECT_EQ(EnabledButtons(), "lc");
+}
+
+TEST_P(TOffsetEntryCloseTest, YesBehindTheButtonReadsNothingAgain) {
+    Manual(TDialog::OK);
+    Image().Poke(0x7000, 99);
+    dialogs.answers = {TAnswer::Yes};
+    const TDialog dialog([](TfrmOffsetEntry &form) {
+        TDialog::Type(form, "edtFuelPTMapOffset", "$2000");
+        GetParam().close(form);
+    });
+    Button("btnOffsetEntry").click();
+    EXPECT_EQ(Image().Peek(0x7000), 99);
+    EXPECT_EQ(workspace.fuelMapSet.PTMap->axes->rpmAxis->offset, fuelPT);
+}
+
 TEST_F(TOffsetEntryTest, EveryEditCountsAsAChange) {
     for (const QString &name : mapEdits + QStringList{"edtDataOffset"}) {
         TfrmOffsetEntry dialog(nullptr, workspace);
@@ -290,6 +319,20 @@ TEST_F(TOffsetEntryTest, LoadOffsetsAddsTheDataOffsetToEachMap) {
     TypeAll(dialog, {"$1F00", "$2100", "$2200", "$0F00", "4352", "-256"});
     EXPECT_TRUE(dialog.LoadOffsets());
     EXPECT_EQ(Places(), (std::vector<int>{0x2000, 0x2200, 0x2300, 0x1000, 0x1200, 0}));
+}
+
+TEST_F(TOffsetEntryTest, LoadOffsetsLeavesFullThrottleWithALoadPointOf0) {
+    const auto loadPoint = [](const TMap &map) {
+        return map.axes->throttleAxis->values->GetItem(0, 0)->GetValue();
+    };
+    TfrmOffsetEntry dialog(nullptr, workspace);
+    TDialog::Type(dialog, "edtDataOffset", "0");
+    TypeAll(dialog, {"$2000", "$2200", "$2300", "$1000", "$1200", "$1300"});
+    ASSERT_EQ(loadPoint(*workspace.fuelMapSet.WOTMap), 100);
+    dialog.LoadOffsets();
+    EXPECT_EQ(loadPoint(*workspace.fuelMapSet.WOTMap), 0) << "placed one by one, not as a set";
+    EXPECT_EQ(loadPoint(*workspace.timingMapSet.WOTMap), 0);
+    EXPECT_EQ(loadPoint(*workspace.fuelMapSet.IdleMap), 0);
 }
 
 TEST_F(TOffsetEntryTest, LoadOffsetsPlacesFuelAndTimingByTurnsUntilAnError) {
