@@ -363,7 +363,8 @@ private:
     TCellBits starts_ = 0;    ///< in that word
 };
 
-void HighlightAll(const TSearchGrid &grid, const TPattern &pattern, TMapCounters &counters) {
+TFound HighlightAll(const TSearchGrid &grid, const TPattern &pattern, TMapCounters &counters) {
+    TFound found;
     TMapStarts starts(grid, pattern);
     TFoundRuns runs(grid, pattern);
     // Where maps stand side by side, a look at the one cell behind a map is cheaper than one at all
@@ -381,6 +382,8 @@ void HighlightAll(const TSearchGrid &grid, const TPattern &pattern, TMapCounters
             sideBySide = 0;
             continue;
         }
+        found.first = found.count == 0 ? start : found.first;
+        ++found.count;
         runs.MakeRoom(start, data.end);
         MarkMap(grid, start, data, pattern, counters,
                 [&runs](std::size_t first, std::size_t count, TRole role) {
@@ -391,6 +394,7 @@ void HighlightAll(const TSearchGrid &grid, const TPattern &pattern, TMapCounters
         position = data.end;
     }
     runs.Paint();
+    return found;
 }
 
 } // namespace
@@ -417,11 +421,12 @@ TMapStep HighlightMapAt(const TSearchGrid &grid, std::size_t position, TMapShape
     return {true, data.end};
 }
 
-void HighlightAllMaps(const TSearchGrid &grid, TMapShape shape, TMapContents contents,
-                      const TSearchParameters &parameters, TMapCounters &counters) {
+TFound HighlightAllMaps(const TSearchGrid &grid, TMapShape shape, TMapContents contents,
+                        const TSearchParameters &parameters, TMapCounters &counters) {
     const TPattern pattern = PatternOf(shape, contents, parameters);
     const bool bytes =
         pattern.rpmLocation <= 255 && (shape == TMapShape::Linear || pattern.loadLocation <= 255);
-    if (bytes && !pattern.range.IsEmpty() && grid.Rows() > 2)
-        HighlightAll(grid, pattern, counters);
+    if (!bytes || pattern.range.IsEmpty() || grid.Rows() <= 2)
+        return {};
+    return HighlightAll(grid, pattern, counters);
 }

@@ -31,5 +31,5 @@ TMapStep HighlightMapAt(const TSearchGrid &grid, std::size_t position, TMapShape
 
 /// Goes through all cells and marks every map that starts at an unmarked one; behind a map it goes
 /// on after the data. The last two rows start no map (intended); data may reach to the last byte.
-void HighlightAllMaps(const TSearchGrid &grid, TMapShape shape, TMapContents contents,
-                      const TSearchParameters &parameters, TMapCounters &counters);
+TFound HighlightAllMaps(const TSearchGrid &grid, TMapShape shape, TMapContents contents,
+                        const TSearchParameters &parameters, TMapCounters &counters);

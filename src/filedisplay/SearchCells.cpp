@@ -12,6 +12,13 @@ TByteRange::TByteRange(std::int32_t minimum, std::int32_t maximum) {
     }
 }
 
+std::int32_t HeaderAddress(std::size_t offset) {
+    std::size_t row = offset / cellsPerRow;
+    while (row > 0xFFF)
+        row >>= 4;
+    return static_cast<std::int32_t>(row * cellsPerRow + offset % cellsPerRow);
+}
+
 int SmallestChannelShift(TColor color) {
     const TColor blue = color >> 16 & 0xFF;
     const TColor green = color >> 8 & 0xFF;

@@ -70,11 +70,21 @@ private:
     std::uint16_t width_ = 0;
 };
 
+/// What one search found.
+struct TFound {
+    std::size_t count = 0;
+    std::size_t first = 0; ///< image offset of the first one; says nothing when there is none
+};
+
 /// The maps marked since the last "Clear All Markers".
 struct TMapCounters {
     int linear = 0;
     int twoD = 0;
 };
+
+/// The address that the headers of a cell's row and column give. Only the first three digits of the
+/// row count, so that beyond 64 KiB it is another address than `offset`; this is intended.
+std::int32_t HeaderAddress(std::size_t offset);
 
 /// How far left a byte goes to stand in the smallest channel of `color`: 16, 8 or 0. Blue wins a
 /// tie, then green.

@@ -2,6 +2,8 @@
 
 #include "filedisplay/CellBits.h"
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 
 namespace {
@@ -21,41 +23,59 @@ TCellBits EverySecondOfRuns(TCellBits bits) {
     return (evenRuns & evenCells) | (bits & ~evenRuns & ~evenCells);
 }
 
+/// Counts those that begin at the cells of word `word` whose bit is set.
+void Count(TFound &found, std::size_t word, TCellBits bits) {
+    if (found.count == 0)
+        found.first = word * cellsPerWord + static_cast<std::size_t>(std::countr_zero(bits));
+    found.count += static_cast<std::size_t>(std::popcount(bits));
+}
+
 } // namespace
 
-void MarkPossibleValues(const TSearchGrid &grid, std::int32_t minimum, std::int32_t maximum,
-                        TColor color) {
+TFound MarkPossibleValues(const TSearchGrid &grid, std::int32_t minimum, std::int32_t maximum,
+                          TColor color) {
+    TFound found;
     const TByteRange range(minimum, maximum);
     if (range.IsEmpty())
-        return;
+        return found;
     TCellBits lastOfRowBefore = 0;
     for (std::size_t word = 0; word < WordCount(grid); ++word) {
-        const TCellBits found =
+        const TCellBits inRange =
             BitsOf(grid.values, word, [&range](TCellValue value) { return range.Contains(value); });
-        const TCellBits predecessor = found << 1 | lastOfRowBefore;
-        const TCellBits successor = found >> 1 & ~(firstColumn << (cellsPerRow - 1));
-        MarkBits(grid.colors, word, found & (predecessor | successor), color);
-        lastOfRowBefore = found >> (cellsPerWord - 1);
+        const TCellBits predecessor = inRange << 1 | lastOfRowBefore;
+        const TCellBits successor = inRange >> 1 & ~(firstColumn << (cellsPerRow - 1));
+        const TCellBits marked = inRange & (predecessor | successor);
+        MarkBits(grid.colors, word, marked, color);
+        Count(found, word, marked);
+        lastOfRowBefore = inRange >> (cellsPerWord - 1);
     }
+    return found;
 }
 
-void MarkPossibleFuelValues(const TSearchGrid &grid, const TSearchParameters &parameters) {
-    MarkPossibleValues(grid, parameters.fuelMinimum, parameters.fuelMaximum, possibleFuelColor);
+TFound MarkPossibleFuelValues(const TSearchGrid &grid, const TSearchParameters &parameters) {
+    return MarkPossibleValues(grid, parameters.fuelMinimum, parameters.fuelMaximum,
+                              possibleFuelColor);
 }
 
-void MarkPossibleTimingValues(const TSearchGrid &grid, const TSearchParameters &parameters) {
-    MarkPossibleValues(grid, parameters.timingMinimum, parameters.timingMaximum,
-                       possibleTimingColor);
+TFound MarkPossibleTimingValues(const TSearchGrid &grid, const TSearchParameters &parameters) {
+    return MarkPossibleValues(grid, parameters.timingMinimum, parameters.timingMaximum,
+                              possibleTimingColor);
 }
 
-void MarkValue(const TSearchGrid &grid, std::int32_t value) {
+TFound MarkValue(const TSearchGrid &grid, std::int32_t value) {
     if (value < 0 || value > 255)
-        return;
+        return {};
     const auto wanted = static_cast<TCellValue>(value);
     const TCellValue *values = grid.values.data();
     TColor *colors = grid.colors.data();
-    for (std::size_t i = 0; i < grid.values.size(); ++i)
-        colors[i] = values[i] == wanted ? searchedColor : colors[i];
+    std::uint32_t count = 0; // no wider than a colour, so that the loop vectorises
+    for (std::size_t i = 0; i < grid.values.size(); ++i) {
+        const bool found = values[i] == wanted;
+        colors[i] = found ? searchedColor : colors[i];
+        count += found ? 1 : 0;
+    }
+    const auto first = std::find(grid.values.begin(), grid.values.end(), wanted);
+    return {count, static_cast<std::size_t>(first - grid.values.begin())};
 }
 
 std::optional<TPointerAddress> SplitAddress(std::int32_t address) {
@@ -65,7 +85,8 @@ std::optional<TPointerAddress> SplitAddress(std::int32_t address) {
                            static_cast<std::uint8_t>(address & 0xFF)};
 }
 
-void MarkPointers(const TSearchGrid &grid, TPointerAddress address, std::uint8_t mask) {
+TFound MarkPointers(const TSearchGrid &grid, TPointerAddress address, std::uint8_t mask) {
+    TFound found;
     bool behindHigh = false;
     bool behindPointer = false;
     for (std::size_t word = 0; word < WordCount(grid); ++word) {
@@ -78,7 +99,9 @@ void MarkPointers(const TSearchGrid &grid, TPointerAddress address, std::uint8_t
         const TCellBits marked = pointers | pointers << 1 | TCellBits{behindPointer};
         if (marked != 0)
             MarkBits(grid.colors, word, marked, searchedColor);
+        Count(found, word, pointers);
         behindHigh = high >> (cellsPerWord - 1) != 0;
         behindPointer = pointers >> (cellsPerWord - 1) != 0;
     }
+    return found;
 }

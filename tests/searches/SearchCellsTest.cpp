@@ -30,6 +30,21 @@ TEST(SearchParameters, StartAsTheContentsViewShowsThem) {
     EXPECT_EQ(parameters.pointerMask, 15);
 }
 
+TEST(HeaderAddress, TakesThreeDigitsOfTheRow) {
+    const struct {
+        std::size_t offset;
+        std::int32_t address;
+    } cases[] = {{0, 0},
+                 {0x1A5C, 0x1A5C},
+                 {0xFFFF, 0xFFFF},
+                 {0x10000, 0x1000},
+                 {0x1000F, 0x100F},
+                 {0x1A5BC, 0x1A5C},
+                 {0xFFFFF, 0xFFFF}};
+    for (const auto &item : cases)
+        EXPECT_EQ(HeaderAddress(item.offset), item.address) << std::hex << item.offset;
+}
+
 struct TRangeCase {
     const char *name;
     std::int32_t minimum;

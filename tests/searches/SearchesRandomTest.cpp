@@ -190,6 +190,11 @@ const TMapCase mapCases[] = {
     {"TwoDAny", TMapShape::TwoD, TMapContents::Any},
 };
 
+std::size_t FirstDifference(const std::vector<TColor> &colors, const std::vector<TColor> &others) {
+    return static_cast<std::size_t>(
+        std::mismatch(colors.begin(), colors.end(), others.begin()).first - colors.begin());
+}
+
 class RandomImagesWithMaps : public testing::TestWithParam<TMapCase> {
 protected:
     static TLiteralMapSearch Literal(const TSearchParameters &parameters) {
@@ -217,8 +222,15 @@ TEST_P(RandomImagesWithMaps, AllOfThem) {
         TMapCounters counters;
         // Twice: the second run must find nothing new, nor anything else.
         for (int i = 0; i < 2; ++i) {
-            HighlightAllMaps(twins.real.Grid(), GetParam().shape, GetParam().contents, parameters,
-                             counters);
+            const std::vector<TColor> colors = twins.real.colors;
+            const int before = counters.linear + counters.twoD;
+            const TFound told = HighlightAllMaps(twins.real.Grid(), GetParam().shape,
+                                                 GetParam().contents, parameters, counters);
+            ASSERT_EQ(told.count,
+                      static_cast<std::size_t>(counters.linear + counters.twoD - before));
+            if (told.count != 0) {
+                ASSERT_EQ(told.first, FirstDifference(colors, twins.real.colors));
+            }
             twins.literal.SearchAndHighlight(Literal(parameters));
             ASSERT_EQ(counters.linear, twins.literal.linearFound);
             ASSERT_EQ(counters.twoD, twins.literal.twoDFound);

@@ -19,6 +19,11 @@ constexpr std::uint8_t operator""_b(unsigned long long byte) {
     return static_cast<std::uint8_t>(byte);
 }
 
+/// Whether what was found begins at these places.
+MATCHER_P(Tells, places, "") {
+    return arg.count == places.size() && (places.empty() || arg.first == places.front());
+}
+
 /// Rows of 16 cells: "." out of range, "o" in range and not to be marked, "#" in range and marked.
 struct TPicture {
     const char *name;
@@ -88,8 +93,9 @@ TEST_P(PossibleValues, OfFuelAreMarkedLime) {
     for (const std::uint8_t in : {90_b, 200_b}) {
         for (const std::uint8_t out : {89_b, 201_b}) {
             TTestCells cells(Bytes(in, out));
-            MarkPossibleFuelValues(cells.Grid(), {});
+            const TFound found = MarkPossibleFuelValues(cells.Grid(), {});
             EXPECT_EQ(Shown(cells, in, 0x00FF00), GetParam().cells);
+            EXPECT_THAT(found, Tells(cells.Marked()));
         }
     }
 }
@@ -98,8 +104,9 @@ TEST_P(PossibleValues, OfTimingAreMarkedFuchsia) {
     for (const std::uint8_t in : {10_b, 90_b}) {
         for (const std::uint8_t out : {9_b, 91_b}) {
             TTestCells cells(Bytes(in, out), false);
-            MarkPossibleTimingValues(cells.Grid(), {});
+            const TFound found = MarkPossibleTimingValues(cells.Grid(), {});
             EXPECT_EQ(Shown(cells, in, 0xFF00FF), GetParam().cells);
+            EXPECT_THAT(found, Tells(cells.Marked()));
         }
     }
 }
@@ -135,17 +142,25 @@ TEST(MarkValue, MarksEveryInstanceOlive) {
             bytes[position] = value;
         for (const bool padded : {false, true}) {
             TTestCells cells(bytes, padded);
-            MarkValue(cells.Grid(), value);
+            const TFound found = MarkValue(cells.Grid(), value);
+            EXPECT_THAT(found, Tells(cells.Marked()));
             EXPECT_THAT(cells.Marked(), ElementsAre(0U, 15U, 16U, 64U, 99U));
             EXPECT_EQ(cells.colors[64], 0x008080U);
         }
     }
 }
 
+TEST(MarkValue, TellsOfEveryInstanceMarkedBeforeOrNot) {
+    TTestCells cells({7, 3, 7, 3, 3});
+    for (int time = 0; time < 2; ++time)
+        EXPECT_THAT(MarkValue(cells.Grid(), 3), Tells(std::vector<std::size_t>{1, 3, 4}));
+    EXPECT_THAT(MarkValue(cells.Grid(), 4), Tells(std::vector<std::size_t>{}));
+}
+
 TEST(MarkValue, OfNoByteMarksNothing) {
     for (const std::int32_t value : {-1, 256, 0x107, -249, 65543, 0x7FFFFFFF}) {
         TTestCells cells({7, 0, 255});
-        MarkValue(cells.Grid(), value);
+        EXPECT_EQ(MarkValue(cells.Grid(), value).count, 0U);
         EXPECT_THAT(cells.Marked(), IsEmpty()) << value;
     }
 }
@@ -212,8 +227,13 @@ TEST_P(MarkPointersOf, AnAddress) {
             position += before;
         for (const bool padded : {false, true}) {
             TTestCells cells(bytes, padded);
-            MarkPointers(cells.Grid(), SplitAddress(c.address).value(), c.mask);
+            const TFound found =
+                MarkPointers(cells.Grid(), SplitAddress(c.address).value(), c.mask);
             EXPECT_EQ(cells.Marked(), wanted) << before;
+            EXPECT_EQ(found.count, wanted.size() / 2);
+            if (!wanted.empty()) {
+                EXPECT_EQ(found.first, wanted.front());
+            }
             for (const std::size_t position : wanted)
                 EXPECT_EQ(cells.colors[position], 0x008080U);
         }
