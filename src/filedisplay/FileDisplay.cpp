@@ -102,7 +102,7 @@ void TfrmFileContents::ShowPage() {
 
 void TfrmFileContents::FormShow() {
     SizeFileGrid(*grdFile_, grdFile_->height());
-    key_ = new TfrmKey(window(), parameters);
+    key_ = new TfrmKey(window(), session.parameters);
 }
 
 void TfrmFileContents::FormHide() {
@@ -115,13 +115,12 @@ void TfrmFileContents::resizeEvent(QResizeEvent *event) {
 }
 
 void TfrmFileContents::Rebuild() {
-    parameters = {};
     const TROMImage &image = *ROMImage();
     const std::span bytes(image.data.data(), static_cast<std::size_t>(image.size));
+    session.Show(bytes);
     FillFileGrid(*grdFile_, bytes, chkDisplayHex_->isChecked());
-    values_.assign(bytes.begin(), bytes.end());
-    colors_.assign(values_.size(), unmarkedColor);
     SizeFileGrid(*grdFile_, grdFile_->height());
+    Say({}); // what was said is of marks that are gone
 }
 
 void TfrmFileContents::chkDisplayHexClick() {
@@ -136,7 +135,7 @@ void TfrmFileContents::Button1Click() {
 }
 
 void TfrmFileContents::grdFileSelectCell(int column, int row) {
-    selected = {column, row};
+    session.Record(CellOffset(column, row));
 }
 
 void TfrmFileContents::grdFileMouseDown(Qt::MouseButton button, Qt::KeyboardModifiers modifiers,

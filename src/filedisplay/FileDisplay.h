@@ -1,18 +1,15 @@
-// The page "File Contents": the whole ROM image as a grid of bytes, on which the searches of
-// Searches.h and MapSearch.h leave coloured marks. The menu that starts them is FileMenu.h's.
+// The page "File Contents": the whole ROM image as a grid of bytes, on which searches leave
+// coloured marks. What it holds of the image is ContentsSession.h's, the menu of its commands
+// FileMenu.h's.
 #pragma once
 
-#include "filedisplay/MapSearch.h"
-#include "filedisplay/MapStarts.h"
-#include "filedisplay/Searches.h"
+#include "filedisplay/ContentsSession.h"
 #include "forms/Aligrid.h"
 #include "forms/Printing.h"
 #include "forms/TEmbedFm.h"
 #include "model/Workspace.h"
 
 #include <filesystem>
-#include <functional>
-#include <vector>
 
 #include <QCheckBox>
 #include <QMenu>
@@ -28,10 +25,8 @@ public:
     TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrinting &printing);
     ~TfrmFileContents() override;
 
-    TSearchParameters parameters; ///< set back to their defaults by each rebuild
-    TMapCounters counters;        ///< maps marked; set back by "Clear All Markers" alone
-    TGridCell selected;           ///< as recorded last; (0, 0) after a scan of the whole image
-    QPoint mouseAnchor{-1, -1};   ///< no command reads these two
+    TContentsSession session;
+    QPoint mouseAnchor{-1, -1}; ///< no command reads these two
     QPoint mouseExtent{-1, -1};
 
     /// Rebuilds the grid when the image's file name is another one than that shown; shows the page.
@@ -73,12 +68,12 @@ public:
     void Any2Click() { HighlightAll(TMapShape::Linear, TMapContents::Any); }
 
     // "Update Notebook Map": moves one map of the workspace to the grid's current cell.
-    void Fuel1Click() { UpdateNotebookMap(workspace_.fuelMapSet, TMapKind::PT); }
-    void Fuel2Click() { UpdateNotebookMap(workspace_.fuelMapSet, TMapKind::Idle); }
-    void WOTFuel1Click() { UpdateNotebookMap(workspace_.fuelMapSet, TMapKind::WOT); }
-    void Timing1Click() { UpdateNotebookMap(workspace_.timingMapSet, TMapKind::PT); }
-    void Timing2Click() { UpdateNotebookMap(workspace_.timingMapSet, TMapKind::Idle); }
-    void WOTTiming1Click() { UpdateNotebookMap(workspace_.timingMapSet, TMapKind::WOT); }
+    void Fuel1Click() { UpdateNotebookMap(TMapContents::Fuel, TMapKind::PT); }
+    void Fuel2Click() { UpdateNotebookMap(TMapContents::Fuel, TMapKind::Idle); }
+    void WOTFuel1Click() { UpdateNotebookMap(TMapContents::Fuel, TMapKind::WOT); }
+    void Timing1Click() { UpdateNotebookMap(TMapContents::Timing, TMapKind::PT); }
+    void Timing2Click() { UpdateNotebookMap(TMapContents::Timing, TMapKind::Idle); }
+    void WOTTiming1Click() { UpdateNotebookMap(TMapContents::Timing, TMapKind::WOT); }
 
     /// "Add Notebook Map": a page in the notebook for every cell that carries the colour of a map's
     /// start, unless an added page shows that map already.
@@ -97,23 +92,19 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    using TSearch = std::function<void(const TSearchGrid &)>;
-
     void LayOut();
     void ConnectGrid();
     void Rebuild();
-    /// Runs a search on the cells and gives the grid the colours that it changed.
-    void Run(const TSearch &search);
-    /// A search of the whole image, which leaves no cell selected.
-    void ScanAll(const TSearch &search);
-    /// Marks the map that starts at the selected cell and moves that on; nothing without one.
+    /// Shows what an operation of the session did: colours in the grid, its text below.
+    void ShowOutcome(const TContentsOutcome &outcome);
+    /// Shows a text in the notebook's bottom line until the next hint.
+    void Say(const std::string &text);
     void HighlightFromSelected(TMapShape shape, TMapContents contents);
     void HighlightAll(TMapShape shape, TMapContents contents);
-    /// What the headers of a cell's row and column say as a hexadecimal number; only three digits
-    /// of the row count, so that beyond 64 KiB it is another address. Intended.
-    std::int32_t AddressOf(TGridCell cell) const;
-    void UpdateNotebookMap(TMapSet &set, TMapKind kind);
-    void AddMapPage(const TMapStart &start, std::int32_t address);
+    /// The grid's current cell, which is not the session's recorded one.
+    std::int32_t CurrentAddress() const;
+    void UpdateNotebookMap(TMapContents contents, TMapKind kind);
+    void AddMapPage(const TMapToAdd &map);
     void QuickMap(TMapShape shape, bool throughPointer);
     /// Where a cell is, in the words for screen readers.
     QString PlaceOf(TGridCell cell) const;
@@ -121,8 +112,6 @@ private:
     TWorkspace &workspace_;
     IPrinting &printing_;
     std::filesystem::path shownFile_;
-    std::vector<TCellValue> values_; ///< of the cells as shown
-    std::vector<TColor> colors_;     ///< of the data cells as the grid has them
     TStringAlignGrid *grdFile_;
     QCheckBox *chkDisplayHex_;
     QTextEdit *redPrint_;

@@ -1,6 +1,7 @@
 // What the page "File Contents" does with found maps: it moves a map of the workspace to a cell,
 // opens pages for all that is highlighted, and charts the map at a cell.
 #include "filedisplay/AddedMapPage.h"
+#include "filedisplay/ContentsTexts.h"
 #include "filedisplay/FileDisplay.h"
 #include "filedisplay/FileGrid.h"
 #include "forms/Hourglass.h"
@@ -10,12 +11,9 @@
 #include "maps/QuickChart.h"
 #include "maps/TimingMaps.h"
 
-#include <algorithm>
 #include <array>
 
 namespace {
-constexpr int rowDigits = 3; // of a row's address that count
-
 std::unique_ptr<TfrmMaps> MakePage(TMapContents contents, TWorkspace &workspace) {
     if (contents == TMapContents::Fuel)
         return std::make_unique<TAddedMapPage<TfrmFuelMaps, TFuelMapSet>>(workspace);
@@ -35,54 +33,52 @@ TMapKind KindOf(TMapShape shape) {
     return shape == TMapShape::TwoD ? TMapKind::PT : TMapKind::WOT;
 }
 
-/// Whether an added page shows the map of that kind at `address` already.
-bool IsShown(const TfrmKelvaneNotebook &host, TMapKind kind, std::int32_t address) {
-    const auto &pages = host.AddedPages();
-    return std::any_of(pages.begin(), pages.end(), [&](const TEmbeddedForm *page) {
-        return dynamic_cast<const TfrmMaps &>(*page).MapSet->Map(kind).GetLocation() == address;
-    });
+TShownMaps MapsShownBy(const TfrmKelvaneNotebook &host) {
+    TShownMaps shown;
+    for (const TEmbeddedForm *page : host.AddedPages()) {
+        const TMapSet &set = *dynamic_cast<const TfrmMaps &>(*page).MapSet;
+        shown.partThrottle.insert(set.PTMap->GetLocation());
+        shown.fullThrottle.insert(set.WOTMap->GetLocation());
+    }
+    return shown;
 }
 } // namespace
 
-std::int32_t TfrmFileContents::AddressOf(TGridCell cell) const {
-    const QString digits =
-        grdFile_->Cell(0, cell.row).left(rowDigits) + grdFile_->Cell(cell.column, 0);
-    return digits.toInt(nullptr, 16);
+std::int32_t TfrmFileContents::CurrentAddress() const {
+    return HeaderAddress(CellOffset(grdFile_->Col(), grdFile_->Row()));
 }
 
-void TfrmFileContents::UpdateNotebookMap(TMapSet &set, TMapKind kind) {
-    if (values_.empty())
+void TfrmFileContents::UpdateNotebookMap(TMapContents contents, TMapKind kind) {
+    if (session.IsEmpty()) {
+        Say(NoImageIsLoaded());
         return; // there is no cell
+    }
+    TMapSet &set = contents == TMapContents::Fuel ? static_cast<TMapSet &>(workspace_.fuelMapSet)
+                                                  : workspace_.timingMapSet;
     std::array offsets{set.PTMap->GetLocation(), set.IdleMap->GetLocation(),
                        set.WOTMap->GetLocation()};
-    offsets[static_cast<std::size_t>(kind)] = AddressOf({grdFile_->Col(), grdFile_->Row()});
+    const std::int32_t address = CurrentAddress();
+    offsets[static_cast<std::size_t>(kind)] = address;
     set.SetOffsets(offsets[0], offsets[1], offsets[2]);
+    Say(MovedTo(contents, kind, address));
 }
 
 void TfrmFileContents::AllHighlighted1Click() {
     const TfrmKelvaneNotebook *host = Notebook();
-    if (!host)
+    if (!host || session.IsEmpty())
         return;
     const THourglass hourglass;
-    for (std::size_t i = 0; i < colors_.size(); ++i) {
-        const TMapStart *start = MapStartOf(colors_[i]);
-        if (!start)
-            continue;
-        const std::int32_t address = AddressOf(CellAt(i));
-        if (!IsShown(*host, KindOf(start->shape), address))
-            AddMapPage(*start, address);
-    }
+    for (const TMapToAdd &map : MapsToAdd(session.Colors(), MapsShownBy(*host), CurrentAddress()))
+        AddMapPage(map);
 }
 
-void TfrmFileContents::AddMapPage(const TMapStart &start, std::int32_t address) {
-    const bool linear = start.shape == TMapShape::Linear;
-    const QString digits = QString("%1").arg(address, 4, 16, QChar('0')).toUpper();
+void TfrmFileContents::AddMapPage(const TMapToAdd &map) {
+    const TMapStart &start = map.start;
+    const QString digits = QString("%1").arg(map.foundAt, 4, 16, QChar('0')).toUpper();
     const QString caption = CaptionOf(start).arg(digits);
     std::unique_ptr<TfrmMaps> page = MakePage(start.contents, workspace_);
     page->setObjectName(page->objectName() + "_" + digits);
-    // A linear map is placed at the current cell, not at the one found; this is intended.
-    page->MapSet->Map(KindOf(start.shape))
-        .SetOffset(linear ? AddressOf({grdFile_->Col(), grdFile_->Row()}) : address);
+    page->MapSet->Map(KindOf(start.shape)).SetOffset(map.placedAt);
     page->ShowOnly(KindOf(start.shape));
     const int tab = Notebook()->AddExtraPage(
         std::move(page), "tabMap_" + digits,
@@ -91,13 +87,14 @@ void TfrmFileContents::AddMapPage(const TMapStart &start, std::int32_t address) 
 }
 
 void TfrmFileContents::QuickMap(TMapShape shape, bool throughPointer) {
-    if (selected.column < 1 || selected.row < 1)
+    const std::optional<std::size_t> cell = session.Recorded();
+    if (!cell)
         return;
-    const auto offset = static_cast<std::int32_t>(CellOffset(selected.column, selected.row));
+    const auto offset = static_cast<std::int32_t>(*cell);
     auto *chart = new TfrmQuickChart(window()); // frees itself when it is closed
     chart->SetMapKind(shape == TMapShape::TwoD ? 2 : 1);
     if (throughPointer)
-        chart->SetMapPointer(offset, parameters.pointerMask);
+        chart->SetMapPointer(offset, session.parameters.pointerMask);
     else
         chart->SetMapOffset(offset);
     chart->show();

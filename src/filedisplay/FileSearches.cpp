@@ -1,9 +1,12 @@
-// The search commands of the page "File Contents": their questions, and what they move and mark.
+// The search commands of the page "File Contents": their questions, and how their outcome is shown.
 #include "filedisplay/FileDisplay.h"
 #include "filedisplay/FileGrid.h"
 #include "forms/Dialogs.h"
 #include "forms/Hourglass.h"
+#include "forms/KelvaneNotebook.h"
 #include "model/Numbers.h"
+
+#include <QStatusBar>
 
 namespace {
 std::optional<std::int32_t> NumberIn(const QString &text) {
@@ -11,38 +14,38 @@ std::optional<std::int32_t> NumberIn(const QString &text) {
 }
 } // namespace
 
-void TfrmFileContents::Run(const TSearch &search) {
-    const THourglass hourglass;
-    std::vector<TColor> marked = colors_;
-    search({values_, marked});
-    const TGridUpdate update(*grdFile_);
-    for (std::size_t i = 0; i < marked.size(); ++i)
-        if (marked[i] != colors_[i]) {
-            const TGridCell cell = CellAt(i);
-            grdFile_->SetCellColor(cell.column, cell.row, marked[i]);
+void TfrmFileContents::ShowOutcome(const TContentsOutcome &outcome) {
+    {
+        const TGridUpdate update(*grdFile_);
+        for (const auto &[offset, color] : outcome.colored) {
+            const TGridCell cell = CellAt(offset);
+            grdFile_->SetCellColor(cell.column, cell.row, color);
         }
-    colors_.swap(marked);
+    }
+    Say(outcome.text);
 }
 
-void TfrmFileContents::ScanAll(const TSearch &search) {
-    selected = {0, 0};
-    Run(search);
+void TfrmFileContents::Say(const std::string &text) {
+    if (const TfrmKelvaneNotebook *host = Notebook())
+        host->StatusBar1->showMessage(QString::fromStdString(text));
 }
 
 void TfrmFileContents::EnterParamClick(std::int32_t TSearchParameters::*parameter,
                                        const QString &prompt) {
-    std::int32_t &value = parameters.*parameter;
+    std::int32_t &value = session.parameters.*parameter;
     const QString current = value == -1 ? QString("") : QString::number(value);
     const QString answer = Dialogs().InputBox(tr("Search Parameters"), prompt, current);
     value = NumberIn(answer).value_or(-1);
 }
 
 void TfrmFileContents::FindConsecutivePossFuelValsClick() {
-    ScanAll([this](const TSearchGrid &grid) { MarkPossibleFuelValues(grid, parameters); });
+    const THourglass hourglass;
+    ShowOutcome(session.MarkPossibleFuelValues());
 }
 
 void TfrmFileContents::FindConsecutivePossTimeValsClick() {
-    ScanAll([this](const TSearchGrid &grid) { MarkPossibleTimingValues(grid, parameters); });
+    const THourglass hourglass;
+    ShowOutcome(session.MarkPossibleTimingValues());
 }
 
 void TfrmFileContents::HighlightAValue1Click() {
@@ -54,7 +57,8 @@ void TfrmFileContents::HighlightAValue1Click() {
         const std::optional<std::int32_t> value = NumberIn(answer);
         if (!value || *value < 0)
             continue; // asks again
-        ScanAll([value](const TSearchGrid &grid) { MarkValue(grid, *value); });
+        const THourglass hourglass;
+        ShowOutcome(session.MarkValue(*value));
         return;
     }
 }
@@ -63,9 +67,9 @@ void TfrmFileContents::FindMapPointers1Click() {
     const QString caption = tr("Indirect Ref Lookup");
     const QString answer = Dialogs().InputBox(caption, tr("Enter Address To Find"), "");
     // The mask is asked for and kept even when there is no address; this is intended.
-    const QString mask =
-        Dialogs().InputBox(caption, tr("Mask Bits"), QString::number(parameters.pointerMask));
-    parameters.pointerMask = static_cast<std::uint8_t>(NumberIn(mask).value_or(0));
+    std::uint8_t &mask = session.parameters.pointerMask;
+    const QString bits = Dialogs().InputBox(caption, tr("Mask Bits"), QString::number(mask));
+    mask = static_cast<std::uint8_t>(NumberIn(bits).value_or(0));
     const std::optional<std::int32_t> number = NumberIn(answer);
     if (!number)
         return;
@@ -74,27 +78,21 @@ void TfrmFileContents::FindMapPointers1Click() {
         Dialogs().ShowMessage(tr("Address out of range"));
         return;
     }
-    ScanAll([this, &address](const TSearchGrid &grid) {
-        MarkPointers(grid, *address, parameters.pointerMask);
-    });
+    const THourglass hourglass;
+    ShowOutcome(session.MarkPointers(*address));
 }
 
 void TfrmFileContents::ClearAllMarkers1Click() {
-    Run([this](const TSearchGrid &grid) { ClearAllMarkers(grid.colors, counters); });
+    const THourglass hourglass;
+    ShowOutcome(session.ClearAllMarkers());
 }
 
 void TfrmFileContents::HighlightFromSelected(TMapShape shape, TMapContents contents) {
-    if (selected.column < 1 || selected.row < 1)
-        return;
-    Run([&](const TSearchGrid &grid) {
-        selected = CellAt(HighlightMapAt(grid, CellOffset(selected.column, selected.row), shape,
-                                         contents, parameters, counters)
-                              .next);
-    });
+    const THourglass hourglass;
+    ShowOutcome(session.HighlightFromRecorded(shape, contents));
 }
 
 void TfrmFileContents::HighlightAll(TMapShape shape, TMapContents contents) {
-    ScanAll([&](const TSearchGrid &grid) {
-        HighlightAllMaps(grid, shape, contents, parameters, counters);
-    });
+    const THourglass hourglass;
+    ShowOutcome(session.HighlightAllMaps(shape, contents));
 }

@@ -18,3 +18,21 @@ const TMapStart *MapStartOf(TColor color) {
                      [color](const TMapStart &start) { return start.color == color; });
     return found == mapStarts.end() ? nullptr : found;
 }
+
+std::vector<TMapToAdd> MapsToAdd(std::span<const TColor> colors, TShownMaps shown,
+                                 std::int32_t currentAddress) {
+    std::vector<TMapToAdd> maps;
+    for (std::size_t i = 0; i < colors.size(); ++i) {
+        const TMapStart *start = MapStartOf(colors[i]);
+        if (!start)
+            continue;
+        const bool twoD = start->shape == TMapShape::TwoD;
+        const std::int32_t address = HeaderAddress(i);
+        if ((twoD ? shown.partThrottle : shown.fullThrottle).contains(address))
+            continue;
+        maps.push_back({*start, address, twoD ? address : currentAddress});
+        shown.partThrottle.insert(twoD ? address : 0);
+        shown.fullThrottle.insert(twoD ? 0 : currentAddress);
+    }
+    return maps;
+}

@@ -40,12 +40,12 @@ TEST_F(TFileContentsTest, HexadecimalTextsAndBackAgainWithoutMarks) {
     dialogs.inputs = {"10"};
     Trigger("HighlightAValue1");
     EXPECT_EQ(ColorAt(0), 0x008080u);
-    page->parameters.fuelMinimum = 1;
+    page->session.parameters.fuelMinimum = 1;
     FindControl<QCheckBox>(*page, "chkDisplayHex").click();
     EXPECT_EQ(Grid().Cell(1, 1), "$0A");
     EXPECT_EQ(Grid().Cell(2, 1), "$FF");
     EXPECT_EQ(ColorAt(0), clWindow);
-    EXPECT_EQ(page->parameters.fuelMinimum, 90);
+    EXPECT_EQ(page->session.parameters.fuelMinimum, 90);
     FindControl<QCheckBox>(*page, "chkDisplayHex").click();
     EXPECT_EQ(Grid().Cell(1, 1), "10");
 }
@@ -139,7 +139,7 @@ TEST_F(TFileContentsTest, TheKeyWindowShowsTheParametersAndLivesWhileThePageIsSh
     auto *key = page->findChild<TfrmKey *>();
     ASSERT_TRUE(key);
     EXPECT_FALSE(key->isVisible());
-    page->parameters.loadLocation = 76;
+    page->session.parameters.loadLocation = 76;
     button.click();
     EXPECT_TRUE(key->isVisible());
     EXPECT_EQ(FindControl<QLabel>(*key, "lblFuelMin").text(), "min: 90");
@@ -162,7 +162,7 @@ TEST_F(TFileContentsTest, TheKeyStandsInTheMainWindowsCorner) {
     page->ShowPage();
     auto &key = FindControl<TfrmKey>(window, "frmKey");
     for (const std::int32_t location : {-1, 7}) { // texts of different lengths
-        page->parameters.rpmLocation = page->parameters.loadLocation = location;
+        page->session.parameters.rpmLocation = page->session.parameters.loadLocation = location;
         FindControl<QPushButton>(*page, "Button1").click();
         ASSERT_TRUE(key.isVisible());
         EXPECT_EQ(key.frameGeometry().bottomRight(), window.frameGeometry().bottomRight());

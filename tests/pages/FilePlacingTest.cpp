@@ -1,64 +1,12 @@
 // Placing maps from the contents view: maps of the notebook moved to a cell, pages for all that is
 // highlighted, quick charts.
-#include "filedisplay/FileDisplay.h"
-#include "forms/PageControl.h"
 #include "maps/FuelMaps.h"
-#include "maps/QuickChart.h"
 #include "maps/TimingMaps.h"
-#include "pages/PageFixture.h"
-#include "spec/main.h"
+#include "pages/FilePlacingFixture.h"
 
 #include <QPushButton>
 
 namespace {
-class TPlacingTest : public TPageTest {
-protected:
-    TPlacingTest() {
-        TfrmBaseForm::ProgRegKey = "\\Software\\Kelvane\\Ferrolyn";
-        page = &dynamic_cast<TfrmFileContents &>(*window.Page(contentsTab));
-    }
-    ~TPlacingTest() override { TfrmBaseForm::ProgRegKey.clear(); }
-
-    /// Shows an image of `size` bytes of 255 with these bytes planted.
-    void Show(int size, const std::map<int, TBytes> &planted) {
-        Put(0, TBytes(static_cast<std::size_t>(size), 255));
-        for (const auto &[offset, bytes] : planted)
-            Put(offset, bytes);
-        Image().size = size;
-        window.workspace.romFileName = "image.BIN";
-        window.PageControl1->SelectByProgram(contentsTab);
-        page->ShowPage();
-    }
-    void Trigger(const QString &name) { FindControl<QAction>(*page, name).trigger(); }
-    void Select(int column, int row) {
-        FindControl<TStringAlignGrid>(*page, "grdFile").SetCurrent(column, row);
-    }
-    QStringList AddedCaptions() const {
-        QStringList captions;
-        for (int tab = contentsTab + 1; tab < window.PageCount(); ++tab)
-            captions << window.PageControl1->tabText(tab);
-        return captions;
-    }
-    TfrmMaps &Added(int index) {
-        return dynamic_cast<TfrmMaps &>(*window.AddedPages().at(static_cast<std::size_t>(index)));
-    }
-    TfrmQuickChart *Chart() { return window.findChild<TfrmQuickChart *>(); }
-
-    static constexpr int contentsTab = 5;
-    /// 2 x 2 points, the axis bytes 5 to 8.
-    static TBytes TwoD(std::uint8_t value) {
-        return {1, 2, 5, 6, 1, 2, 7, 8, value, value, value, value};
-    }
-    static TBytes Linear(std::uint8_t axisByte, std::uint8_t value) {
-        return {1, 2, axisByte, 6, value, value};
-    }
-    static constexpr std::uint8_t fuelValue = 100;
-    static constexpr std::uint8_t timingValue = 40;
-
-    TfrmNotebook window;
-    TfrmFileContents *page;
-};
-
 struct TMoveCase {
     const char *action;
     const char *caption;
@@ -169,7 +117,7 @@ TEST_F(TPlacingTest, ATwoDimensionalMapsPageShowsPartThrottleOnly) {
 TEST_F(TPlacingTest, AZeroAxisByteOfALinearMapOpensAPageAtTheCurrentCell) {
     Show(0x200, {{0x20, Linear(0, fuelValue)}, {0x60, Linear(9, fuelValue)}});
     Trigger("Fuel6");
-    ASSERT_EQ(page->counters.linear, 2);
+    ASSERT_EQ(page->session.Counters().linear, 2);
     Select(4, 5);
     Trigger("AllHighlighted1");
     // The header carries the plain map colour and is no start; the axis byte at $0022 is one.
@@ -242,7 +190,7 @@ TEST_P(TQuickMapTest, ChartsTheMapAtTheRecordedCell) {
     const TQuickCase &item = GetParam();
     EXPECT_EQ(FindControl<QAction>(*page, item.action).text(), item.caption);
     Show(0x12000, {{0x11024, TwoD(fuelValue)}, {0x1024, TwoD(fuelValue)}, {0x0008, {0xF0, 0x24}}});
-    page->parameters.pointerMask = 0x10;
+    page->session.parameters.pointerMask = 0x10;
     Trigger(item.action);
     EXPECT_FALSE(Chart()) << "no cell has been selected";
     if (item.throughPointer)

@@ -20,7 +20,7 @@ class TParameterTest : public TFileContentsTest,
 
 TEST_P(TParameterTest, IsAskedForWithItsCurrentValueAndStored) {
     const TParameterCase &item = GetParam();
-    std::int32_t &value = page->parameters.*item.parameter;
+    std::int32_t &value = page->session.parameters.*item.parameter;
     const QString before = value == -1 ? QString() : QString::number(value);
     EXPECT_EQ(FindControl<QAction>(*page, item.action).text(), item.caption);
     const std::vector<std::pair<QString, std::int32_t>> answers{
@@ -73,22 +73,22 @@ TEST_F(TFileSearchesTest, ThePointerLookupAsksTwiceAndKeepsTheMask) {
         EXPECT_EQ(ColorAt(i), 0x008080u) << i;
     dialogs.inputs = {"", "511"};
     Trigger("FindMapPointers1");
-    EXPECT_EQ(page->parameters.pointerMask, 255);
+    EXPECT_EQ(page->session.parameters.pointerMask, 255);
     dialogs.inputs = {"$10000", "none"};
     Trigger("FindMapPointers1");
-    EXPECT_EQ(page->parameters.pointerMask, 0);
+    EXPECT_EQ(page->session.parameters.pointerMask, 0);
     EXPECT_EQ(dialogs.messages, QStringList{"Address out of range"});
 }
 
 TEST_F(TFileSearchesTest, AScanLeavesNoCellSelected) {
     Show(TBytes(64, 100));
     Grid().SetCurrent(2, 2);
-    EXPECT_EQ(page->selected, (TGridCell{2, 2}));
+    EXPECT_EQ(page->session.Recorded(), 17U);
     Trigger("FindConsecutivePossFuelVals");
-    EXPECT_EQ(page->selected, (TGridCell{0, 0}));
+    EXPECT_FALSE(page->session.Recorded());
     EXPECT_EQ(ColorAt(5), 0x00FF00u);
     Trigger("Fuel4");
-    EXPECT_EQ(page->counters.linear, 0);
+    EXPECT_EQ(page->session.Counters().linear, 0);
 }
 
 TEST_F(TFileSearchesTest, AMapIsMarkedFromTheSelectedCellWhichMovesBehindIt) {
@@ -98,15 +98,15 @@ TEST_F(TFileSearchesTest, AMapIsMarkedFromTheSelectedCellWhichMovesBehindIt) {
     Show(bytes);
     Grid().SetCurrent(1, 2);
     Trigger("Fuel4");
-    EXPECT_EQ(page->counters.linear, 1);
+    EXPECT_EQ(page->session.Counters().linear, 1);
     EXPECT_EQ(ColorAt(16), 0x008000u);
     EXPECT_EQ(ColorAt(17), 0xFF0000u);
-    EXPECT_EQ(page->selected, (TGridCell{7, 2}));
+    EXPECT_EQ(page->session.Recorded(), 22U);
     Trigger("ClearAllMarkers1");
-    EXPECT_EQ(page->counters.linear, 0);
+    EXPECT_EQ(page->session.Counters().linear, 0);
     EXPECT_EQ(ColorAt(16), clWindow);
     Trigger("Fuel6");
-    EXPECT_EQ(page->counters.linear, 1);
+    EXPECT_EQ(page->session.Counters().linear, 1);
     EXPECT_EQ(ColorAt(17), 0xFF0000u);
 }
 
@@ -115,7 +115,7 @@ TEST_F(TFileSearchesTest, CommandsBeforeAnyImageDoNothing) {
     for (const char *name : {"FindConsecutivePossTimeVals", "Timing3", "Timing5", "Any1", "Any2",
                              "ClearAllMarkers1", "CopySelected1"})
         Trigger(name);
-    EXPECT_EQ(page->counters.twoD, 0);
+    EXPECT_EQ(page->session.Counters().twoD, 0);
 }
 
 TEST_F(TFileSearchesTest, TheHourglassStandsWhileAScanRuns) {
@@ -223,8 +223,8 @@ TEST_P(TItemTest, MarksWhatItsStepsMarkInBothDisplays) {
             ASSERT_EQ(ColorAt(i), expected) << "image " << image << ", offset " << i;
             marked += expected != clWindow ? 1 : 0;
         }
-        ASSERT_EQ(page->counters.linear, literal.linearFound);
-        ASSERT_EQ(page->counters.twoD, literal.twoDFound);
+        ASSERT_EQ(page->session.Counters().linear, literal.linearFound);
+        ASSERT_EQ(page->session.Counters().twoD, literal.twoDFound);
         page->ClearAllMarkers1Click();
     }
     EXPECT_GT(marked, 0u) << "no image tells anything of this search";

@@ -1,0 +1,90 @@
+#include "filedisplay/ContentsTexts.h"
+
+#include "model/Texts.h"
+
+#include <array>
+#include <cstdio>
+
+namespace {
+/// "$" and at least four digits.
+std::string Address(std::size_t offset) {
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "$%04zX", offset);
+    return text.data();
+}
+
+std::string Counted(const TFound &found, const std::string &none, const std::string &one,
+                    const std::string &many) {
+    if (found.count == 0)
+        return none;
+    return Filled(found.count == 1 ? one : many,
+                  {Address(found.first), std::to_string(found.count)});
+}
+
+/// As the menu calls it.
+std::string NameOf(TMapContents contents, TMapKind kind) {
+    const bool fuel = contents == TMapContents::Fuel;
+    switch (kind) {
+    case TMapKind::PT:
+        return fuel ? Translated("TFileMenu", "Fuel Maps - Part Throttle")
+                    : Translated("TFileMenu", "Timing Maps - Part Throttle");
+    case TMapKind::Idle:
+        return fuel ? Translated("TFileMenu", "Fuel Maps - Idle")
+                    : Translated("TFileMenu", "Timing Maps - Idle");
+    case TMapKind::WOT:
+        break;
+    }
+    return fuel ? Translated("TFileMenu", "Fuel Maps - WOT")
+                : Translated("TFileMenu", "Timing Maps - WOT");
+}
+} // namespace
+
+std::string FoundCells(const TFound &found) {
+    return Counted(found, Translated("ContentsTexts", "No cell found"),
+                   Translated("ContentsTexts", "1 cell, at %1"),
+                   Translated("ContentsTexts", "%2 cells, first at %1"));
+}
+
+std::string FoundPointers(const TFound &found) {
+    return Counted(found, Translated("ContentsTexts", "No pointer found"),
+                   Translated("ContentsTexts", "1 pointer, at %1"),
+                   Translated("ContentsTexts", "%2 pointers, first at %1"));
+}
+
+std::string FoundMaps(const TFound &found) {
+    return Counted(found, Translated("ContentsTexts", "No map found"),
+                   Translated("ContentsTexts", "1 map, at %1"),
+                   Translated("ContentsTexts", "%2 maps, first at %1"));
+}
+
+std::string MarkedInAll(std::size_t cells, const TMapCounters &counters) {
+    return Filled(
+        Translated("ContentsTexts",
+                   "Marked cells in all: %1; 2-D maps counted: %2, linear maps: %3"),
+        {std::to_string(cells), std::to_string(counters.twoD), std::to_string(counters.linear)});
+}
+
+std::string NoMapAt(std::size_t offset, std::size_t next) {
+    return Filled(Translated("ContentsTexts", "No map begins at %1; the next try is at %2"),
+                  {Address(offset), Address(next)});
+}
+
+std::string NoCellIsSelected() {
+    return Translated("ContentsTexts", "No cell is selected: click the cell where the map begins");
+}
+
+std::string NoImageIsLoaded() {
+    return Translated("ContentsTexts", "No ROM image is loaded");
+}
+
+std::string AllMarkersAreCleared() {
+    return Translated("ContentsTexts", "All markers are cleared");
+}
+
+std::string MovedTo(TMapContents contents, TMapKind kind, std::int32_t address) {
+    const std::string place = Address(static_cast<std::size_t>(address));
+    if (address == 0)
+        return Filled(Translated("ContentsTexts", "%1 was not moved: no map begins at %2"),
+                      {NameOf(contents, kind), place});
+    return Filled(Translated("ContentsTexts", "%1 is at %2 now"), {NameOf(contents, kind), place});
+}
