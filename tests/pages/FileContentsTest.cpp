@@ -4,7 +4,9 @@
 #include "pages/FileContentsFixture.h"
 
 #include <QClipboard>
+#include <QGridLayout>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QPushButton>
 
 namespace {
@@ -98,6 +100,16 @@ TEST_F(TFileContentsTest, PrintsTheGridUnderTheTitle) {
     EXPECT_EQ(printing.setups, 1);
 }
 
+TEST_F(TFileContentsTest, APrintLeavesTheGridOnTheClipboard) {
+    Show({9, 8});
+    Trigger("Copy1");
+    const QString grid = QGuiApplication::clipboard()->text();
+    QGuiApplication::clipboard()->setText("something else");
+    Trigger("Print1");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), grid);
+    EXPECT_TRUE(printing.jobs.value(0).endsWith(grid));
+}
+
 TEST_F(TFileContentsTest, ADoubleClickTellsTheGridCoordinates) {
     Show(TBytes(64, 0));
     Grid().SetCurrent(3, 2);
@@ -154,6 +166,49 @@ TEST_F(TFileContentsTest, TheKeyWindowShowsTheParametersAndLivesWhileThePageIsSh
     EXPECT_FALSE(page->findChild<TfrmKey *>());
 }
 
+TEST_F(TFileContentsTest, TheKeysLegendHasItsOwnColours) {
+    page->ShowPage();
+    const auto &key = FindControl<TfrmKey>(*page, "frmKey");
+    QStringList shown;
+    for (const QLabel *text : key.findChildren<QLabel *>()) {
+        const auto *legend = dynamic_cast<QGridLayout *>(text->parentWidget()->layout());
+        if (!legend)
+            continue;
+        for (int row = 0; row < legend->rowCount(); ++row)
+            if (const QLayoutItem *item = legend->itemAtPosition(row, 1);
+                item && item->widget() == text) {
+                const QWidget &box = *legend->itemAtPosition(row, 0)->widget();
+                EXPECT_TRUE(box.autoFillBackground());
+                shown << text->text() + " " + box.palette().color(QPalette::Window).name() + " " +
+                             box.accessibleName();
+            }
+    }
+    EXPECT_EQ(shown,
+              (QStringList{"Axis Count #0000ff blue", "Axis Values #008000 green",
+                           "Map Data #ffff00 yellow", "Possible Fuel Val #00ff00 lime",
+                           "Possible Timing Val #ff00ff fuchsia", "Searched Val #808000 olive"}));
+}
+
+TEST_F(TFileContentsTest, TheKeyClosesWithoutAQuestion) {
+    Show({100, 100});
+    auto &key = FindControl<TfrmKey>(*page, "frmKey");
+    auto &button = FindControl<QPushButton>(*page, "Button1");
+    const std::vector<std::function<void()>> ways{[&] { key.btnOK->click(); },
+                                                  [&] { QTest::keyClick(&key, Qt::Key_Escape); },
+                                                  [&] { key.close(); }, [&] { button.click(); }};
+    for (const auto &close : ways) {
+        button.click();
+        ASSERT_TRUE(key.isVisible());
+        dialogs.inputs = {"42"};
+        Trigger("MinFuelVal1");
+        Trigger("FindConsecutivePossFuelVals");
+        close();
+        EXPECT_FALSE(key.isVisible());
+    }
+    page->QueryClose();
+    EXPECT_EQ(dialogs.questions, QStringList());
+}
+
 TEST_F(TFileContentsTest, TheKeyStandsInTheMainWindowsCorner) {
     QWidget window;
     page->setParent(&window);
@@ -190,7 +245,9 @@ TEST_F(TFileContentsTest, ARealDoubleClickAndTheRightButton) {
     QTest::mouseDClick(Grid().viewport(), Qt::LeftButton, {}, cell.center());
     EXPECT_EQ(dialogs.messages, QStringList{"col: 3 row: 2"});
     auto &menu = FindControl<QMenu>(*page, "PopupMenu1");
-    QTest::mouseClick(Grid().viewport(), Qt::RightButton, {}, cell.center());
+    QTest::mousePress(Grid().viewport(), Qt::RightButton, {}, cell.center());
+    EXPECT_FALSE(menu.isVisible());
+    QTest::mouseRelease(Grid().viewport(), Qt::RightButton, {}, cell.center());
     EXPECT_TRUE(menu.isVisible());
     menu.close();
 }

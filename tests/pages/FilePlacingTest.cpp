@@ -44,6 +44,41 @@ INSTANTIATE_TEST_SUITE_P(
                     TMoveCase{"Timing2", "Timing Maps - Idle", false, TMapKind::Idle},
                     TMoveCase{"WOTTiming1", "Timing Maps - WOT", false, TMapKind::WOT}));
 
+/// Select records (5, 3) and makes it current; a try that fails moves the recorded cell one on.
+class TTwoCellsTest : public TPlacingTest {
+protected:
+    void SelectAndTry() {
+        Show(0x200, {{0x10, {3, 2, 0, 6, fuelValue, fuelValue}}});
+        Trigger("Fuel6");
+        Select(5, 3);
+        Trigger("Fuel4");
+        ASSERT_EQ(page->session.Recorded(), 0x25U);
+        ASSERT_EQ(Grid().Col(), 5);
+        ASSERT_EQ(Grid().Row(), 3);
+    }
+};
+
+TEST_F(TTwoCellsTest, AMapOfTheNotebookGoesToTheCurrentOne) {
+    SelectAndTry();
+    Trigger("Timing2");
+    EXPECT_EQ(window.workspace.timingMapSet.IdleMap->GetLocation(), 0x24);
+}
+
+TEST_F(TTwoCellsTest, ALinearFindIsPlacedAtTheCurrentOne) {
+    SelectAndTry();
+    Trigger("AllHighlighted1");
+    ASSERT_EQ(AddedCaptions(), QStringList{"1-D Fuel Map at $0012"});
+    EXPECT_EQ(Added(0).MapSet->WOTMap->GetLocation(), 0x24);
+}
+
+TEST_F(TTwoCellsTest, AQuickMapIsOfTheRecordedOne) {
+    SelectAndTry();
+    Trigger("SelectedCellisLinearMapOffset1");
+    ASSERT_TRUE(Chart());
+    EXPECT_EQ(Chart()->windowTitle(), "Map Offset: $0025");
+    delete Chart();
+}
+
 TEST_F(TPlacingTest, BeyondA64KiBImageOnlyThreeRowDigitsCount) {
     Show(0x20000, {});
     Select(13, 0x1A5B + 1);

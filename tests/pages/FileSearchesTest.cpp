@@ -110,6 +110,61 @@ TEST_F(TFileSearchesTest, AMapIsMarkedFromTheSelectedCellWhichMovesBehindIt) {
     EXPECT_EQ(ColorAt(17), 0xFF0000u);
 }
 
+TEST_F(TFileSearchesTest, HighlightingLeavesTheCurrentCellAndGoesOnWithTheRecordedOne) {
+    TBytes bytes(96, 255);
+    const TBytes map{0, 2, 5, 6, 100, 101};
+    std::copy(map.begin(), map.end(), bytes.begin() + 19);
+    Show(bytes);
+    Grid().SetCurrent(2, 2);
+    for (const std::size_t next : {18U, 19U, 25U, 26U}) {
+        Trigger("Fuel4");
+        EXPECT_EQ(page->session.Recorded(), next);
+        EXPECT_EQ(Grid().Col(), 2);
+        EXPECT_EQ(Grid().Row(), 2);
+        EXPECT_EQ(Grid().Selection(), (TGridRect{2, 2, 2, 2}));
+    }
+    EXPECT_EQ(ColorAt(20), 0xFF0000u);
+}
+
+TEST_F(TFileSearchesTest, SearchesReadTheCellsAsShownNotTheImageAsItIsNow) {
+    Show({7, 8, 7, 8});
+    Image().Poke(0, 9);
+    Image().Poke(1, 7);
+    dialogs.inputs = {"7"};
+    Trigger("HighlightAValue1");
+    EXPECT_EQ(ColorAt(0), 0x008080u);
+    EXPECT_EQ(ColorAt(1), clWindow);
+    EXPECT_EQ(ColorAt(2), 0x008080u);
+    Image().Poke(2, 100);
+    Image().Poke(3, 100);
+    Trigger("FindConsecutivePossFuelVals");
+    EXPECT_EQ(ColorAt(3), clWindow);
+}
+
+TEST_F(TFileSearchesTest, AnAddressWithoutADollarIsDecimal) {
+    Show({0x02, 0x34, 0x00, 0xEA});
+    dialogs.inputs = {"234", "15"};
+    Trigger("FindMapPointers1");
+    EXPECT_EQ(ColorAt(0), clWindow);
+    EXPECT_EQ(ColorAt(2), 0x008080u);
+    EXPECT_EQ(ColorAt(3), 0x008080u);
+}
+
+TEST_F(TFileSearchesTest, ARebuildKeepsTheCountersAndTheRecordedCell) {
+    TBytes bytes(96, 255);
+    const TBytes map{0, 2, 5, 6, 100, 101};
+    std::copy(map.begin(), map.end(), bytes.begin() + 19);
+    Show(bytes);
+    Trigger("Fuel6");
+    Grid().SetCurrent(2, 4);
+    FindControl<QCheckBox>(*page, "chkDisplayHex").click();
+    EXPECT_EQ(page->session.Counters().linear, 1);
+    EXPECT_EQ(page->session.Recorded(), 49U);
+    Show(TBytes(96, 1));
+    EXPECT_EQ(page->session.Counters().linear, 1);
+    EXPECT_EQ(page->session.Recorded(), 49U);
+}
+
 TEST_F(TFileSearchesTest, CommandsBeforeAnyImageDoNothing) {
     page->ShowPage();
     for (const char *name : {"FindConsecutivePossTimeVals", "Timing3", "Timing5", "Any1", "Any2",
