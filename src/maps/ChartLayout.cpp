@@ -14,8 +14,8 @@ namespace {
 constexpr double margin = 0.4;
 constexpr double tickLength = 0.3;
 constexpr double tickGap = 0.25;
-constexpr double titleGap = 0.35;
-constexpr double besideGap = 0.35; ///< between labels of one axis
+constexpr double titleGap = 0.4;
+constexpr double besideGap = 0.35; ///< between labels in one line, whatever they belong to
 // Less room than this, in line heights, and the titles are left out.
 constexpr double widthForAxisTitles = 20;
 constexpr double heightForAxisTitles = 11;
@@ -186,10 +186,10 @@ private:
     bool IsFree(const QRectF &rect) const {
         if (!place_.rect.contains(rect))
             return false;
-        for (const TChartLabel &label : labels_)
-            if (label.rect.intersects(rect))
-                return false;
         const double gap = besideGap * line_;
+        for (const TChartLabel &label : labels_)
+            if (label.rect.adjusted(-gap, 0, gap, 0).intersects(rect))
+                return false;
         const QMarginsF around(gap, gap, gap, gap);
         return std::none_of(place_.taken.begin(), place_.taken.end(), [&](const QRectF &taken) {
             return taken.marginsAdded(around).intersects(rect);

@@ -60,8 +60,9 @@ struct TChartLayout {
 /// Lays a chart out.
 ///
 /// Labels stand outside of the box beside the outline's edges, follow them through every view, lie
-/// within the rectangle and never overlap: on a crowded axis every second, third ... label is
-/// left. The axes' titles are left out where there is little room, then the chart's title.
+/// within the rectangle and never touch, those of different axes neither: on a crowded axis every
+/// second, third ... label is left, at a corner that of one axis. The axes' titles are left out
+/// where there is little room, then the chart's title.
 TChartLayout LayOut(const TChartContents &contents, const TChartPlace &place);
 
 QPointF OnScreen(const TScreenPoint &point);

@@ -34,13 +34,16 @@ std::vector<QPointF> Corners(const TChartProjection &projection) {
     return corners;
 }
 
-/// No label overlaps another, leaves the rectangle, lies on a control or on the box.
+constexpr double leastGap = 0.3; ///< of a line's height, between labels in one line
+
+/// No label touches another, of whatever axis, leaves the rectangle, lies on a control or the box.
 void ExpectTidy(const TChartLayout &layout, const TChartPlace &place) {
     const std::vector<TChartLabel> &labels = layout.labels;
+    const double gap = leastGap * layout.lineHeight;
     for (std::size_t i = 0; i < labels.size(); ++i) {
         EXPECT_TRUE(place.rect.contains(labels[i].rect)) << labels[i].text.toStdString();
         for (std::size_t j = 0; j < i; ++j)
-            EXPECT_FALSE(labels[i].rect.intersects(labels[j].rect))
+            EXPECT_FALSE(labels[i].rect.adjusted(-gap, 0, gap, 0).intersects(labels[j].rect))
                 << labels[i].text.toStdString() << " and " << labels[j].text.toStdString();
         for (const QRectF &taken : place.taken)
             EXPECT_TRUE(!labels[i].rect.intersects(taken) || labels[i].kind == TLabelKind::Title)
@@ -86,6 +89,20 @@ TEST(ChartLayout, NothingOverlapsInRandomSizesAndViews) {
         ExpectTidy(layout, place);
         ExpectOutside(layout);
     }
+}
+
+TEST(ChartLayout, LabelsOfDifferentAxesStayApartInEveryViewRoundTheFirst) {
+    TChartContents contents = SampleContents(16, 16);
+    contents.firstAtRight = true;
+    for (const QSizeF size : {QSizeF(260, 160), QSizeF(420, 260), QSizeF(900, 520)})
+        for (int rotation = 270; rotation <= 450; rotation += 3)
+            for (int elevation = 318; elevation <= 372; elevation += 3) {
+                contents.view.rotation = rotation;
+                contents.view.elevation = elevation;
+                TChartPlace place;
+                place.rect = {{0, 0}, size};
+                ExpectTidy(LayOut(contents, place), place);
+            }
 }
 
 TEST(ChartLayout, ShowsAllKindsOfTextInTheInitialView) {
