@@ -21,6 +21,21 @@ void AdjustCell(IMapGrid &grid, int column, int row, const TAdjustment &adjustme
 }
 } // namespace
 
+TAdjustRange RangeFor(TMapKind map, TAdjustRange requested) {
+    return map == TMapKind::PT ? requested : TAdjustRange::Row;
+}
+
+TCellRange CellsToAdjust(TMapKind map, TAdjustRange range, const TGridPlace &grid) {
+    TCellRange cells{1, 1, grid.columns - 1, grid.rows - 1};
+    if (map != TMapKind::PT)
+        cells.bottom = 1;
+    else if (range == TAdjustRange::Row)
+        cells.top = cells.bottom = grid.currentRow;
+    else if (range == TAdjustRange::Column)
+        cells.left = cells.right = grid.currentColumn;
+    return cells;
+}
+
 double Adjusted(double value, const TAdjustment &adjustment) {
     const std::int64_t signedAmount = std::int64_t{adjustment.amount} * adjustment.sign;
     if (!adjustment.percent)

@@ -1,7 +1,8 @@
-// The arithmetic of the bulk adjust tool: many cells of one grid at once, without a window.
-// ToolWindow.h asks for it.
+// What the bulk adjust tool does: which cells of a grid, and what becomes of them; without a
+// window. ToolWindow.h asks for it.
 #pragma once
 
+#include "model/MapSets.h"
 #include "model/MapViews.h"
 
 #include <cstdint>
@@ -14,13 +15,34 @@ struct TAdjustment {
     std::int32_t amount = 0;
 };
 
-/// Grid coordinates, all four included.
+/// Grid coordinates, all four included; empty where the right or lower end lies before the other.
 struct TCellRange {
     int left;
     int top;
     int right;
     int bottom;
+    bool operator==(const TCellRange &) const = default;
 };
+
+/// What of a grid is adjusted, in the order in which the window offers it.
+enum class TAdjustRange { All, Row, Column };
+
+/// A grid's shape, headers included, and its current cell.
+struct TGridPlace {
+    int columns;
+    int rows;
+    int currentColumn;
+    int currentRow;
+};
+
+/// The range that counts for a map when `requested` is chosen. Idle and full throttle have one row,
+/// which leaves them "Row" alone.
+TAdjustRange RangeFor(TMapKind map, TAdjustRange requested);
+
+/// The cells that `range` takes of a map's grid: of part throttle the body, or the row or column of
+/// the current cell, which counts as it is, a header after "Unlock Axis" included: intended. Of the
+/// others always the first body row.
+TCellRange CellsToAdjust(TMapKind map, TAdjustRange range, const TGridPlace &grid);
 
 /// The adjusted value. Units are not rounded; a percentage is rounded to the nearest integer, ties
 /// to even, in extended precision, while the old value keeps its fraction (12.5 plus 10 percent

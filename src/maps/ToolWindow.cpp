@@ -16,10 +16,9 @@
 #include <QScrollArea>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace {
-constexpr int rangeRow = 1;
-constexpr int rangeColumn = 2;
 constexpr int itemRoom = 72;  // pixels beside an item's text: the button, the margins and the frame
 constexpr int titleRoom = 40; // pixels of a floating window's frame and title
 } // namespace
@@ -136,7 +135,23 @@ void TfrmToolWindow::ConnectControls() {
 
 void TfrmToolWindow::showEvent(QShowEvent *event) {
     QDockWidget::showEvent(event);
+    StayOnTop(true);
     Guarded([this] { FormShow(); });
+}
+
+bool TfrmToolWindow::event(QEvent *event) {
+    // A question comes up in front of its own window only, and must not lie behind this one.
+    if (event->type() == QEvent::WindowBlocked)
+        StayOnTop(false);
+    if (event->type() == QEvent::WindowUnblocked)
+        StayOnTop(true);
+    return QDockWidget::event(event);
+}
+
+void TfrmToolWindow::StayOnTop(bool stay) {
+    // The dock makes its window, and the flags of it, anew with each docking and floating.
+    if (isFloating() && windowHandle())
+        windowHandle()->setFlag(Qt::WindowStaysOnTopHint, stay);
 }
 
 void TfrmToolWindow::FormShow() {
@@ -156,17 +171,17 @@ void TfrmToolWindow::rdoScaleClick() {
 }
 
 void TfrmToolWindow::rdoRangeClick() {
-    ApplyRange(rdoRange_->ItemIndex());
+    ApplyRange(TAdjustRange{rdoRange_->ItemIndex()});
 }
 
 void TfrmToolWindow::rdoDatasetClick() {
     DataSet = rdoDataset_->ItemIndex();
     if (DataSet > 0)
-        ApplyRange(rangeRow);
+        ApplyRange(TAdjustRange::Row);
 }
 
-void TfrmToolWindow::ApplyRange(int requested) {
-    Range = DataSet == 0 ? requested : rangeRow;
+void TfrmToolWindow::ApplyRange(TAdjustRange requested) {
+    Range = static_cast<int>(RangeFor(TMapKind{DataSet}, requested));
     rdoRange_->SetItemIndex(Range);
 }
 
@@ -175,24 +190,18 @@ void TfrmToolWindow::edtValExit() {
     edtVal_->setText(QString::number(Amount));
 }
 
-TCellRange TfrmToolWindow::CellRange() const {
-    const TMapKind kind{DataSet};
-    const TStringAlignGrid &grid = *page_.Panel(kind).grid;
-    TCellRange range{1, 1, grid.ColCount() - 1, kind == TMapKind::PT ? grid.RowCount() - 1 : 1};
-    // The current row or column counts as it is, a header after "Unlock Axis" included: intended.
-    if (kind == TMapKind::PT && Range == rangeRow)
-        range.top = range.bottom = grid.Row();
-    if (kind == TMapKind::PT && Range == rangeColumn)
-        range.left = range.right = grid.Col();
-    return range;
-}
-
 void TfrmToolWindow::btnExecClick() {
     const TMapKind kind{DataSet};
     // The map counts as changed before any cell is touched, and even when none changes: intended.
     page_.Changed(kind) = true;
-    page_.Panel(kind).grid->CloseEditor();
-    AdjustCells(page_.Panel(kind).gridView, CellRange(), {Sign, Scale == 1, Amount},
+    TStringAlignGrid &grid = *page_.Panel(kind).grid;
+    grid.CloseEditor();
+    const TCellRange cells = CellsToAdjust(kind, TAdjustRange{Range},
+                                           {.columns = grid.ColCount(),
+                                            .rows = grid.RowCount(),
+                                            .currentColumn = grid.Col(),
+                                            .currentRow = grid.Row()});
+    AdjustCells(page_.Panel(kind).gridView, cells, {Sign, Scale == 1, Amount},
                 page_.Map(kind).GetCellFormat());
     page_.RedrawMapChart(kind);
 }

@@ -40,6 +40,7 @@ public:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    bool event(QEvent *event) override;
 
 private:
     TRadioGroup *MakeGroup(const char *name, const QString &title, const QStringList &items);
@@ -51,9 +52,10 @@ private:
     void MakeReachable();
     /// F6: to this window, or from it back to the page, to the control that had the focus there.
     void GoToOtherWindow();
-    /// Idle and full throttle have one row, which leaves "Row" alone to choose.
-    void ApplyRange(int requested);
-    TCellRange CellRange() const;
+    /// Above all other windows, or not, while it floats.
+    void StayOnTop(bool stay);
+    /// Makes `requested` the range, or what counts in its place, and shows it.
+    void ApplyRange(TAdjustRange requested);
 
     TfrmMaps &page_;
     // Made, and visited by Tab, from top to bottom.

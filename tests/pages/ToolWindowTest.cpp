@@ -1,84 +1,10 @@
 // The bulk adjust window on a fuel page inside a main window: its controls, the state behind them,
 // and what "Go" does to the page's grids.
-#include "pages/MapPageFixture.h"
+#include "pages/ToolWindowFixture.h"
 
 #include <QApplication>
-#include <QMainWindow>
-#include <QRadioButton>
-#include <QScreen>
 
 namespace {
-class TToolWindowTest : public TFuelPageTest {
-protected:
-    void SetUp() override {
-        PlantMaps();
-        PlaceMaps(workspace);
-        page = std::make_unique<TfrmFuelMaps>(nullptr, workspace, workspace.fuelMapSet);
-        host.setCentralWidget(page.get());
-        host.show();
-        page->ShowPage();
-        Click("btnRecalculate");
-        QTest::qWait(0);
-    }
-    void TearDown() override { host.takeCentralWidget()->setParent(nullptr); }
-
-    TfrmToolWindow &Tool() { return *page->ToolWindow; }
-    template <class Control>
-    Control &Its(const QString &name) {
-        return FindControl<Control>(Tool(), name);
-    }
-    TRadioGroup &Group(const QString &name) { return Its<TRadioGroup>(name); }
-    void Pick(const QString &group, int item) {
-        Its<QRadioButton>(group + QString::number(item)).click();
-    }
-    QLineEdit &Amount() { return Its<QLineEdit>("edtVal"); }
-    /// Types the amount and moves on by Tab.
-    void Enter(const QString &text) {
-        Activate(Tool());
-        Amount().setFocus();
-        Amount().selectAll();
-        QTest::keyClicks(&Amount(), text);
-        QTest::keyClick(&Amount(), Qt::Key_Tab);
-    }
-    static void Activate(QWidget &window) {
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
-    void Go() { Its<QPushButton>("btnExec").click(); }
-    QStringList Items(const QString &name) {
-        QStringList items;
-        for (int item = 0; item < Group(name).ItemCount(); ++item)
-            items << Group(name).Item(item);
-        return items;
-    }
-    QStringList RowTexts(const QString &gridName, int row) {
-        QStringList texts;
-        for (int column = 1; column < Grid(gridName).ColCount(); ++column)
-            texts << Grid(gridName).Cell(column, row);
-        return texts;
-    }
-    /// The colours of a whole grid row by row, b for blue, r for red, . for untouched.
-    QString Colors(const QString &gridName) {
-        QString colors;
-        const TStringAlignGrid &grid = Grid(gridName);
-        for (int row = 0; row < grid.RowCount(); ++row) {
-            for (int column = 0; column < grid.ColCount(); ++column) {
-                const TColor color = grid.FontColor(column, row);
-                colors += color == clBlue ? 'b' : color == clRed ? 'r' : '.';
-            }
-            colors += ' ';
-        }
-        return colors.trimmed();
-    }
-    void ExpectFlags(bool partThrottle, bool idle, bool fullThrottle) {
-        EXPECT_EQ(page->PTChanged, partThrottle);
-        EXPECT_EQ(page->IdleChanged, idle);
-        EXPECT_EQ(page->FTChanged, fullThrottle);
-    }
-
-    QMainWindow host;
-};
-
 TEST_F(TToolWindowTest, SaysItsSentence) {
     EXPECT_EQ(Tool().windowTitle(), "Tools");
     EXPECT_EQ(Tool().objectName(), "frmToolWindow");
@@ -94,35 +20,6 @@ TEST_F(TToolWindowTest, SaysItsSentence) {
     EXPECT_EQ(Its<QPushButton>("btnExec").text(), "&Go");
     EXPECT_EQ(Its<QPushButton>("Button2").text(), "&Undo");
     EXPECT_FALSE(Its<QPushButton>("Button2").isVisible());
-}
-
-TEST_F(TToolWindowTest, FloatsOnTopAndCanBeDocked) {
-    EXPECT_TRUE(Tool().isFloating());
-    EXPECT_TRUE(Tool().isWindow());
-    EXPECT_EQ(Tool().windowType(), Qt::Tool);
-    EXPECT_EQ(Tool().windowModality(), Qt::NonModal);
-    EXPECT_EQ(Tool().parentWidget(), &host) << "a tool window stays above its parent";
-    EXPECT_EQ(Tool().allowedAreas(), Qt::AllDockWidgetAreas);
-    EXPECT_TRUE(Tool().features().testFlag(QDockWidget::DockWidgetMovable));
-    Tool().setFloating(false);
-    EXPECT_FALSE(Tool().isWindow());
-    EXPECT_EQ(host.dockWidgetArea(&Tool()), Qt::RightDockWidgetArea);
-    EXPECT_TRUE(Tool().isVisible());
-    Pick("rdoOperation", 1);
-    EXPECT_EQ(Tool().Sign, -1);
-    Tool().setFloating(true);
-    EXPECT_EQ(Group("rdoOperation").ItemIndex(), 1);
-    EXPECT_EQ(Tool().Sign, -1);
-}
-
-TEST_F(TToolWindowTest, StandsOnTheScreenBesideAWindowThatReachesTheEdge) {
-    const QRect screen = host.screen()->availableGeometry();
-    host.setGeometry(screen.right() - 300, screen.bottom() - 200, 400, 300);
-    page->QueryClose();
-    page->ShowPage();
-    page->btnRecalculateClick();
-    const QRect taken(Tool().pos(), Tool().size()); // on a desktop it has no frame
-    EXPECT_TRUE(screen.contains(taken)) << taken.right() << " " << taken.bottom();
 }
 
 TEST_F(TToolWindowTest, Defaults) {
@@ -301,7 +198,9 @@ TEST_F(TToolWindowTest, AllChangesEveryBodyCell) {
     ExpectFlags(true, false, false);
     EXPECT_EQ(BodyByte(TMapKind::PT, 0), 1) << "only the commit writes";
     EXPECT_FALSE(workspace.fuelMapSet.IsModified());
+    EXPECT_FALSE(page->DataChanged) << "so does the flag of the image";
     Click("btnSavePT");
+    EXPECT_TRUE(page->DataChanged);
     EXPECT_EQ(BodyByte(TMapKind::PT, 0), 6);
     EXPECT_EQ(BodyByte(TMapKind::PT, 11), 17);
 }
@@ -428,6 +327,21 @@ TEST_F(TToolWindowTest, RedCellsAreLeftOutOfTheCommit) {
     EXPECT_EQ(BodyByte(TMapKind::Idle, 1), 2);
     EXPECT_EQ(Colors("grdIdMap"), "..... .....");
     EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(TToolWindowTest, AnEditedCellThatIsNoNumberTurnsRedOnGo) {
+    Type("grdIdMap", 2, 1, "7");
+    Type("grdIdMap", 2, 1, "abc");
+    ASSERT_EQ(Colors("grdIdMap"), "..... ..b..") << "blue since the first of both edits";
+    dialogs.messages.clear();
+    Pick("rdoDataset", 1);
+    Enter("5");
+    Go();
+    EXPECT_EQ(Colors("grdIdMap"), "..... .brbb");
+    EXPECT_EQ(Grid("grdIdMap").Cell(2, 1), "abc");
+    EXPECT_TRUE(dialogs.messages.empty());
+    Click("btnSaveIdle");
+    EXPECT_EQ(BodyByte(TMapKind::Idle, 1), 2);
 }
 
 TEST_F(TToolWindowTest, OutOfRangeResultsWrapAtTheCommit) {

@@ -1,4 +1,4 @@
-// The bulk adjust tool's arithmetic, and what it does to a grid's texts and colours.
+// The bulk adjust tool's ranges and arithmetic, and what it does to a grid's texts and colours.
 #include "maps/BulkAdjust.h"
 
 #include "model/Errors.h"
@@ -68,6 +68,62 @@ TEST(TAdjustedErrorTest, AChangeBeyond64BitsIsRefused) {
     EXPECT_EQ(Adjusted(1e300, {1, false, 1}), 1e300);
 }
 
+struct TRangeCase {
+    const char *name;
+    TMapKind map;
+    TAdjustRange range;
+    TGridPlace grid;
+    TCellRange expected;
+};
+void PrintTo(const TRangeCase &tested, std::ostream *stream) {
+    *stream << tested.name;
+}
+
+using enum TMapKind;
+using enum TAdjustRange;
+
+class TCellsToAdjustTest : public testing::TestWithParam<TRangeCase> {};
+
+TEST_P(TCellsToAdjustTest, AreThoseOfTheRange) {
+    const TRangeCase &tested = GetParam();
+    const TCellRange cells = CellsToAdjust(tested.map, tested.range, tested.grid);
+    EXPECT_EQ(cells, tested.expected)
+        << cells.left << " " << cells.top << " " << cells.right << " " << cells.bottom;
+}
+INSTANTIATE_TEST_SUITE_P(
+    Cases, TCellsToAdjustTest,
+    testing::Values(
+        // name, map, range, {columns, rows, current column, current row}, {left, top, right,
+        // bottom}
+        TRangeCase{"the body", PT, All, {5, 4, 2, 3}, {1, 1, 4, 3}},
+        TRangeCase{"the current row", PT, Row, {5, 4, 2, 3}, {1, 3, 4, 3}},
+        TRangeCase{"the current column", PT, Column, {5, 4, 2, 3}, {2, 1, 2, 3}},
+        TRangeCase{"the first row", PT, Row, {5, 4, 4, 1}, {1, 1, 4, 1}},
+        TRangeCase{"the last column", PT, Column, {5, 4, 4, 1}, {4, 1, 4, 3}},
+        TRangeCase{"the row of the engine speeds", PT, Row, {5, 4, 2, 0}, {1, 0, 4, 0}},
+        TRangeCase{"the column of the loads", PT, Column, {5, 4, 0, 2}, {0, 1, 0, 3}},
+        TRangeCase{"a row although a load is current", PT, Row, {5, 4, 0, 2}, {1, 2, 4, 2}},
+        TRangeCase{"a column although a speed is current", PT, Column, {5, 4, 3, 0}, {3, 1, 3, 3}},
+        TRangeCase{"the body although the corner is current", PT, All, {5, 4, 0, 0}, {1, 1, 4, 3}},
+        TRangeCase{"one column", PT, All, {2, 4, 1, 1}, {1, 1, 1, 3}},
+        TRangeCase{"nothing of a grid without a body", PT, All, {1, 1, 0, 0}, {1, 1, 0, 0}},
+        TRangeCase{"no row of a grid without a body", PT, Row, {1, 1, 0, 0}, {1, 0, 0, 0}},
+        TRangeCase{"no column of a grid without a body", PT, Column, {1, 1, 0, 0}, {0, 1, 0, 0}},
+        TRangeCase{"idle", Idle, Row, {5, 2, 2, 1}, {1, 1, 4, 1}},
+        TRangeCase{"idle with its header current", Idle, Row, {5, 2, 2, 0}, {1, 1, 4, 1}},
+        TRangeCase{"idle whatever the range", Idle, Column, {5, 2, 2, 1}, {1, 1, 4, 1}},
+        TRangeCase{"full throttle", WOT, Row, {21, 2, 7, 1}, {1, 1, 20, 1}},
+        TRangeCase{"full throttle whatever the range", WOT, All, {21, 2, 7, 0}, {1, 1, 20, 1}},
+        TRangeCase{"one row even of a taller grid", WOT, All, {5, 4, 2, 3}, {1, 1, 4, 1}}));
+
+TEST(TRangeForTest, IdleAndFullThrottleHaveNothingButTheirRow) {
+    for (const TAdjustRange requested : {All, Row, Column}) {
+        EXPECT_EQ(RangeFor(PT, requested), requested);
+        EXPECT_EQ(RangeFor(Idle, requested), Row);
+        EXPECT_EQ(RangeFor(WOT, requested), Row);
+    }
+}
+
 class TAdjustCellsTest : public testing::Test {
 protected:
     TAdjustCellsTest() {
@@ -117,6 +173,15 @@ TEST_F(TAdjustCellsTest, ACellThatIsNoNumberTurnsRedAndTheOthersGoOn) {
     EXPECT_EQ(grid.Row(2), (TTexts{"20", "22", "nan", "24"}));
     EXPECT_EQ(Colors(1), ".rrr");
     EXPECT_EQ(Colors(2), ".brb");
+}
+
+TEST_F(TAdjustCellsTest, AnEditedCellThatIsNoNumberTurnsRedToo) {
+    grid.SetCell(1, 1, "abc");
+    grid.SetFontColor(1, 1, clBlue);
+    grid.SetFontColor(2, 1, clGreen);
+    grid.SetCell(2, 1, "1,5");
+    AdjustCells(grid, {1, 1, 3, 1}, {1, false, 1}, "##0");
+    EXPECT_EQ(Colors(1), ".rrb");
 }
 
 TEST_F(TAdjustCellsTest, AChangeOutOfRangeTurnsRedAndKeepsTheText) {
