@@ -36,11 +36,11 @@ void Fill(TAreaChart &chart, int loads, int rpms) {
     chart.SetBottomInverted(true);
     chart.RecreateSeries(loads);
     for (int load = 0; load < loads; ++load) {
-        chart.SetSeriesTitle(load, std::to_string(5 * load) + "%");
+        chart.SetSeriesLoad(load, QString::number(5 * load) + "%");
         for (int rpm = 0; rpm < rpms; ++rpm) {
             const double value = ValueOf(load, rpm);
-            chart.AddPoint(load, 500 + 250 * rpm, value, std::to_string(500 + 250 * rpm),
-                           PointColor(value));
+            const int speed = 500 + 250 * rpm;
+            chart.AddPoint(load, {double(speed), value, QString::number(speed), PointColor(value)});
         }
     }
 }

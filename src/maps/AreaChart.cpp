@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -21,7 +22,6 @@ constexpr std::array<TColor, 12> seriesColors{
 
 constexpr int pixelsPerDegree = 2;
 constexpr int wheelStep = 120; // eighths of a degree, one notch of a plain wheel
-constexpr int zoomStep = 5;    // percent
 constexpr int focusFrame = 3;  // pixels, half of them inside the widget
 
 /// The sum of two numbers, wrapped to 32 bits.
@@ -32,9 +32,11 @@ int Wrapped(int a, int b) {
 
 TAreaChart::TAreaChart(QWidget *parent, const QString &name) : QWidget(parent) {
     setObjectName(name);
+    TakeKeys(false);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setLayoutDirection(Qt::LeftToRight); // numbers rise to the right in every language
     SetRole(*this, QAccessible::Chart);
+    SeriesChanged();
 }
 
 void TAreaChart::SetTitles(const QString &title, const QString &leftAxisTitle) {
@@ -56,6 +58,14 @@ void TAreaChart::TiltBy(int degrees) {
 
 void TAreaChart::ZoomBy(int percent) {
     view_.zoom = Wrapped(view_.zoom, percent);
+    update();
+}
+
+void TAreaChart::ShowFirstView() {
+    const TChartView first;
+    view_.rotation = first.rotation;
+    view_.elevation = first.elevation;
+    view_.zoom = first.zoom;
     update();
 }
 
@@ -84,9 +94,9 @@ void TAreaChart::StartWithSeries(int count) {
     }
 }
 
-void TAreaChart::HideForGood() {
-    hiddenForGood_ = true;
-    SetVisible(false);
+void TAreaChart::TakeKeys(bool take) {
+    takesKeys_ = take;
+    setFocusPolicy(take ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 QVariantList TAreaChart::SeriesProperty() const {
@@ -101,15 +111,6 @@ QVariantList TAreaChart::SeriesProperty() const {
     return result;
 }
 
-void TAreaChart::SetVisible(bool visible) {
-    visible_ = visible && !hiddenForGood_;
-    setVisible(visible_);
-}
-
-int TAreaChart::SeriesCount() const {
-    return static_cast<int>(series_.size());
-}
-
 void TAreaChart::RecreateSeries(int count) {
     series_.assign(static_cast<std::size_t>(std::max(count, 0)), {});
     SeriesChanged();
@@ -121,22 +122,28 @@ void TAreaChart::ClearSeries(int series) {
     SeriesChanged();
 }
 
-void TAreaChart::SetSeriesTitle(int series, const std::string &title) {
+void TAreaChart::SetSeriesTitle(int series, const QString &title) {
     if (TChartSeries *found = SeriesAt(series))
-        found->title = QString::fromStdString(title);
-    SeriesChanged();
+        found->title = title;
 }
 
-void TAreaChart::AddPoint(int series, double x, double value, const std::string &label,
-                          TColor color) {
+void TAreaChart::SetSeriesLoad(int series, const QString &load) {
     if (TChartSeries *found = SeriesAt(series))
-        found->points.push_back({x, value, QString::fromStdString(label), color});
+        found->load = load;
+    update();
+}
+
+void TAreaChart::AddPoint(int series, const TChartPoint &point) {
+    if (TChartSeries *found = SeriesAt(series))
+        found->points.push_back(point);
     SeriesChanged();
 }
 
 void TAreaChart::SeriesChanged() {
-    describe_ = true;
     update();
+    // Series come point by point: they are described once, when all of them are there.
+    if (!std::exchange(describeSoon_, true))
+        QMetaObject::invokeMethod(this, &TAreaChart::Describe, Qt::QueuedConnection);
 }
 
 TChartSeries *TAreaChart::SeriesAt(int series) {
@@ -153,7 +160,7 @@ TChartContents TAreaChart::Contents() const {
         for (const TChartPoint &point : series.points)
             wall.points.push_back({point.value, point.color});
         contents.walls.push_back(std::move(wall));
-        contents.depthLabels << series.title;
+        contents.depthLabels << series.load;
         // The longest series labels the axis.
         for (auto i = static_cast<std::size_t>(contents.bottomLabels.size());
              i < series.points.size(); ++i)
@@ -163,11 +170,12 @@ TChartContents TAreaChart::Contents() const {
 }
 
 void TAreaChart::Describe() {
-    describe_ = false;
+    describeSoon_ = false;
+    const std::vector<TWall> walls = Contents().walls;
     int readable = 0;
     double lowest = 0;
     double highest = 0;
-    for (const TWall &wall : Contents().walls)
+    for (const TWall &wall : walls)
         for (const TWallPoint &point : wall.points) {
             if (!IsReadable(point))
                 continue;
@@ -176,7 +184,7 @@ void TAreaChart::Describe() {
             ++readable;
         }
     const QString shape =
-        tr("%1 series of up to %2 points").arg(SeriesCount()).arg(PlaceCount(Contents().walls));
+        tr("%1 series of up to %2 points").arg(SeriesCount()).arg(PlaceCount(walls));
     setAccessibleDescription(
         readable == 0 ? shape : tr("%1, values from %2 to %3").arg(shape).arg(lowest).arg(highest));
 }
@@ -186,8 +194,6 @@ void TAreaChart::Paint(QPainter &painter, const QRectF &rect) const {
 }
 
 void TAreaChart::paintEvent(QPaintEvent *) {
-    if (describe_)
-        Describe();
     TChartPlace place{rect(), font(), this, {}};
     for (const QObject *child : children())
         if (const auto *widget = qobject_cast<const QWidget *>(child);
@@ -201,19 +207,23 @@ void TAreaChart::paintEvent(QPaintEvent *) {
 }
 
 void TAreaChart::keyPressEvent(QKeyEvent *event) {
+    if (!takesKeys_)
+        return QWidget::keyPressEvent(event);
     switch (event->key()) {
     case Qt::Key_Left:
-        return TurnBy(1);
+        return TurnBy(turnStep);
     case Qt::Key_Right:
-        return TurnBy(-1);
+        return TurnBy(-turnStep);
     case Qt::Key_Up:
-        return TiltBy(-1);
+        return TiltBy(-turnStep);
     case Qt::Key_Down:
-        return TiltBy(1);
+        return TiltBy(turnStep);
     case Qt::Key_Plus:
         return ZoomBy(zoomStep);
     case Qt::Key_Minus:
         return ZoomBy(-zoomStep);
+    case Qt::Key_Home:
+        return ShowFirstView();
     default:
         QWidget::keyPressEvent(event);
     }
@@ -250,7 +260,18 @@ void TAreaChart::mouseReleaseEvent(QMouseEvent *event) {
     unsetCursor();
 }
 
+void TAreaChart::mouseDoubleClickEvent(QMouseEvent *event) {
+    if (event->button() == Qt::LeftButton)
+        ShowFirstView();
+    else
+        event->ignore();
+}
+
 void TAreaChart::wheelEvent(QWheelEvent *event) {
+    if (!hasFocus()) { // whoever scrolls past the chart does not mean it
+        event->ignore();
+        return;
+    }
     wheelRest_ += event->angleDelta().y();
     const int steps = wheelRest_ / wheelStep;
     wheelRest_ -= steps * wheelStep;

@@ -1,6 +1,7 @@
 // The chart of one map: its series, points, titles and view, drawn as walls in depth. Dragging with
-// the left button turns and tilts it, the wheel zooms. How it is drawn is ChartLayout.h and
-// ChartPainter.h.
+// the left button turns and tilts it, the wheel zooms while it has the focus, a double click brings
+// the first view back. How it is drawn is ChartLayout.h and ChartPainter.h; how maps fill it,
+// MapChart.h.
 #pragma once
 
 #include "maps/ChartLayout.h"
@@ -22,13 +23,14 @@ struct TChartPoint {
 };
 
 struct TChartSeries {
-    QString title;
+    QString title; ///< drawn nowhere
+    QString load;  ///< text on the load axis
     std::vector<TChartPoint> points;
     TColor color = clRed; ///< of the legend and of nothing else: points have colours of their own
     bool stairs = false;  ///< drawn in steps instead of slopes
 };
 
-class TAreaChart : public QWidget, public IMapChart {
+class TAreaChart : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QString title READ Title)
     Q_PROPERTY(QString leftAxisTitle READ LeftAxisTitle)
@@ -50,6 +52,8 @@ public:
     void TurnBy(int degrees);
     void TiltBy(int degrees);
     void ZoomBy(int percent);
+    /// Turns, tilts and zooms to where a new chart begins.
+    void ShowFirstView();
 
     /// Depth in percent of the full one, 100 until set; 0 draws all walls in one plane.
     void SetDepthPercent(int percent);
@@ -65,11 +69,11 @@ public:
     /// points, in the colours red, green, yellow, blue, white, grey, fuchsia, teal, navy, maroon,
     /// lime, olive; of twelve the first is titled "10%" and the last drawn as stairs.
     void StartWithSeries(int count);
-    /// Hides the chart whatever SetVisible says later.
-    void HideForGood();
 
-    /// Whether Tab stops at the chart and the arrow keys turn and tilt it, "+" and "-" zoom.
-    void TakeKeys(bool take) { setFocusPolicy(take ? Qt::TabFocus : Qt::NoFocus); }
+    /// Whether Tab stops at the chart and the arrow keys turn and tilt it, "+" and "-" zoom and
+    /// Home brings the first view back; false until set. A click gives it the focus all the same,
+    /// for the wheel.
+    void TakeKeys(bool take);
 
     /// Title above the drawing and title of the left axis.
     void SetTitles(const QString &title, const QString &leftAxisTitle);
@@ -87,15 +91,18 @@ public:
     /// follow the widget's font on the painter's device; colours are those of the widget's palette.
     void Paint(QPainter &painter, const QRectF &rect) const;
 
+    /// What is drawn.
+    TChartContents Contents() const;
+
+    int SeriesCount() const { return static_cast<int>(series_.size()); }
+    /// Removes all series and creates `count` empty ones.
+    void RecreateSeries(int count);
     // A call for a series that does not exist is ignored.
-    bool Visible() const override { return visible_; }
-    void SetVisible(bool visible) override;
-    int SeriesCount() const override;
-    void RecreateSeries(int count) override;
-    void ClearSeries(int series) override;
-    void SetSeriesTitle(int series, const std::string &title) override;
-    void AddPoint(int series, double x, double value, const std::string &label,
-                  TColor color) override;
+    /// Removes its points.
+    void ClearSeries(int series);
+    void SetSeriesTitle(int series, const QString &title);
+    void SetSeriesLoad(int series, const QString &load);
+    void AddPoint(int series, const TChartPoint &point);
 
     QSize minimumSizeHint() const override { return {110, 80}; }
     QSize sizeHint() const override { return {320, 160}; }
@@ -106,11 +113,11 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 
 private:
     TChartSeries *SeriesAt(int series);
-    TChartContents Contents() const;
     void SeriesChanged();
     void Describe();
 
@@ -121,8 +128,7 @@ private:
     TChartView view_;
     std::optional<QPoint> dragged_; ///< where the mouse was last while the chart is being dragged
     int wheelRest_ = 0;             ///< eighths of a degree that made no step yet
-    bool describe_ = true;          ///< the accessible description is out of date
-    bool visible_ = true;
-    bool hiddenForGood_ = false;
+    bool takesKeys_ = false;
+    bool describeSoon_ = false; ///< the accessible description is out of date
     std::vector<TChartSeries> series_;
 };

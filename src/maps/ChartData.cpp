@@ -61,6 +61,7 @@ void RedrawChart(const IMapGrid &grid, IMapChart &chart) {
         const int series = rows - 1 - row;
         chart.ClearSeries(series);
         chart.SetSeriesTitle(series, grid.Cell(0, rows - row));
+        chart.SetSeriesLoad(series, grid.Cell(0, row));
         for (int column = 1; column < grid.ColCount(); ++column)
             AddCell(grid, column, row, chart, series);
     }
@@ -73,8 +74,11 @@ void FillQuickChart(const TMap &map, IMapChart &chart) {
     for (int r = 0; r < loadPoints; ++r) {
         const int series = loadPoints - 1 - r;
         chart.ClearSeries(series);
-        if (const TVal *load = map.axes->throttleAxis->values->GetItem(r, 0))
-            chart.SetSeriesTitle(series, FormatReal("##0", load->GetValue()));
+        if (const TVal *load = map.axes->throttleAxis->values->GetItem(r, 0)) {
+            const std::string label = FormatReal("##0", load->GetValue());
+            chart.SetSeriesTitle(series, label);
+            chart.SetSeriesLoad(series, label);
+        }
         for (int c = 0; c < map.RPMCount(); ++c)
             AddValue(map, c, r, chart, series);
     }

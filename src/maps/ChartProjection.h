@@ -37,6 +37,10 @@ struct TChartView {
     int depthPercent = 100;     ///< of the depth that the chart would have
 };
 
+/// One step of the view, the same for every button, key and notch of the wheel.
+inline constexpr int turnStep = 1; ///< degrees, of rotation and elevation alike
+inline constexpr int zoomStep = 5; ///< percent
+
 /// Beyond this many percent nothing of a chart would be recognised.
 inline constexpr int largestZoom = 5000;
 

@@ -47,7 +47,8 @@ TMapPanel::TMapPanel(QWidget *parent, const TMapPanelTraits &rowTraits)
       copyAction(menu->addAction(tr("Copy Map"))),
       pasteAction(menu->addAction(tr("Paste Map"))),
       unlockAction(menu->addAction(tr("Unlock Axis"))),
-      gridView(*grid) {
+      gridView(*grid),
+      chartView(*chart) {
     MakePanel();
     MakeChart();
     MakeMenu();
@@ -69,7 +70,7 @@ void TMapPanel::SetTitle(const QString &text) {
 
 void TMapPanel::HideForGood() {
     panel->hide();
-    chart->HideForGood();
+    chartView.HideForGood();
     hide();
 }
 

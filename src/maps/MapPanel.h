@@ -4,7 +4,7 @@
 // places; what they do is the page's, in Maps.h.
 #pragma once
 
-#include "maps/AreaChart.h"
+#include "maps/MapChart.h"
 #include "maps/MapGrid.h"
 #include "maps/OffsetEdit.h"
 #include "model/MapSets.h"
@@ -56,6 +56,7 @@ public:
     QAction *pasteAction;
     QAction *unlockAction;
     TMapGrid gridView; ///< the grid as the model sees it
+    TMapChart chartView;
 
     /// Shows the map's title above the grid and names the controls after it for screen readers.
     void SetTitle(const QString &text);

@@ -177,7 +177,7 @@ void TfrmMaps::LoadMap(TMapKind kind) {
         map.axes->throttleAxis->SetSinglePoint(SingleLoadPoint(kind));
     map.data->SetShowConverted(MapSet->showConverted);
     map.SizeGrid(row.gridView);
-    map.SizeChart(*row.chart);
+    map.SizeChart(row.chartView);
     FillMap(kind);
     RedrawMapChart(kind);
     ShowTitles(kind);
@@ -202,7 +202,7 @@ void TfrmMaps::ShowTitles(TMapKind kind) {
 }
 
 void TfrmMaps::RedrawMapChart(TMapKind kind) {
-    RedrawChart(Panel(kind).gridView, *Panel(kind).chart);
+    RedrawChart(Panel(kind).gridView, Panel(kind).chartView);
 }
 
 void TfrmMaps::Commit(TMapKind kind) {
@@ -256,7 +256,7 @@ void TfrmMaps::OffsetExit(TMapKind kind) {
     TMapPanel &row = Panel(kind);
     TMap &map = Map(kind);
     if (kind == TMapKind::WOT)
-        map.SizeChart(*row.chart);
+        map.SizeChart(row.chartView);
     const int offset = ParseInteger(row.offset->text().toStdString());
     // An unchanged number leaves the box writable; this is intended.
     if (offset == map.GetLocation())
@@ -314,7 +314,7 @@ void TfrmMaps::PasteMap(TMapKind kind, TPasteSlots &buffer, const QString &setNa
     row.grid->CloseEditor();
     buffered->AssignTo(map);
     map.SizeGrid(row.gridView);
-    map.SizeChart(*row.chart);
+    map.SizeChart(row.chartView);
     FillMap(kind);
     RedrawMapChart(kind);
     Changed(kind) = true;

@@ -4,10 +4,6 @@
 
 #include <QKeyEvent>
 
-namespace {
-constexpr int zoomStep = 5; // percent
-} // namespace
-
 TfrmMapsGraphical::TfrmMapsGraphical(QWidget *parent, TWorkspace &sharedWorkspace, TMapSet &mapSet)
     : TfrmMaps(parent, sharedWorkspace, mapSet) {
     setFocusPolicy(Qt::StrongFocus); // a click into the page makes the keys work, and so does Tab
@@ -29,7 +25,8 @@ void TfrmMapsGraphical::ShowChartOnly() {
     ShowOnly(TMapKind::PT);
     Panel(TMapKind::PT).panel->hide();
     Panel(TMapKind::PT).parentWidget()->layout()->setContentsMargins(0, 0, 0, 0);
-    Panel(TMapKind::PT).chart->TakeKeys(false); // the page does
+    Chart().TakeKeys(false);     // the page does
+    Chart().setFocusProxy(this); // so that the wheel zooms while the keys work
     Panel(TMapKind::PT).commit->hide();
     Panel(TMapKind::PT).reset->hide();
     InterpretBox().hide();
@@ -42,22 +39,22 @@ void TfrmMapsGraphical::FormShow() {
 }
 
 void TfrmMapsGraphical::btnUpClick() {
-    Chart().TiltBy(-1);
+    Chart().TiltBy(-turnStep);
     TakeFocus();
 }
 
 void TfrmMapsGraphical::btnDownClick() {
-    Chart().TiltBy(1);
+    Chart().TiltBy(turnStep);
     TakeFocus();
 }
 
 void TfrmMapsGraphical::btnLeftClick() {
-    Chart().TurnBy(1);
+    Chart().TurnBy(turnStep);
     TakeFocus();
 }
 
 void TfrmMapsGraphical::btnRightClick() {
-    Chart().TurnBy(-1);
+    Chart().TurnBy(-turnStep);
     TakeFocus();
 }
 
@@ -88,5 +85,7 @@ bool TfrmMapsGraphical::FormKeyDown(int key) {
 bool TfrmMapsGraphical::eventFilter(QObject *watched, QEvent *event) {
     if (event->type() == QEvent::KeyPress && FormKeyDown(static_cast<QKeyEvent *>(event)->key()))
         return true;
+    if (watched == this && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
+        Chart().update(); // it shows the page's focus
     return TfrmMaps::eventFilter(watched, event);
 }

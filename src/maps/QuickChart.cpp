@@ -12,13 +12,13 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr int zoomStep = 5; // percent
 constexpr QSize usualSize(560, 400);
 } // namespace
 
 TfrmQuickChart::TfrmQuickChart(QWidget *owner)
     : TfrmBaseForm(owner),
       chart_(new TAreaChart(pnlMain, "chtMap")),
+      chartView_(*chart_),
       view_(new TViewButtons(pnlMain)),
       edtOffset_(new TOffsetEdit(pnlMain, "edtOffset")) {
     setObjectName("frmQuickChart");
@@ -84,25 +84,25 @@ void TfrmQuickChart::FormShow() {
     const QString offset = QString::fromStdString(FormatOffset(map_.GetLocation()));
     setWindowTitle(tr("Map Offset: %1").arg(offset));
     chart_->setAccessibleName(windowTitle());
-    map_.SizeChart(*chart_);
-    FillQuickChart(map_, *chart_);
+    map_.SizeChart(chartView_);
+    FillQuickChart(map_, chartView_);
     edtOffset_->setText(offset);
 }
 
 void TfrmQuickChart::btnUpClick() {
-    chart_->TiltBy(-1);
+    chart_->TiltBy(-turnStep);
 }
 
 void TfrmQuickChart::btnDownClick() {
-    chart_->TiltBy(1);
+    chart_->TiltBy(turnStep);
 }
 
 void TfrmQuickChart::btnLeftClick() {
-    chart_->TurnBy(-1);
+    chart_->TurnBy(-turnStep);
 }
 
 void TfrmQuickChart::btnRightClick() {
-    chart_->TurnBy(1);
+    chart_->TurnBy(turnStep);
 }
 
 void TfrmQuickChart::udZoomClick(int direction) {

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "forms/baseform.h"
-#include "maps/AreaChart.h"
+#include "maps/MapChart.h"
 #include "model/MapTypes.h"
 
 #include <cstdint>
@@ -47,6 +47,7 @@ private:
 
     TFuelMap map_{2};
     TAreaChart *chart_;
+    TMapChart chartView_;
     TViewButtons *view_;
     QLineEdit *edtOffset_;
 };

@@ -166,8 +166,11 @@ void TMap::FillChart(IMapChart &chart) const {
 
 void TMap::FillSeries(IMapChart &chart, int t) const {
     chart.ClearSeries(t);
-    if (const TVal *load = axes->throttleAxis->values->GetItem(t, 0))
-        chart.SetSeriesTitle(t, FormatReal(loadFormat, load->GetValue()));
+    if (const TVal *load = axes->throttleAxis->values->GetItem(t, 0)) {
+        const std::string label = FormatReal(loadFormat, load->GetValue());
+        chart.SetSeriesTitle(t, label);
+        chart.SetSeriesLoad(t, label);
+    }
     for (int r = 0; r < RPMCount(); ++r) {
         const TVal *rpm = axes->rpmAxis->values->GetItem(r, 0);
         if (!rpm)

@@ -43,6 +43,7 @@ public:
 class IMapChart {
 public:
     virtual ~IMapChart() = default;
+    /// As IMapGrid's.
     virtual bool Visible() const = 0;
     virtual void SetVisible(bool visible) = 0;
     virtual int SeriesCount() const = 0;
@@ -50,6 +51,9 @@ public:
     virtual void RecreateSeries(int count) = 0;
     virtual void ClearSeries(int series) = 0;
     virtual void SetSeriesTitle(int series, const std::string &title) = 0;
+    /// The load at which the series' points stand, for the load axis: not always what its title
+    /// says.
+    virtual void SetSeriesLoad(int series, const std::string &load) = 0;
     /// Appends a point: `x` along the RPM axis, `value` upwards, `label` on the RPM axis.
     virtual void AddPoint(int series, double x, double value, const std::string &label,
                           TColor color) = 0;

@@ -161,10 +161,23 @@ INSTANTIATE_TEST_SUITE_P(
                     TChartKey{Qt::Key_Plus, {0, 0, 5}}, TChartKey{Qt::Key_Minus, {0, 0, -5}},
                     TChartKey{Qt::Key_A, {0, 0, 0}}));
 
-TEST_F(TKeysTest, AClickOnAChartDoesNotTakeTheFocusFromItsGrid) {
+TEST_F(TKeysTest, HomeBringsTheFirstViewBack) {
+    Open(TScene::Fuel);
+    Focus<TAreaChart>("chtPTMap");
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Up, Qt::Key_Plus, Qt::Key_Plus})
+        Press(key);
+    ASSERT_EQ(View(), (std::array{341, 350, 66}));
+    Press(Qt::Key_Home);
+    EXPECT_EQ(View(), (std::array{340, 351, 56}));
+}
+
+TEST_F(TKeysTest, AClickOnAChartMakesItsKeysWork) {
     Open(TScene::Fuel);
     Focus<QWidget>("grdPTMap");
-    EXPECT_FALSE(Chart().focusPolicy() & Qt::ClickFocus);
+    QTest::mouseClick(&Chart(), Qt::LeftButton, {}, {20, 20});
+    EXPECT_EQ(FocusName(), "chtPTMap");
+    Press(Qt::Key_Left);
+    EXPECT_EQ(View(), (std::array{341, 351, 56}));
 }
 
 TEST_F(TKeysTest, FromTheTabBarTabGoesIntoAGraphicalPageWhoseKeysThenWork) {

@@ -178,7 +178,7 @@ TEST_F(TDirectionTest, AChartReadsTheSame) {
         chart.RecreateSeries(3);
         for (int series = 0; series < 3; ++series)
             for (int point = 0; point < 5; ++point)
-                chart.AddPoint(series, point, 10.0 * point, "600", 0x880000);
+                chart.AddPoint(series, {double(point), 10.0 * point, "600", 0x880000});
         chart.SetTitles("% Trim", "/\\ Trim");
         chart.SetDepthTitle("% Load");
         chart.resize(600, 400);

@@ -334,6 +334,8 @@ TEST_F(TMapDisplayTest, FillsTheChart) {
     ASSERT_THAT(chart.series, SizeIs(2));
     EXPECT_EQ(chart.series[0].title, "30");
     EXPECT_EQ(chart.series[1].title, "50");
+    EXPECT_EQ(chart.series[0].load, "30");
+    EXPECT_EQ(chart.series[1].load, "50");
     EXPECT_THAT(chart.series[0].points,
                 ElementsAre(TFakeMapChart::TPoint{5760, 1, "5760", 0x880001},
                             TFakeMapChart::TPoint{6400, 3, "6400", 0x880003},

@@ -1,8 +1,7 @@
 // The chart widget: what it is given, what tools can read of it, what the mouse does, and that it
 // is painted. How the walls and texts are drawn is tested in tests/charts.
-#include "maps/AreaChart.h"
-
 #include "maps/ChartData.h"
+#include "maps/MapChart.h"
 #include "support/FakeMapViews.h"
 
 #include <climits>
@@ -21,8 +20,8 @@ protected:
         chart.RecreateSeries(2);
         for (const int series : {0, 1})
             for (const int rpm : {600, 1200})
-                chart.AddPoint(series, rpm, 10.0 * (series + 1), std::to_string(rpm),
-                               series == 0 ? 0x112233 : 0x445566);
+                chart.AddPoint(series, {double(rpm), 10.0 * (series + 1), QString::number(rpm),
+                                        series == 0 ? 0x112233U : 0x445566U});
         chart.TurnBy(20);
         chart.TiltBy(9);
         chart.resize(400, 300);
@@ -36,6 +35,7 @@ protected:
     }
 
     TAreaChart chart{nullptr, "chtPTMap"};
+    TMapChart view{chart};
 };
 
 TEST_F(TAreaChartTest, StartsWithTheInitialView) {
@@ -43,7 +43,7 @@ TEST_F(TAreaChartTest, StartsWithTheInitialView) {
     EXPECT_EQ(chart.property("rotation").toInt(), 340);
     EXPECT_EQ(chart.property("elevation").toInt(), 351);
     EXPECT_EQ(chart.property("zoom").toInt(), 56);
-    EXPECT_TRUE(chart.Visible());
+    EXPECT_TRUE(view.Visible());
 }
 
 TEST_F(TAreaChartTest, TurnsTiltsAndZoomsWithoutBounds) {
@@ -75,18 +75,20 @@ TEST_F(TAreaChartTest, StartsWithOneRedSeries) {
 }
 
 TEST_F(TAreaChartTest, HiddenForGoodStaysHidden) {
-    chart.SetVisible(true);
-    chart.HideForGood();
-    chart.SetVisible(true);
-    EXPECT_FALSE(chart.Visible());
+    view.SetVisible(true);
+    view.HideForGood();
+    EXPECT_TRUE(chart.isHidden());
+    view.SetVisible(true);
+    EXPECT_FALSE(view.Visible());
     EXPECT_TRUE(chart.isHidden());
 }
 
 TEST_F(TAreaChartTest, SeriesKeepTitlesPointsAndExactColours) {
-    chart.RecreateSeries(2);
-    chart.SetSeriesTitle(1, "40%");
-    chart.AddPoint(1, 2400, -255, "2400", clRed);
-    chart.AddPoint(1, 4800, 7.5, "4800", 0x80000008);
+    view.RecreateSeries(2);
+    view.SetSeriesTitle(1, "40%");
+    view.SetSeriesLoad(1, "20%");
+    view.AddPoint(1, 2400, -255, "2400", clRed);
+    view.AddPoint(1, 4800, 7.5, "4800", 0x80000008);
     const QVariantList series = chart.property("series").toList();
     ASSERT_EQ(series.size(), 2);
     EXPECT_TRUE(series[0].toMap()["points"].toList().isEmpty());
@@ -100,18 +102,27 @@ TEST_F(TAreaChartTest, SeriesKeepTitlesPointsAndExactColours) {
     EXPECT_EQ(chart.Series()[1].points[1].x, 4800.0);
 }
 
+TEST_F(TAreaChartTest, TheLoadAxisNamesTheLoadsNotTheTitles) {
+    chart.RecreateSeries(2);
+    chart.SetSeriesTitle(0, "20%");
+    chart.SetSeriesTitle(1, "40%");
+    chart.SetSeriesLoad(0, "40%");
+    chart.SetSeriesLoad(1, "20%");
+    EXPECT_EQ(chart.Contents().depthLabels, (QStringList{"40%", "20%"}));
+}
+
 TEST_F(TAreaChartTest, ClearingASeriesKeepsTheOthers) {
     chart.RecreateSeries(2);
-    chart.AddPoint(0, 1, 1, "1", 0);
-    chart.AddPoint(1, 1, 1, "1", 0);
-    chart.ClearSeries(0);
+    chart.AddPoint(0, {1, 1, "1", 0});
+    chart.AddPoint(1, {1, 1, "1", 0});
+    view.ClearSeries(0);
     EXPECT_TRUE(chart.Series()[0].points.empty());
     EXPECT_EQ(chart.Series()[1].points.size(), 1U);
 }
 
 TEST_F(TAreaChartTest, RecreatingDropsAll) {
     chart.RecreateSeries(1);
-    chart.AddPoint(0, 1, 1, "1", 0);
+    chart.AddPoint(0, {1, 1, "1", 0});
     chart.RecreateSeries(16);
     EXPECT_EQ(chart.SeriesCount(), 16);
     EXPECT_TRUE(chart.Series()[0].points.empty());
@@ -124,7 +135,8 @@ TEST_F(TAreaChartTest, SeriesThatItLacksAreLeftOut) {
     for (const int series : {-1, 1, 1000}) {
         chart.ClearSeries(series);
         chart.SetSeriesTitle(series, "none");
-        chart.AddPoint(series, 1, 1, "1", 0);
+        chart.SetSeriesLoad(series, "none");
+        chart.AddPoint(series, {1, 1, "1", 0});
     }
     EXPECT_EQ(chart.SeriesCount(), 1);
     EXPECT_TRUE(chart.Series()[0].points.empty());
@@ -139,7 +151,7 @@ TEST_F(TAreaChartTest, AGridWithMoreRowsFillsTheSeriesThatAreThere) {
         for (int column = 0; column < 2; ++column)
             grid.SetCell(column, row, std::to_string(10 * row + column));
     chart.RecreateSeries(2);
-    RedrawChart(grid, chart);
+    RedrawChart(grid, view);
     EXPECT_EQ(chart.SeriesCount(), 2);
     EXPECT_EQ(chart.Series()[0].points[0].value, 31.0);
     EXPECT_EQ(chart.Series()[1].points[0].value, 21.0);
@@ -172,8 +184,11 @@ TEST_F(TAreaChartTest, EveryChangeOfTheViewIsSeen) {
         [&] { chart.SetBottomInverted(true); },
         [&] { chart.SetDepthPercent(20); },
         [&] { chart.SetTitles("Title", "Left"); },
-        [&] { chart.SetSeriesTitle(1, "40%"); },
-        [&] { chart.AddPoint(1, 1800, 5, "1800", clRed); },
+        [&] { chart.ShowFirstView(); },
+        [&] { chart.SetSeriesLoad(1, "40%"); },
+        [&] {
+            chart.AddPoint(1, {1800, 5, "1800", clRed});
+        },
         [&] { chart.ClearSeries(1); },
     };
     QImage before = chart.grab().toImage();
@@ -223,25 +238,40 @@ TEST_F(TAreaChartTest, ControlsInTheCornerAreNotDrawnOver) {
 }
 
 TEST_F(TAreaChartTest, TellsItsShapeToScreenReaders) {
-    chart.grab();
+    QCoreApplication::processEvents();
     EXPECT_EQ(chart.accessibleDescription(), "0 series of up to 0 points");
     chart.RecreateSeries(2);
-    chart.AddPoint(0, 600, 0.5, "600", 0);
-    chart.AddPoint(0, 1200, unreadableValue, "1200", clRed);
-    chart.AddPoint(1, 600, 1.25, "600", 0);
-    chart.grab();
+    chart.AddPoint(0, {600, 0.5, "600", 0});
+    chart.AddPoint(0, {1200, unreadableValue, "1200", clRed});
+    chart.AddPoint(1, {600, 1.25, "600", 0});
+    QCoreApplication::processEvents();
     EXPECT_EQ(chart.accessibleDescription(), "2 series of up to 2 points, values from 0.5 to 1.25");
+    chart.ClearSeries(0);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(chart.accessibleDescription(), "2 series of up to 1 points, values from 1.25 to 1.25")
+        << "each change anew";
+}
+
+TEST_F(TAreaChartTest, IsDescribedWithoutBeingPaintedAndNotByPainting) {
+    FillFlat();
+    const QString before = chart.accessibleDescription();
+    chart.grab();
+    EXPECT_EQ(chart.accessibleDescription(), before);
+    chart.hide();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(chart.accessibleDescription(), "2 series of up to 2 points, values from 10 to 20");
 }
 
 TEST_F(TAreaChartTest, VisibleIsTheWishNotTheScreen) {
     QWidget host;
     TAreaChart inside(&host, "chtIdMap");
-    EXPECT_TRUE(inside.Visible());
-    inside.SetVisible(false);
-    EXPECT_FALSE(inside.Visible());
+    TMapChart insideView(inside);
+    EXPECT_TRUE(insideView.Visible());
+    insideView.SetVisible(false);
+    EXPECT_FALSE(insideView.Visible());
     EXPECT_TRUE(inside.isHidden());
-    inside.SetVisible(true);
-    EXPECT_TRUE(inside.Visible());
+    insideView.SetVisible(true);
+    EXPECT_TRUE(insideView.Visible());
     EXPECT_FALSE(inside.isVisible()) << "the host is not shown";
 }
 } // namespace

@@ -5,6 +5,7 @@
 #include "maps/TimingMapsGraphical.h"
 #include "maps/ToolWindow.h"
 #include "pages/PageFixture.h"
+#include "support/Wheel.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -54,7 +55,7 @@ protected:
 
 TEST_F(TGraphicalMapsTest, OnlyThePartThrottleChartFillsThePage) {
     EXPECT_TRUE(Chart().isVisible());
-    EXPECT_TRUE(Chart().Visible());
+    EXPECT_TRUE(page->Panel(TMapKind::PT).chartView.Visible());
     const QWidget &scrolled = *Find<QScrollArea>("").viewport();
     EXPECT_EQ(Chart().size(), scrolled.size());
     EXPECT_GT(Chart().height(), page->height() - 80);
@@ -77,8 +78,8 @@ TEST_F(TGraphicalMapsTest, TheFitRuleDoesNotShowWhatThePageHides) {
     for (const char *name : {"chtIdMap", "chtFTMap", "grdPTMap", "grdIdMap", "grdFTMap",
                              "btnSavePT", "btnSaveIdle", "btnSaveFT"})
         EXPECT_FALSE(Find<QWidget>(name).isVisible()) << name;
-    EXPECT_FALSE(Find<TAreaChart>("chtIdMap").Visible());
-    EXPECT_FALSE(Find<TAreaChart>("chtFTMap").Visible());
+    EXPECT_FALSE(page->Panel(TMapKind::Idle).chartView.Visible());
+    EXPECT_FALSE(page->Panel(TMapKind::WOT).chartView.Visible());
     EXPECT_TRUE(Chart().isVisible());
 }
 
@@ -243,6 +244,38 @@ TEST_F(TGraphicalMapsTest, AClickIntoThePageMakesTheKeysWork) {
     const auto before = View();
     QTest::keyClick(host.focusWidget(), Qt::Key_Left);
     EXPECT_EQ(View()[0], before[0] + 1);
+}
+
+TEST_F(TGraphicalMapsTest, TheWheelZoomsWhileThePageHasTheFocus) {
+    Find<QWidget>("btnClose").setFocus();
+    WheelOver(Chart(), 120);
+    EXPECT_EQ(View(), (std::array{340, 351, 56}));
+    QTest::mouseClick(&Chart(), Qt::LeftButton);
+    EXPECT_EQ(host.focusWidget(), page);
+    WheelOver(Chart(), 120);
+    EXPECT_EQ(View(), (std::array{340, 351, 61}));
+    Find<QWidget>("btnClose").setFocus();
+    Click("udZoomDown"); // gives the page the focus
+    WheelOver(Chart(), -240);
+    EXPECT_EQ(View(), (std::array{340, 351, 46}));
+}
+
+TEST_F(TGraphicalMapsTest, ADoubleClickBringsTheFirstViewBack) {
+    for (const char *button : {"btnLeft", "btnUp", "udZoomUp"})
+        Click(button);
+    QTest::mouseDClick(&Chart(), Qt::LeftButton);
+    EXPECT_EQ(View(), (std::array{340, 351, 56}));
+}
+
+TEST_F(TGraphicalMapsTest, TheChartShowsTheFocusOfItsPage) {
+    const auto corner = [this] {
+        QCoreApplication::processEvents();
+        return host.grab().toImage().pixelColor(Chart().mapTo(&host, QPoint(0, 0)));
+    };
+    page->setFocus();
+    EXPECT_EQ(corner(), Chart().palette().color(QPalette::Highlight));
+    Find<QWidget>("btnClose").setFocus();
+    EXPECT_NE(corner(), Chart().palette().color(QPalette::Highlight));
 }
 
 TEST_F(TGraphicalMapsTest, HeldButtonsRepeat) {

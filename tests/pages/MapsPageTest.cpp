@@ -312,7 +312,7 @@ TEST_P(TOversizeTest, AMapThatDoesNotFitShowsNeitherGridNorChart) {
     page->LoadPTMap();
     const bool fits = rpmCount < 32 && loadCount < 21;
     EXPECT_EQ(page->Panel(TMapKind::PT).gridView.Visible(), fits);
-    EXPECT_EQ(page->Panel(TMapKind::PT).chart->Visible(), fits);
+    EXPECT_EQ(page->Panel(TMapKind::PT).chartView.Visible(), fits);
     EXPECT_EQ(Grid("grdPTMap").isHidden(), !fits);
     EXPECT_EQ(Grid("grdPTMap").ColCount(), fits ? rpmCount + 1 : 1);
 }
@@ -416,7 +416,7 @@ TEST_F(TMapsPageTest, ControlsCarryTheirTexts) {
 }
 
 TEST_F(TMapsPageTest, ButtonsGoWithTheirChart) {
-    Find<TAreaChart>("chtIdMap").SetVisible(false);
+    page->Panel(TMapKind::Idle).chartView.SetVisible(false);
     EXPECT_FALSE(Find<QPushButton>("btnSaveIdle").isVisible());
     EXPECT_FALSE(Find<QPushButton>("btnResetIdle").isVisible());
     EXPECT_TRUE(Find<QPushButton>("btnSaveFT").isVisible());

@@ -4,6 +4,7 @@
 
 #include "pages/PageFixture.h"
 #include "support/FakeMapViews.h"
+#include "support/Wheel.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -37,7 +38,7 @@ protected:
         ASSERT_EQ(Series().size(), 12U);
         EXPECT_EQ(Series()[0].title, "10%");
         EXPECT_TRUE(Series()[11].stairs);
-        EXPECT_TRUE(Chart().Visible());
+        EXPECT_FALSE(Chart().isHidden());
     }
 
     QWidget owner;
@@ -200,7 +201,7 @@ TEST_F(TQuickChartTest, AMapThatDoesNotFitHidesTheChart) {
     PutMap(0x4000, TBytes(32, 1), {100, 0});
     window->SetMapOffset(0x4000);
     window->show();
-    EXPECT_FALSE(Chart().Visible());
+    EXPECT_TRUE(Chart().isHidden());
     EXPECT_EQ(Offset(), "$4000");
     EXPECT_GT(FindControl<QWidget>(*window, "btnUp").parentWidget()->y(), window->height() / 2);
     window->hide();
@@ -248,16 +249,35 @@ TEST_F(TQuickChartTest, LeftAndRightGoOppositeToTheGraphicalPages) {
     }
 }
 
-TEST_F(TQuickChartTest, TheArrowKeysDoNotMoveTheView) {
+TEST_F(TQuickChartTest, NoKeyMovesTheView) {
     window->show();
     QApplication::setActiveWindow(window);
+    Chart().TurnBy(7); // so that the first view would be a move as well
+    const auto before = View();
     for (const char *name : {"", "edtOffset", "btnLeft", "btnUp", "chtMap"}) {
         QWidget &control = *name ? FindControl<QWidget>(*window, name) : *window;
-        control.setFocus();
-        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right})
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right,
+                                  Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Home}) {
+            control.setFocus();
             QTest::keyClick(&control, key);
-        EXPECT_EQ(View(), (std::array{340, 351, 56})) << name;
+            EXPECT_EQ(View(), before) << name << " " << key;
+        }
     }
+}
+
+TEST_F(TQuickChartTest, TheWheelZoomsAfterAClickOnTheChart) {
+    window->show();
+    QApplication::setActiveWindow(window);
+    FindControl<QWidget>(*window, "edtOffset").setFocus();
+    WheelOver(Chart(), 120);
+    EXPECT_EQ(View(), (std::array{340, 351, 56}));
+    QTest::mouseClick(&Chart(), Qt::LeftButton);
+    WheelOver(Chart(), 120);
+    EXPECT_EQ(View(), (std::array{340, 351, 61}));
+    QTest::keyClick(window->focusWidget(), Qt::Key_Left);
+    EXPECT_EQ(View(), (std::array{340, 351, 61})) << "but no key does anything";
+    QTest::mouseDClick(&Chart(), Qt::LeftButton);
+    EXPECT_EQ(View(), (std::array{340, 351, 56}));
 }
 
 TEST_F(TQuickChartTest, ClosingFreesIt) {

@@ -78,6 +78,7 @@ public:
     };
     struct TSeries {
         std::string title;
+        std::string load;
         std::vector<TPoint> points;
     };
 
@@ -90,6 +91,7 @@ public:
     }
     void ClearSeries(int index) override { At(index).points.clear(); }
     void SetSeriesTitle(int index, const std::string &title) override { At(index).title = title; }
+    void SetSeriesLoad(int index, const std::string &load) override { At(index).load = load; }
     void AddPoint(int index, double x, double value, const std::string &label,
                   TColor color) override {
         At(index).points.push_back({x, value, label, color});

@@ -44,6 +44,13 @@ TEST_F(TChartDataTest, DataRunBackwardsAndTitlesForwards) {
               (std::vector<TPoint>{{2400, 1, "2400", 0x880001}, {4800, 2, "4800", 0x880002}}));
 }
 
+TEST_F(TChartDataTest, EachSeriesStandsAtTheLoadOfItsPoints) {
+    RedrawChart(grid, chart);
+    EXPECT_EQ(chart.series[0].load, "100%");
+    EXPECT_EQ(chart.series[1].load, "60%");
+    EXPECT_EQ(chart.series[2].load, "20%");
+}
+
 TEST_F(TChartDataTest, OldPointsAreCleared) {
     RedrawChart(grid, chart);
     RedrawChart(grid, chart);
@@ -112,6 +119,7 @@ std::vector<TFakeMapChart::TSeries> Literally(const TFakeMapGrid &grid) {
     for (int i = 1; i <= rowCount - 1; ++i) {
         auto &s = all[static_cast<std::size_t>(rowCount - 1 - i)];
         s.title = grid.Cell(0, rowCount - i);
+        s.load = grid.Cell(0, i);
         for (int j = 1; j <= grid.ColCount() - 1; ++j) {
             const double x = std::stod(grid.Cell(j, 0));
             const std::string label = std::to_string(std::lrint(x));
@@ -151,6 +159,7 @@ TEST(TRandomChartTest, AgreesWithThePlainVersion) {
         const auto expected = Literally(grid);
         for (std::size_t s = 0; s < expected.size(); ++s) {
             EXPECT_EQ(chart.series[s].title, expected[s].title);
+            EXPECT_EQ(chart.series[s].load, expected[s].load);
             ASSERT_EQ(chart.series[s].points, expected[s].points) << "round " << round;
         }
     }
@@ -177,6 +186,8 @@ TEST_F(TQuickFillTest, SeriesRunBackwardsWithTheirOwnTitles) {
     ASSERT_EQ(chart.series.size(), 3U);
     EXPECT_EQ(chart.series[0].title, "100");
     EXPECT_EQ(chart.series[2].title, "20");
+    EXPECT_EQ(chart.series[0].load, "100");
+    EXPECT_EQ(chart.series[2].load, "20");
     EXPECT_EQ(chart.series[2].points,
               (std::vector<TPoint>{{2400, 1, "2400", 0x880001}, {4800, 4, "4800", 0x880004}}));
     EXPECT_EQ(chart.series[0].points,
@@ -247,7 +258,7 @@ std::vector<TFakeMapChart::TSeries> Literally(const TROMImage &image, int offset
     std::vector<TFakeMapChart::TSeries> all(m);
     for (std::size_t r = 0; r < m; ++r) {
         auto &s = all[m - 1 - r];
-        s.title = std::to_string(std::lround(load[r]));
+        s.title = s.load = std::to_string(std::lround(load[r]));
         for (std::size_t c = 0; c < rpm.size(); ++c) {
             const int byte = image.data[body + c * m + r];
             s.points.push_back({rpm[c], static_cast<double>(byte),
@@ -286,6 +297,7 @@ TEST_F(TQuickFillTest, AgreesWithThePlainVersionOnRandomMaps) {
         ASSERT_EQ(chart.series.size(), expected.size()) << "round " << round;
         for (std::size_t s = 0; s < expected.size(); ++s) {
             EXPECT_EQ(chart.series[s].title, expected[s].title) << "round " << round;
+            EXPECT_EQ(chart.series[s].load, expected[s].load) << "round " << round;
             ASSERT_EQ(chart.series[s].points, expected[s].points) << "round " << round;
         }
     }
