@@ -1,6 +1,7 @@
 #include "forms/AligridDelegate.h"
 
 #include "forms/AligridColors.h"
+#include "forms/MousePress.h"
 
 #include <algorithm>
 
@@ -139,8 +140,10 @@ bool TAligridDelegate::eventFilter(QObject *editor, QEvent *event) {
         return false;
     case QEvent::FocusOut:
         // The editor's own context menu is not leaving it.
-        if (static_cast<QFocusEvent *>(event)->reason() != Qt::PopupFocusReason)
+        if (static_cast<QFocusEvent *>(event)->reason() != Qt::PopupFocusReason) {
+            const TMousePress press;
             onEditorLeft();
+        }
         return false;
     default:
         // The base class would end the edit by keys of its own.

@@ -1,5 +1,7 @@
 #include "maps/ExitEdit.h"
 
+#include "forms/MousePress.h"
+
 #include <QFocusEvent>
 
 TExitEdit::TExitEdit(QWidget *parent) : QLineEdit(parent) {
@@ -14,6 +16,8 @@ void TExitEdit::focusOutEvent(QFocusEvent *event) {
     if (!isVisible())
         return;
     if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-        reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason)
+        reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason) {
+        const TMousePress press;
         emit Left();
+    }
 }

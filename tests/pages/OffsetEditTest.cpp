@@ -251,4 +251,70 @@ TEST_P(TOffsetEditTest, HidingThePageIsNoLeavingOfItsBox) {
     EXPECT_TRUE(dialogs.messages.empty());
     page->setParent(nullptr);
 }
+/// The mouse as the window system reports it: a press takes the focus from the box before it
+/// reaches the button, and the mouse is let go over the message.
+class TPressTest : public TFuelPageTest {
+protected:
+    void SetUp() override {
+        TFuelPageTest::SetUp();
+        page->resize(900, 600);
+        page->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(page.get()));
+        QTest::qWait(0);
+    }
+    QPushButton &Commit() { return Find<QPushButton>("btnSavePT"); }
+    QPoint Place() { return Commit().mapTo(page.get(), Commit().rect().center()); }
+    void Press() { QTest::mousePress(page->windowHandle(), Qt::LeftButton, {}, Place()); }
+    void Release() { QTest::mouseRelease(page->windowHandle(), Qt::LeftButton, {}, Place()); }
+    void EnterABadOffset() {
+        auto &box = Find<TOffsetEdit>("edtPTOffset");
+        QTest::mouseDClick(&box, Qt::LeftButton);
+        box.setFocus();
+        box.setText("12x");
+    }
+};
+
+TEST_F(TPressTest, AButtonPressedIntoAMessageIsNotLeftSunken) {
+    EnterABadOffset();
+    dialogs.duringMessage = [this] { Release(); };
+    Press();
+    EXPECT_EQ(dialogs.messages, QStringList{"'12x' is not a valid integer value"});
+    EXPECT_FALSE(Commit().isDown());
+    dialogs.duringMessage = nullptr;
+    QTest::qWait(0);
+    Press();
+    EXPECT_TRUE(Commit().isDown()) << "only the one press is lost";
+    Release();
+    EXPECT_FALSE(Commit().isDown());
+}
+
+TEST_F(TPressTest, ACellsEditorLeavesNoSunkenButtonEither) {
+    BeginType("grdPTMap", 1, 1, "abc");
+    dialogs.duringMessage = [this] { Release(); };
+    Press();
+    EXPECT_EQ(dialogs.messages, QStringList{"'abc' is not a valid floating point value"});
+    EXPECT_FALSE(Commit().isDown());
+}
+
+TEST_F(TPressTest, AButtonThatIsHeldThroughTheMessageStaysPressed) {
+    EnterABadOffset();
+    Press();
+    EXPECT_EQ(dialogs.messages.size(), 1);
+    EXPECT_TRUE(Commit().isDown());
+    Release();
+    EXPECT_FALSE(Commit().isDown());
+}
+
+TEST_F(TPressTest, LeavingWithoutAMessageCostsNoClick) {
+    auto &box = Find<TOffsetEdit>("edtPTOffset");
+    QTest::mouseDClick(&box, Qt::LeftButton);
+    box.setFocus();
+    box.setText("$2000");
+    int clicks = 0;
+    QObject::connect(&Commit(), &QPushButton::clicked, [&] { ++clicks; });
+    Press();
+    Release();
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(workspace.fuelMapSet.PTMap->GetLocation(), timingPT);
+}
 } // namespace
