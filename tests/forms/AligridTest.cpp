@@ -371,4 +371,13 @@ TEST_F(TShownGrid, RectangleTextKeepsToTheGrid) {
     EXPECT_EQ(grid.RectangleText({4, 0, 9, 9}, ','), QString());
     EXPECT_EQ(grid.RectangleText({3, 3, 1, 1}, ','), QString());
 }
+TEST_F(TShownGrid, CopiedTextsAreNeitherQuotedNorChanged) {
+    grid.SetCell(0, 0, "a,b");
+    grid.SetCell(1, 0, "say \"x\"");
+    grid.SetCell(0, 1, " 1 ");
+    grid.SetCell(1, 1, "two\nlines\tand a tab");
+    EXPECT_EQ(grid.RectangleText({0, 0, 1, 1}, ','), "a,b,say \"x\"\n 1 ,two\nlines\tand a tab\n");
+    grid.CopyRectangle({0, 0, 1, 0}, '\t');
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "a,b\tsay \"x\"\n");
+}
 } // namespace

@@ -376,4 +376,19 @@ TEST_F(TMapDisplayTest, AChartOfAnotherCountIsGivenTheRightOne) {
     EXPECT_THAT(chart.series[0].points, SizeIs(3));
 }
 
+TEST_F(TMapDisplayTest, OnlyPureBlueIsEdited) {
+    for (const TColor color : {0xFF0001U, 0xFF0100U, 0xFE0000U, 0x01FF0000U, 0x80FF0000U, clBlack,
+                               clGreen, clWindowText}) {
+        Show(map);
+        for (const auto &[column, row] : {std::pair{1, 1}, {1, 0}, {0, 1}}) {
+            grid.SetCell(column, row, "99");
+            grid.SetFontColor(column, row, color);
+        }
+        map.ReadGrid(grid);
+        EXPECT_EQ(Raw(0, 0), 1) << std::hex << color;
+        EXPECT_THAT(RawOf(*map.axes->rpmAxis), ElementsAre(144, 160, 192)) << std::hex << color;
+        EXPECT_THAT(RawOf(*map.axes->throttleAxis), ElementsAre(75, 125)) << std::hex << color;
+        EXPECT_EQ(grid.FontColor(1, 1), color) << "no mark of a commit";
+    }
+}
 } // namespace

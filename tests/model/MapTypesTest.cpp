@@ -348,4 +348,24 @@ TEST_F(TMapTypesTest, OutOfMemoryLeavesAMapThatCanBeUsed) {
     EXPECT_EQ(scarce.RPMCount(), 2);
 }
 
+TEST_F(TMapTypesTest, APointerOutsideTheImageReadsZeros) {
+    PutMap(0, {1, 2}, {3});
+    PutMap(0x8600, {1, 2, 3}, {4, 5});
+    Image().Poke(TROMImage::capacity - 1, 0x86);
+    const struct {
+        std::int32_t pointer, location, points;
+    } cases[] = {{TROMImage::capacity - 1, 0x8600, 3}, // its low byte lies outside
+                 {TROMImage::capacity, 0, 2},
+                 {-2, 0, 2},
+                 {std::numeric_limits<std::int32_t>::max(), 0, 2},
+                 {std::numeric_limits<std::int32_t>::min(), 0, 2}};
+    for (const auto &[pointer, location, points] : cases) {
+        map.SetPointer(pointer, 0xFF);
+        EXPECT_EQ(map.GetLocation(), location) << pointer;
+        EXPECT_EQ(map.axes->offset, location) << pointer;
+        EXPECT_EQ(map.RPMCount(), points) << pointer;
+        EXPECT_EQ(map.location->offset, pointer);
+    }
+    EXPECT_THAT(Messages(), IsEmpty());
+}
 } // namespace

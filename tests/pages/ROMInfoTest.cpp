@@ -367,4 +367,23 @@ TEST_F(TROMInfoTest, AllItemsOfAFullListFitInTwoColumns) {
     }
     EXPECT_EQ(columns.size(), 2);
 }
+TEST_F(TROMInfoTest, ALoadWithoutMappingEmptiesTheCellsAndKeepsThePlaces) {
+    const auto file = MakeROM("OLD.BIN");
+    LoadAndPlace(file);
+    dialogs.answers = {TAnswer::No}; // the maps may count as modified
+    std::filesystem::remove(folder / "DIRECT.SPC");
+    Load(file);
+    EXPECT_TRUE(AllZero());
+    const TFuelMapSet &fuel = workspace.fuelMapSet;
+    const TTimingMapSet &timing = workspace.timingMapSet;
+    EXPECT_EQ(fuel.PTMap->GetLocation(), fuelPT);
+    EXPECT_EQ(fuel.IdleMap->GetLocation(), fuelIdle);
+    EXPECT_EQ(fuel.WOTMap->GetLocation(), fuelWOT);
+    EXPECT_EQ(timing.PTMap->GetLocation(), timingPT);
+    EXPECT_EQ(timing.IdleMap->GetLocation(), timingIdle);
+    EXPECT_EQ(timing.WOTMap->GetLocation(), timingWOT);
+    EXPECT_EQ(fuel.PTMap->axes->offset, fuelPT);
+    EXPECT_EQ(fuel.PTMap->RPMCount(), 4);
+    EXPECT_TRUE(fuel.HasRevLimiter());
+}
 } // namespace
