@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QScrollBar>
@@ -97,6 +98,8 @@ TStringAlignGrid::~TStringAlignGrid() {
 
 void TStringAlignGrid::InstallHeaders() {
     setCornerButtonEnabled(false);
+    // Otherwise the corner would keep the mouse to itself, although it is a header cell.
+    findChild<QAbstractButton *>()->setAttribute(Qt::WA_TransparentForMouseEvents);
     setHorizontalHeader(new TAligridHeader(Qt::Horizontal, this));
     setVerticalHeader(new TAligridHeader(Qt::Vertical, this));
     for (const QHeaderView *header : {horizontalHeader(), verticalHeader()})

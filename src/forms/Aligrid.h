@@ -132,10 +132,10 @@ public:
     bool RedrawWhileScroll() const;
     void SetRedrawWhileScroll(bool redraw);
 
-    /// Makes the grid exactly as large as its headers and its other rows and columns, at most
-    /// `maxRows` and `maxColumns` of them; with more of them a scroll bar and the room for it are
-    /// added.
-    void FitTo(int maxRows, int maxColumns);
+    /// As large as the first row and column, fixed or not, and at most `maxRows` and `maxColumns`
+    /// of the others; with more of them a scroll bar and the room for it are added.
+    QSize SizeFor(int maxRows, int maxColumns) const;
+    void FitTo(int maxRows, int maxColumns); ///< makes the grid so large
 
     // ---- events ------------------------------------------------------------------------------
 
@@ -165,8 +165,9 @@ public:
     std::function<void(int column, int row)> OnFixedColClick;
     std::function<void(int column, int row)> OnFixedRowClick;
 
-    /// The Menu key or Shift+F10, with the middle of the current cell on the screen.
-    std::function<void(QPoint)> OnMenuKey;
+    // With the place on the screen: the middle of the current cell, or where the mouse is.
+    std::function<void(QPoint)> OnMenuKey;    ///< the Menu key or Shift+F10
+    std::function<void(QPoint)> OnMenuButton; ///< the right button over a cell, header cells too
 
     // For screen readers, to whom a cell is "place: text".
 
@@ -180,6 +181,8 @@ public:
     void keyboardSearch(const QString &) override {}
 
 protected:
+    bool event(QEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
     void commitData(QWidget *editor) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;

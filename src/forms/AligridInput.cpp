@@ -4,6 +4,7 @@
 #include "forms/AligridDelegate.h"
 #include "forms/AligridEvents.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMetaProperty>
@@ -131,6 +132,20 @@ void TStringAlignGrid::mouseDoubleClickEvent(QMouseEvent *event) {
         return;
     QTableView::mouseDoubleClickEvent(event);
     Fire(OnDblClick);
+}
+
+bool TStringAlignGrid::event(QEvent *event) {
+    // From the headers and the corner between them; a scroll area would drop it.
+    if (event->type() == QEvent::ContextMenu && OnMenuButton)
+        return QWidget::event(event);
+    return QTableView::event(event);
+}
+
+void TStringAlignGrid::contextMenuEvent(QContextMenuEvent *event) {
+    if (OnMenuButton)
+        Fire(OnMenuButton, event->globalPos());
+    else
+        event->ignore();
 }
 
 bool TStringAlignGrid::eventFilter(QObject *watched, QEvent *event) {

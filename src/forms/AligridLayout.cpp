@@ -15,6 +15,13 @@ constexpr int lineRoom = 8;  // above and below a line of text together
 
 /// The widest texts that maps and bytes have.
 constexpr const char *widestTexts[] = {"10240", "100%", "1.02", "-12.7", "255"};
+
+/// Of `all` rows (columns), `fixed` of them headers: how many of the others FitTo shows. The first
+/// one counts as a header also while it is unlocked.
+int ShownOf(int all, int fixed, int limit) {
+    const int unlocked = all > 1 ? 1 - fixed : 0;
+    return std::clamp(all - fixed, 0, std::max(limit, 0) + unlocked);
+}
 } // namespace
 
 int TStringAlignGrid::DefaultColWidth() const {
@@ -119,22 +126,27 @@ int TStringAlignGrid::BodyColumnsWidth(int columns) const {
     return width;
 }
 
-void TStringAlignGrid::FitTo(int maxRows, int maxColumns) {
-    const int rows = std::clamp(model_->rowCount(), 0, std::max(maxRows, 0));
-    const int columns = std::clamp(model_->columnCount(), 0, std::max(maxColumns, 0));
-    const bool moreRows = model_->rowCount() > rows;
-    const bool moreColumns = model_->columnCount() > columns;
-    setVerticalScrollBarPolicy(moreRows ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-    setHorizontalScrollBarPolicy(moreColumns ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+QSize TStringAlignGrid::SizeFor(int maxRows, int maxColumns) const {
+    const int rows = ShownOf(RowCount(), FixedRows(), maxRows);
+    const int columns = ShownOf(ColCount(), FixedCols(), maxColumns);
     const int frame = 2 * frameWidth();
     const int border = std::max(4 * GridLineWidth(), frame);
     const int headerWidth = FixedCols() > 0 ? ColWidth(0) + border : frame;
     const int headerHeight = FixedRows() > 0 ? DefaultRowHeight() + border : frame;
     const int bodyHeight = rows * (DefaultRowHeight() + GridLineWidth());
+    const bool moreRows = model_->rowCount() > rows;
+    const bool moreColumns = model_->columnCount() > columns;
     const int besides = moreRows ? verticalScrollBar()->sizeHint().width() : 0;
     const int below = moreColumns ? horizontalScrollBar()->sizeHint().height() : 0;
-    setFixedSize(headerWidth + BodyColumnsWidth(columns) + besides,
-                 headerHeight + bodyHeight + below);
+    return {headerWidth + BodyColumnsWidth(columns) + besides, headerHeight + bodyHeight + below};
+}
+
+void TStringAlignGrid::FitTo(int maxRows, int maxColumns) {
+    const bool moreRows = model_->rowCount() > ShownOf(RowCount(), FixedRows(), maxRows);
+    const bool moreColumns = model_->columnCount() > ShownOf(ColCount(), FixedCols(), maxColumns);
+    setVerticalScrollBarPolicy(moreRows ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(moreColumns ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    setFixedSize(SizeFor(maxRows, maxColumns));
 }
 
 void TStringAlignGrid::changeEvent(QEvent *event) {

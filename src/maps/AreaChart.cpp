@@ -193,14 +193,23 @@ void TAreaChart::Paint(QPainter &painter, const QRectF &rect) const {
     PaintChart(painter, Contents(), {rect, font(), painter.device(), {}}, palette());
 }
 
+QRect TAreaChart::FreeRect() const {
+    QRect taken;
+    for (const auto *control : findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
+        if (control->isVisibleTo(this))
+            taken |= control->geometry();
+    if (taken.isEmpty())
+        return rect();
+    const QRect beside = rect().adjusted(0, 0, taken.left() - width(), 0);
+    const QRect above = rect().adjusted(0, 0, 0, taken.top() - height());
+    const auto area = [](const QRect &part) { return part.width() * part.height(); };
+    return area(beside) > area(above) ? beside : above;
+}
+
 void TAreaChart::paintEvent(QPaintEvent *) {
-    TChartPlace place{rect(), font(), this, {}};
-    for (const QObject *child : children())
-        if (const auto *widget = qobject_cast<const QWidget *>(child);
-            widget && widget->isVisibleTo(this))
-            place.taken.emplace_back(widget->geometry());
     QPainter painter(this);
-    PaintChart(painter, Contents(), place, palette());
+    painter.fillRect(rect(), palette().color(QPalette::Base)); // behind the controls too
+    PaintChart(painter, Contents(), {FreeRect(), font(), this, {}}, palette());
     painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Highlight), focusFrame)
                               : QPen(palette().color(QPalette::Mid)));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));

@@ -120,6 +120,8 @@ private:
     TChartSeries *SeriesAt(int series);
     void SeriesChanged();
     void Describe();
+    /// What the controls in its corner leave to the drawing.
+    QRect FreeRect() const;
 
     QString title_;
     QString leftAxisTitle_;

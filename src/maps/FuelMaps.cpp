@@ -1,14 +1,11 @@
 #include "maps/FuelMaps.h"
 
-#include "forms/AligridColors.h"
-#include "forms/Dialogs.h"
 #include "forms/Guard.h"
 #include "maps/MapCellNames.h"
 #include "model/Numbers.h"
 
-#include <limits>
+#include <initializer_list>
 
-#include <QEvent>
 #include <QPushButton>
 
 TfrmFuelMaps::TfrmFuelMaps(QWidget *parent, TWorkspace &sharedWorkspace, TFuelMapSet &mapSet)
@@ -22,17 +19,13 @@ void TfrmFuelMaps::MakeControls() {
     MakeRevLimiter();
 }
 
+TRevLimiterBox &TfrmFuelMaps::RevBox() {
+    Prepare();
+    return *revBox_;
+}
+
 void TfrmFuelMaps::MakeRevLimiter() {
-    revLabel_ = new QLabel(tr("Max RPM"), this);
-    spnRevLimiter_ = new QSpinBox(this);
-    revLabel_->setObjectName("Label1");
-    revLabel_->setBuddy(spnRevLimiter_);
-    spnRevLimiter_->setObjectName("spnRevLimiter");
-    spnRevLimiter_->setAccessibleName(revLabel_->text());
-    spnRevLimiter_->setSingleStep(40);
-    // Both bounds 0 mean unbounded: an entry beyond 10,200 rpm wraps like any other.
-    spnRevLimiter_->setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
-    spnRevLimiter_->setFixedWidth(spnRevLimiter_->fontMetrics().horizontalAdvance("-000000") + 48);
+    revBox_ = new TRevLimiterBox(this);
     auto *btnSaverev = new QPushButton(tr("Commit"), this);
     btnSaverev->setObjectName("btnSaverev");
     auto *btnResetRev = new QPushButton(tr("Reset"), this);
@@ -41,68 +34,46 @@ void TfrmFuelMaps::MakeRevLimiter() {
         button->setAccessibleDescription(tr("Of the rev limiter and of the part throttle map"));
     int place = 0;
     for (QWidget *control :
-         std::initializer_list<QWidget *>{revLabel_, spnRevLimiter_, btnSaverev, btnResetRev})
+         std::initializer_list<QWidget *>{revBox_->label, revBox_, btnSaverev, btnResetRev})
         BottomLine().insertWidget(place++, control);
-    ConnectGuarded(spnRevLimiter_, &QSpinBox::textChanged, this, [this] { spnRevLimiterChange(); });
+    ConnectGuarded(revBox_, &QSpinBox::textChanged, this, [this] { spnRevLimiterChange(); });
     ConnectGuarded(btnSaverev, &QPushButton::clicked, this, [this] { btnSavePTClick(); });
     ConnectGuarded(btnResetRev, &QPushButton::clicked, this, [this] { btnResetPTClick(); });
 }
 
 void TfrmFuelMaps::ShowPage() {
-    Prepare();
     FuelMapSet = &workspace.fuelMapSet;
-    spnRevLimiter_->setVisible(FuelMapSet->HasRevLimiter());
-    revLabel_->setVisible(FuelMapSet->HasRevLimiter());
+    RevBox().SetPresent(FuelMapSet->HasRevLimiter());
     ShowRevLimiter();
     TfrmMaps::ShowPage();
 }
 
 void TfrmFuelMaps::ShowRevLimiter() {
-    spnRevLimiter_->setValue(Round(FuelMapSet->revLimiter.GetValue()));
-    SetRevColor(clWindowText);
+    RevBox().setValue(Round(FuelMapSet->revLimiter.GetValue()));
+    RevBox().SetTextColor(clWindowText);
     SetRevChanged(false);
 }
 
-void TfrmFuelMaps::SetRevColor(TColor color) {
-    revColor_ = color;
-    QPalette colors;
-    if (color != clWindowText)
-        colors.setColor(QPalette::Text,
-                        Legible(PaintedColor(color, colors), colors.color(QPalette::Base)));
-    spnRevLimiter_->setPalette(colors);
-}
-
-void TfrmFuelMaps::changeEvent(QEvent *event) {
-    TfrmMaps::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && spnRevLimiter_)
-        SetRevColor(revColor_);
-}
-
 void TfrmFuelMaps::TakeRevLimiter() {
-    FuelMapSet->revLimiter.SetValue(spnRevLimiter_->value());
+    FuelMapSet->revLimiter.SetValue(RevBox().value());
 }
 
 void TfrmFuelMaps::SetRevChanged(bool changed) {
     RevChanged = changed;
-    spnRevLimiter_->setAccessibleDescription(changed ? MarkMeaning(clBlue) : QString());
+    RevBox().setAccessibleDescription(changed ? MarkMeaning(clBlue) : QString());
 }
 
-bool TfrmFuelMaps::QueryClose() {
-    CloseEditors();
-    if ((AnyChanged() || RevChanged) && Dialogs().AskYesNo(tr("Commit Changes?")) == TAnswer::Yes) {
-        CommitAll();
-        if (RevChanged) {
-            TakeRevLimiter();
-            SetRevChanged(false);
-            DataChanged = true;
-        }
-    }
-    SetPageVisible(false);
-    return true;
+void TfrmFuelMaps::CommitAll() {
+    TfrmMaps::CommitAll();
+    if (!RevChanged)
+        return;
+    TakeRevLimiter();
+    SetRevChanged(false);
+    DataChanged = true;
 }
 
 void TfrmFuelMaps::spnRevLimiterChange() {
-    SetRevColor(clBlue);
+    RevBox().SetTextColor(clBlue);
     SetRevChanged(true);
 }
 

@@ -2,9 +2,7 @@
 #pragma once
 
 #include "maps/Maps.h"
-
-#include <QLabel>
-#include <QSpinBox>
+#include "maps/RevLimiterBox.h"
 
 class TfrmFuelMaps : public TfrmMaps {
     Q_OBJECT
@@ -17,7 +15,6 @@ public:
     bool RevChanged = false; ///< the spin edit was changed and not yet committed
 
     void ShowPage() override;
-    bool QueryClose() override;
 
     void spnRevLimiterChange();
     // Bound to the part throttle map's buttons and to the rev limiter's: each commits or resets
@@ -32,22 +29,23 @@ public:
     void Paste3Click() override { PasteFuel(TMapKind::WOT); }
 
 protected:
+    /// The rev limiter too.
+    bool AnyChanged() const override { return TfrmMaps::AnyChanged() || RevChanged; }
+    void CommitAll() override;
     void MakeControls() override;
     QString DepthTitle() const override { return tr("% Load"); }
-    void changeEvent(QEvent *event) override;
 
 private:
     void MakeRevLimiter();
     void ShowRevLimiter();
-    /// Gives the rev limiter's text that colour, as far as it is readable in the theme.
-    void SetRevColor(TColor color);
     void TakeRevLimiter();
     /// Sets RevChanged and tells screen readers of it.
     void SetRevChanged(bool changed);
     void CopyFuel(TMapKind kind);
     void PasteFuel(TMapKind kind);
 
-    QLabel *revLabel_ = nullptr;
-    QSpinBox *spnRevLimiter_ = nullptr;
-    TColor revColor_ = clWindowText;
+    /// The rev limiter's box; makes the page's controls unless they are made.
+    TRevLimiterBox &RevBox();
+
+    TRevLimiterBox *revBox_ = nullptr; ///< for RevBox and MakeRevLimiter alone
 };

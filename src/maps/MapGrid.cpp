@@ -22,6 +22,20 @@ void TMapGrid::SetShape(int columns, int rows) {
     grid_.SetShape(columns, rows);
     grid_.SetFixedRows(rows > 1 ? 1 : 0);
     grid_.SetFixedCols(columns > 1 ? 1 : 0);
+    grid_.Editable = columns > 1 || rows > 1; // the one cell without a map holds nothing
+}
+
+void TMapGrid::UnlockAxes(bool loadToo) {
+    const TCellProperties header{.color = grid_.FixedColor, .fontColor = {}, .align = {}};
+    if (grid_.RowCount() > 1) {
+        grid_.SetFixedRows(0);
+        grid_.SetPropRow(0, header);
+    }
+    if (loadToo && grid_.ColCount() > 1) {
+        grid_.SetFixedCols(0);
+        grid_.SetPropCol(0, header);
+    }
+    Fit();
 }
 
 std::string TMapGrid::Cell(int column, int row) const {
@@ -56,11 +70,12 @@ void TMapGrid::SetAvailableWidth(int width) {
 }
 
 void TMapGrid::Fit() {
-    grid_.FitTo(maxRows_, std::min(maxColumns_, ColumnsThatFit()));
+    grid_.FitTo(maxRows_, ColumnsThatFit());
 }
 
 int TMapGrid::ColumnsThatFit() const {
-    grid_.FitTo(maxRows_, 0);
-    const int columnWidth = grid_.DefaultColWidth() + grid_.GridLineWidth();
-    return std::max((availableWidth_ - grid_.width()) / columnWidth, 1);
+    int columns = std::max(maxColumns_, 1);
+    while (columns > 1 && grid_.SizeFor(maxRows_, columns).width() > availableWidth_)
+        --columns;
+    return columns;
 }

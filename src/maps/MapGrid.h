@@ -20,6 +20,10 @@ public:
     void SetVisible(bool visible) override;
     void ShowAtMost(int maxRows, int maxColumns) override;
 
+    /// Makes the RPM header editable, the load header too when there is `loadToo`; both keep their
+    /// colour. A new shape fixes them again.
+    void UnlockAxes(bool loadToo);
+
     /// The room that the grid may take beside its chart, in pixels: fewer columns are shown at once
     /// when they would not fit. Never fewer than one.
     void SetAvailableWidth(int width);

@@ -12,20 +12,63 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr int smallestWidth = 480; // pixels
-constexpr int smallestChart = 140; // pixels
-constexpr int chartLines = 9;      // line heights, which are more than that in large fonts
+constexpr int buttonMargin = 4; // pixels, around "Commit" and "Reset"
 
 constexpr std::array<TMapPanelTraits, 3> panelTraits{{
-    {TMapKind::PT, QT_TRANSLATE_NOOP("TMapPanel", "Partial Throttle %1 Map"), 12, 12, "Panel1",
-     "lblPTGrid", "edtPTOffset", "grdPTMap", "chtPTMap", "btnSavePT", "btnResetPT", "PopupMenu1",
-     "Copy1", "Paste1", "UnlockAxis1"},
-    {TMapKind::Idle, QT_TRANSLATE_NOOP("TMapPanel", "Idle %1 Map"), 1, 10, "Panel2", "lblIdGrid",
-     "edtIdOffset", "grdIdMap", "chtIdMap", "btnSaveIdle", "btnResetIdle", "PopupMenu2", "Copy2",
-     "Paste2", "UnlockAxis2"},
-    {TMapKind::WOT, QT_TRANSLATE_NOOP("TMapPanel", "Full Throttle %1 Map"), 1, 20, "Panel3",
-     "lblFTGrid", "edtFTOffset", "grdFTMap", "chtFTMap", "btnSaveFT", "btnResetFT", "PopupMenu3",
-     "Copy3", "Paste3", "UnlockAxis3"},
+    {
+        .kind = TMapKind::PT,
+        .heading = QT_TRANSLATE_NOOP("TMapPanel", "Partial Throttle %1 Map"),
+        .maxRows = 12,
+        .maxColumns = 12,
+        .panel = "Panel1",
+        .title = "lblPTGrid",
+        .offset = "edtPTOffset",
+        .grid = "grdPTMap",
+        .note = "lblPTNote",
+        .chart = "chtPTMap",
+        .commit = "btnSavePT",
+        .reset = "btnResetPT",
+        .menu = "PopupMenu1",
+        .copy = "Copy1",
+        .paste = "Paste1",
+        .unlock = "UnlockAxis1",
+    },
+    {
+        .kind = TMapKind::Idle,
+        .heading = QT_TRANSLATE_NOOP("TMapPanel", "Idle %1 Map"),
+        .maxRows = 1,
+        .maxColumns = 10,
+        .panel = "Panel2",
+        .title = "lblIdGrid",
+        .offset = "edtIdOffset",
+        .grid = "grdIdMap",
+        .note = "lblIdNote",
+        .chart = "chtIdMap",
+        .commit = "btnSaveIdle",
+        .reset = "btnResetIdle",
+        .menu = "PopupMenu2",
+        .copy = "Copy2",
+        .paste = "Paste2",
+        .unlock = "UnlockAxis2",
+    },
+    {
+        .kind = TMapKind::WOT,
+        .heading = QT_TRANSLATE_NOOP("TMapPanel", "Full Throttle %1 Map"),
+        .maxRows = 1,
+        .maxColumns = 20,
+        .panel = "Panel3",
+        .title = "lblFTGrid",
+        .offset = "edtFTOffset",
+        .grid = "grdFTMap",
+        .note = "lblFTNote",
+        .chart = "chtFTMap",
+        .commit = "btnSaveFT",
+        .reset = "btnResetFT",
+        .menu = "PopupMenu3",
+        .copy = "Copy3",
+        .paste = "Paste3",
+        .unlock = "UnlockAxis3",
+    },
 }};
 } // namespace
 
@@ -33,17 +76,18 @@ const TMapPanelTraits &PanelTraits(TMapKind kind) {
     return panelTraits[static_cast<std::size_t>(kind)];
 }
 
-TMapPanel::TMapPanel(QWidget *parent, const TMapPanelTraits &rowTraits)
-    : QWidget(parent),
+TMapPanel::TMapPanel(QWidget &rows, const TMapPanelTraits &rowTraits)
+    : QObject(&rows),
       traits(rowTraits),
-      panel(new QFrame(this)),
+      panel(new QFrame(&rows)),
       title(new QLabel(panel)),
       offset(new TOffsetEdit(panel, rowTraits.offset)),
       grid(new TStringAlignGrid(panel)),
-      chart(new TAreaChart(this, rowTraits.chart)),
+      note(new TMapNote(&rows, rowTraits.note)),
+      chart(new TAreaChart(&rows, rowTraits.chart)),
       commit(new QPushButton(tr("Commit"), chart)),
       reset(new QPushButton(tr("Reset"), chart)),
-      menu(new QMenu(this)),
+      menu(new QMenu(panel)),
       copyAction(menu->addAction(tr("Copy Map"))),
       pasteAction(menu->addAction(tr("Paste Map"))),
       unlockAction(menu->addAction(tr("Unlock Axis"))),
@@ -52,10 +96,6 @@ TMapPanel::TMapPanel(QWidget *parent, const TMapPanelTraits &rowTraits)
     MakePanel();
     MakeChart();
     MakeMenu();
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(panel, 0, Qt::AlignTop);
-    row->addWidget(chart, 1);
 }
 
 void TMapPanel::SetTitle(const QString &text) {
@@ -68,20 +108,16 @@ void TMapPanel::SetTitle(const QString &text) {
     reset->setAccessibleDescription(tr("Drops the edits of \"%1\"").arg(spoken));
 }
 
+void TMapPanel::ShowNote(const QString &text) {
+    note->setText(text);
+    note->setVisible(!text.isEmpty() && !hiddenForGood_);
+}
+
 void TMapPanel::HideForGood() {
+    hiddenForGood_ = true;
     panel->hide();
+    note->hide();
     chartView.HideForGood();
-    hide();
-}
-
-QSize TMapPanel::minimumSizeHint() const {
-    return {smallestWidth, QWidget::minimumSizeHint().height()};
-}
-
-void TMapPanel::resizeEvent(QResizeEvent *event) {
-    QWidget::resizeEvent(event);
-    const int chartWidth = std::max(smallestChart, chartLines * fontMetrics().height());
-    gridView.SetAvailableWidth(width() - chartWidth - layout()->spacing());
 }
 
 void TMapPanel::MakePanel() {
@@ -118,13 +154,17 @@ void TMapPanel::MakeChart() {
     chart->StartWithSeries(partThrottle ? 12 : 1);
     chart->SetBottomInverted(partThrottle);
     chart->TakeKeys(true);
-    auto *buttons = new QVBoxLayout;
-    buttons->addStretch(1);
+    // In a corner of the chart, so that they go with it; side by side below a high drawing, one
+    // below the other beside a low one.
+    auto *corner = new QVBoxLayout(chart);
+    corner->setContentsMargins(buttonMargin, buttonMargin, buttonMargin, buttonMargin);
+    corner->addStretch(1);
+    auto *buttons =
+        new QBoxLayout(partThrottle ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     buttons->addWidget(commit);
     buttons->addWidget(reset);
-    auto *corner = new QHBoxLayout(chart);
-    corner->addStretch(1);
     corner->addLayout(buttons);
+    corner->setAlignment(buttons, Qt::AlignRight);
 }
 
 void TMapPanel::MakeMenu() {
@@ -135,7 +175,5 @@ void TMapPanel::MakeMenu() {
     menu->setAccessibleName(tr("Map"));
     grid->setAccessibleDescription(tr("The Menu key or Shift+F10 copies, pastes and unlocks"));
     grid->OnMenuKey = [this](QPoint at) { menu->popup(at); };
-    grid->setContextMenuPolicy(Qt::CustomContextMenu);
-    QObject::connect(grid, &QWidget::customContextMenuRequested, menu,
-                     [this](const QPoint &at) { menu->popup(grid->viewport()->mapToGlobal(at)); });
+    grid->OnMenuButton = grid->OnMenuKey;
 }

@@ -1,19 +1,25 @@
-// One map's row on a map page: on the left its panel (title, offset box, grid), on the right its
-// chart with the buttons "Commit" and "Reset". The chart starts with the series that it has before
-// any map is shown: twelve for part throttle, one for the others. Only the controls and their
-// places; what they do is the page's, in Maps.h.
+// One map's controls on a map page: its panel (title, offset box, grid), its chart with the buttons
+// "Commit" and "Reset", the line that stands in place of a map that cannot be shown, the grid's
+// menu. The chart starts with the series that it has before any map is shown: twelve for part
+// throttle, one for the others. Where the panels and charts stand is MapRows.h; what the controls
+// do is the page's, in Maps.h.
 #pragma once
 
 #include "maps/MapChart.h"
 #include "maps/MapGrid.h"
+#include "maps/MapNote.h"
 #include "maps/OffsetEdit.h"
 #include "model/MapSets.h"
+
+#include <array>
 
 #include <QAction>
 #include <QFrame>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+
+inline constexpr std::array allMapKinds{TMapKind::PT, TMapKind::Idle, TMapKind::WOT};
 
 /// What tells the three rows of a page apart: the names of their controls, the words of the title,
 /// and how much of the grid is shown without scroll bars.
@@ -26,6 +32,7 @@ struct TMapPanelTraits {
     const char *title;
     const char *offset;
     const char *grid;
+    const char *note;
     const char *chart;
     const char *commit;
     const char *reset;
@@ -38,16 +45,18 @@ struct TMapPanelTraits {
 /// The traits of the row that shows `kind`.
 const TMapPanelTraits &PanelTraits(TMapKind kind);
 
-class TMapPanel : public QWidget {
+class TMapPanel : public QObject {
     Q_OBJECT
 public:
-    TMapPanel(QWidget *parent, const TMapPanelTraits &traits);
+    /// The controls are children of `rows`, which lays them out.
+    TMapPanel(QWidget &rows, const TMapPanelTraits &traits);
 
     const TMapPanelTraits &traits;
     QFrame *panel;
     QLabel *title;
     TOffsetEdit *offset;
     TStringAlignGrid *grid;
+    TMapNote *note;
     TAreaChart *chart;
     QPushButton *commit;
     QPushButton *reset;
@@ -61,17 +70,16 @@ public:
     /// Shows the map's title above the grid and names the controls after it for screen readers.
     void SetTitle(const QString &text);
 
-    /// Hides panel and chart whatever the fit rule says later, and leaves their room to the others.
+    /// Shows why the map cannot be shown; an empty text hides the line.
+    void ShowNote(const QString &text);
+
+    /// Hides panel, line and chart whatever the fit rule says later.
     void HideForGood();
-
-    /// Narrow enough for the smallest window: the grid then shows fewer columns at once.
-    QSize minimumSizeHint() const override;
-
-protected:
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void MakePanel();
     void MakeChart();
     void MakeMenu();
+
+    bool hiddenForGood_ = false;
 };

@@ -3,21 +3,16 @@
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
 #include "forms/KelvaneNotebook.h"
-#include "forms/PlainScroll.h"
 #include "forms/TabOrder.h"
 #include "maps/ChartData.h"
 #include "maps/PasteBuffer.h"
 #include "maps/ToolWindow.h"
+#include "maps/WhyNoMap.h"
 #include "model/Numbers.h"
 
-#include <QPushButton>
-#include <QScrollArea>
 #include <QSignalBlocker>
-#include <QVBoxLayout>
 
 namespace {
-constexpr std::array allKinds{TMapKind::PT, TMapKind::Idle, TMapKind::WOT};
-
 /// The load point of a one-axis map: idle at closed, full throttle at open throttle.
 double SingleLoadPoint(TMapKind kind) {
     return kind == TMapKind::WOT ? 100 : 0;
@@ -44,75 +39,82 @@ TfrmMaps::~TfrmMaps() {
 }
 
 void TfrmMaps::Prepare() {
-    if (chkInterpret_)
+    if (controls_)
         return;
     MakeControls();
     // Behind those that a derived page has put in front of them.
-    MoveToTabEnd(*window(), {chkInterpret_, btnRecalculate_, btnClose_});
+    MoveToTabEnd(*window(), {&controls_->interpret, &controls_->recalculate, &controls_->close});
+}
+
+TMapPageControls &TfrmMaps::Controls() {
+    Prepare();
+    return *controls_;
 }
 
 void TfrmMaps::ShowOnly(TMapKind kind) {
     only_ = kind;
-    if (chkInterpret_)
-        HideOthers(kind);
-}
-
-void TfrmMaps::HideOthers(TMapKind kind) {
-    for (TMapPanel *row : panels_)
-        if (row->traits.kind != kind)
-            row->HideForGood();
+    if (controls_)
+        controls_->maps.ShowOnly(kind);
 }
 
 void TfrmMaps::MakeControls() {
-    chkInterpret_ = new QCheckBox(tr("Interpret Byte Values"), this);
-    bottomLine_ = new TFoldingLine(this);
-    auto *content = new QWidget;
-    auto *rows = new QVBoxLayout(content);
-    for (const TMapKind kind : allKinds) {
-        auto *row = new TMapPanel(content, PanelTraits(kind));
-        panels_[static_cast<std::size_t>(kind)] = row;
-        ConnectPanel(*row);
-        row->chart->SetDepthTitle(DepthTitle());
-        rows->addWidget(row, kind == TMapKind::PT ? 1 : 0);
+    controls_ = std::make_unique<TMapPageControls>(*this);
+    for (const TMapKind kind : allMapKinds) {
+        ConnectPanel(Panel(kind));
+        Panel(kind).chart->SetDepthTitle(DepthTitle());
     }
     if (only_)
-        HideOthers(*only_);
-    QScrollArea *scroll = MakePlainScroll(content, this);
-
-    btnRecalculate_ = new QPushButton(tr("Recalculate"), this);
-    btnRecalculate_->setObjectName("btnRecalculate");
-    btnClose_ = new QPushButton(tr("Close Page"), this);
-    btnClose_->setObjectName("btnClose");
-    chkInterpret_->setObjectName("chkInterpret");
-    for (QWidget *control :
-         std::initializer_list<QWidget *>{chkInterpret_, btnRecalculate_, btnClose_})
-        bottomLine_->End().addWidget(control);
+        controls_->maps.ShowOnly(*only_);
     // Accessibility tools toggle without a click.
-    ConnectGuarded(chkInterpret_, &QCheckBox::toggled, this, [this] { chkInterpretClick(); });
-    ConnectGuarded(btnRecalculate_, &QPushButton::clicked, this, [this] { btnRecalculateClick(); });
-    ConnectGuarded(btnClose_, &QPushButton::clicked, this, [this] { btnCloseClick(); });
-
-    auto *page = new QVBoxLayout(this);
-    page->addWidget(scroll, 1);
-    page->addWidget(bottomLine_);
+    ConnectGuarded(&controls_->interpret, &QCheckBox::toggled, this,
+                   [this] { chkInterpretClick(); });
+    ConnectGuarded(&controls_->recalculate, &QPushButton::clicked, this,
+                   [this] { btnRecalculateClick(); });
+    ConnectGuarded(&controls_->close, &QPushButton::clicked, this, [this] { btnCloseClick(); });
 }
 
 void TfrmMaps::ConnectPanel(TMapPanel &row) {
     using THandlers = struct {
-        void (TfrmMaps::*beforeEdit)(int, int), (TfrmMaps::*afterEdit)(int, int);
-        void (TfrmMaps::*commit)(), (TfrmMaps::*reset)(), (TfrmMaps::*offsetExit)();
-        void (TfrmMaps::*copy)(), (TfrmMaps::*paste)(), (TfrmMaps::*unlock)();
+        void (TfrmMaps::*beforeEdit)(int, int);
+        void (TfrmMaps::*afterEdit)(int, int);
+        void (TfrmMaps::*commit)();
+        void (TfrmMaps::*reset)();
+        void (TfrmMaps::*offsetExit)();
+        void (TfrmMaps::*copy)();
+        void (TfrmMaps::*paste)();
+        void (TfrmMaps::*unlock)();
     };
     static constexpr std::array<THandlers, 3> handlers{{
-        {&TfrmMaps::grdPTMapBeforeEdit, &TfrmMaps::grdPTMapAfterEdit, &TfrmMaps::btnSavePTClick,
-         &TfrmMaps::btnResetPTClick, &TfrmMaps::edtPTOffsetExit, &TfrmMaps::Copy1Click,
-         &TfrmMaps::Paste1Click, &TfrmMaps::UnlockAxis1Click},
-        {&TfrmMaps::grdIdMapBeforeEdit, &TfrmMaps::grdIdMapAfterEdit, &TfrmMaps::btnSaveIdleClick,
-         &TfrmMaps::btnResetIdleClick, &TfrmMaps::edtIdOffsetExit, &TfrmMaps::Copy2Click,
-         &TfrmMaps::Paste2Click, &TfrmMaps::UnlockAxis2Click},
-        {&TfrmMaps::grdFTMapBeforeEdit, &TfrmMaps::grdFTMapAfterEdit, &TfrmMaps::btnSaveFTClick,
-         &TfrmMaps::btnResetFTClick, &TfrmMaps::edtFTOffsetExit, &TfrmMaps::Copy3Click,
-         &TfrmMaps::Paste3Click, &TfrmMaps::UnlockAxis3Click},
+        {
+            .beforeEdit = &TfrmMaps::grdPTMapBeforeEdit,
+            .afterEdit = &TfrmMaps::grdPTMapAfterEdit,
+            .commit = &TfrmMaps::btnSavePTClick,
+            .reset = &TfrmMaps::btnResetPTClick,
+            .offsetExit = &TfrmMaps::edtPTOffsetExit,
+            .copy = &TfrmMaps::Copy1Click,
+            .paste = &TfrmMaps::Paste1Click,
+            .unlock = &TfrmMaps::UnlockAxis1Click,
+        },
+        {
+            .beforeEdit = &TfrmMaps::grdIdMapBeforeEdit,
+            .afterEdit = &TfrmMaps::grdIdMapAfterEdit,
+            .commit = &TfrmMaps::btnSaveIdleClick,
+            .reset = &TfrmMaps::btnResetIdleClick,
+            .offsetExit = &TfrmMaps::edtIdOffsetExit,
+            .copy = &TfrmMaps::Copy2Click,
+            .paste = &TfrmMaps::Paste2Click,
+            .unlock = &TfrmMaps::UnlockAxis2Click,
+        },
+        {
+            .beforeEdit = &TfrmMaps::grdFTMapBeforeEdit,
+            .afterEdit = &TfrmMaps::grdFTMapAfterEdit,
+            .commit = &TfrmMaps::btnSaveFTClick,
+            .reset = &TfrmMaps::btnResetFTClick,
+            .offsetExit = &TfrmMaps::edtFTOffsetExit,
+            .copy = &TfrmMaps::Copy3Click,
+            .paste = &TfrmMaps::Paste3Click,
+            .unlock = &TfrmMaps::UnlockAxis3Click,
+        },
     }};
     const THandlers &own = handlers[static_cast<std::size_t>(row.traits.kind)];
     row.grid->OnBeforeEdit = [this, &own](int c, int r) { (this->*own.beforeEdit)(c, r); };
@@ -135,10 +137,9 @@ bool &TfrmMaps::Changed(TMapKind kind) {
 }
 
 void TfrmMaps::ShowPage() {
-    Prepare();
     {
-        const QSignalBlocker silent(chkInterpret_);
-        chkInterpret_->setChecked(MapSet->showConverted);
+        const QSignalBlocker silent(InterpretBox());
+        InterpretBox().setChecked(MapSet->showConverted);
     }
     LoadPTMap();
     LoadIdleMap();
@@ -147,7 +148,8 @@ void TfrmMaps::ShowPage() {
 }
 
 bool TfrmMaps::QueryClose() {
-    CloseEditors();
+    if (controls_)
+        CloseEditors();
     if (AnyChanged() && Dialogs().AskYesNo(tr("Commit Changes?")) == TAnswer::Yes)
         CommitAll();
     SetPageVisible(false);
@@ -169,19 +171,25 @@ void TfrmMaps::FormHide() {
 }
 
 void TfrmMaps::LoadMap(TMapKind kind) {
-    TMapPanel &row = Panel(kind);
     TMap &map = Map(kind);
     // Read again first: the point counts may be others than those the grid was last sized by.
     map.SetOffset(map.GetLocation());
     if (kind != TMapKind::PT)
         map.axes->throttleAxis->SetSinglePoint(SingleLoadPoint(kind));
     map.data->SetShowConverted(MapSet->showConverted);
-    map.SizeGrid(row.gridView);
-    map.SizeChart(row.chartView);
+    ShapeRow(kind);
     FillMap(kind);
     RedrawMapChart(kind);
     ShowTitles(kind);
     Changed(kind) = false;
+}
+
+void TfrmMaps::ShapeRow(TMapKind kind) {
+    TMapPanel &row = Panel(kind);
+    const TMap &map = Map(kind);
+    map.SizeGrid(row.gridView);
+    map.SizeChart(row.chartView);
+    row.ShowNote(QString::fromStdString(WhyNotShown(map)));
 }
 
 void TfrmMaps::FillMap(TMapKind kind) {
@@ -244,7 +252,7 @@ void TfrmMaps::AfterEdit(TMapKind kind, int column, int row) {
 
 void TfrmMaps::chkInterpretClick() {
     CloseEditors();
-    MapSet->SetShowConverted(chkInterpret_->isChecked());
+    MapSet->SetShowConverted(InterpretBox().isChecked());
     // The flags stay although the edits are discarded, and no chart is drawn again: both are
     // intended.
     FillMap(TMapKind::PT);
@@ -272,11 +280,9 @@ void TfrmMaps::OffsetExit(TMapKind kind) {
 }
 
 void TfrmMaps::UnlockAxis(TMapKind kind) {
-    TStringAlignGrid &grid = *Panel(kind).grid;
-    grid.CloseEditor(); // its text is accepted: a grid of another shape would drop it
-    grid.SetFixedRows(0);
-    if (kind == TMapKind::PT)
-        grid.SetFixedCols(0);
+    TMapPanel &row = Panel(kind);
+    row.grid->CloseEditor(); // its text is accepted: a grid of another shape would drop it
+    row.gridView.UnlockAxes(kind == TMapKind::PT);
 }
 
 void TfrmMaps::btnRecalculateClick() {
@@ -290,9 +296,8 @@ void TfrmMaps::btnCloseClick() {
 }
 
 void TfrmMaps::CloseEditors() {
-    for (TMapPanel *row : panels_)
-        if (row)
-            row->grid->CloseEditor();
+    for (const TMapKind kind : allMapKinds)
+        Panel(kind).grid->CloseEditor();
 }
 
 void TfrmMaps::CopyMap(TMap &map, TMapKind kind, TPasteSlots &buffer) {
@@ -310,11 +315,9 @@ void TfrmMaps::PasteMap(TMapKind kind, TPasteSlots &buffer, const QString &setNa
         Dialogs().ShowMessage(QString::fromStdString(problem));
         return;
     }
-    TMapPanel &row = Panel(kind);
-    row.grid->CloseEditor();
+    Panel(kind).grid->CloseEditor();
     buffered->AssignTo(map);
-    map.SizeGrid(row.gridView);
-    map.SizeChart(row.chartView);
+    ShapeRow(kind);
     FillMap(kind);
     RedrawMapChart(kind);
     Changed(kind) = true;

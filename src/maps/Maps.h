@@ -5,14 +5,12 @@
 #pragma once
 
 #include "forms/TEmbedFm.h"
-#include "maps/FoldingLine.h"
-#include "maps/MapPanel.h"
+#include "maps/MapPageControls.h"
 #include "model/Workspace.h"
 
-#include <array>
+#include <memory>
 #include <optional>
 
-#include <QCheckBox>
 #include <QPointer>
 
 class TfrmToolWindow;
@@ -32,7 +30,7 @@ public:
         0; ///< the number in the cell whose edit began last; nothing reads it
     QPointer<TfrmToolWindow> ToolWindow; ///< while the page is shown; otherwise none
 
-    /// Makes the page's controls, unless they are made: at the first show at the latest. The
+    /// Makes the page's controls, unless they are made: at their first use at the latest. The
     /// constructor does not, so that the program's window need not wait for pages that nobody sees
     /// yet.
     void Prepare();
@@ -84,8 +82,7 @@ public:
     virtual void Paste2Click() {}
     virtual void Paste3Click() {}
 
-    /// The row of `kind`, once the page is prepared.
-    TMapPanel &Panel(TMapKind kind) { return *panels_[static_cast<std::size_t>(kind)]; }
+    TMapPanel &Panel(TMapKind kind) { return Controls().maps.Row(kind); }
     TMap &Map(TMapKind kind) { return MapSet->Map(kind); }
     bool &Changed(TMapKind kind);
     /// Draws the chart of `kind` again from its grid, when the grid is marked visible.
@@ -101,24 +98,27 @@ protected:
     /// Lets the page's map of `kind` take over its slot's map, or says why not. `setName` is "Fuel"
     /// or "Timing".
     void PasteMap(TMapKind kind, TPasteSlots &buffer, const QString &setName);
-    bool AnyChanged() const { return PTChanged || IdleChanged || FTChanged; }
+    /// Whether anything is uncommitted, which is what QueryClose asks about.
+    virtual bool AnyChanged() const { return PTChanged || IdleChanged || FTChanged; }
+    /// Commits the three maps; derived pages what else is uncommitted, behind them.
+    virtual void CommitAll();
     /// Makes the controls; derived pages begin with it.
     virtual void MakeControls();
-    void CloseEditors();
-    void CommitAll();
     /// The title of the charts' load axis.
     virtual QString DepthTitle() const = 0;
     /// The line of controls below the maps; derived pages add theirs in front.
-    QHBoxLayout &BottomLine() { return bottomLine_->Start(); }
-    /// "Interpret Byte Values", once the controls are made.
-    QCheckBox &InterpretBox() { return *chkInterpret_; }
+    QHBoxLayout &BottomLine() { return Controls().bottomLine.Start(); }
+    /// "Interpret Byte Values".
+    QCheckBox &InterpretBox() { return Controls().interpret; }
 
     TWorkspace &workspace;
 
 private:
+    TMapPageControls &Controls();
     void ConnectPanel(TMapPanel &row);
-    void HideOthers(TMapKind kind);
+    void CloseEditors();
     void LoadMap(TMapKind kind);
+    void ShapeRow(TMapKind kind);
     void FillMap(TMapKind kind);
     void ShowTitles(TMapKind kind);
     void Commit(TMapKind kind);
@@ -128,10 +128,6 @@ private:
     void OffsetExit(TMapKind kind);
     void UnlockAxis(TMapKind kind);
 
-    std::array<TMapPanel *, 3> panels_{};
+    std::unique_ptr<TMapPageControls> controls_; ///< for Controls() and Prepare() alone
     std::optional<TMapKind> only_; ///< the one map that is shown, when the page shows but one
-    QCheckBox *chkInterpret_ = nullptr;
-    QPushButton *btnRecalculate_ = nullptr;
-    QPushButton *btnClose_ = nullptr;
-    TFoldingLine *bottomLine_ = nullptr;
 };

@@ -24,7 +24,6 @@ void TfrmMapsGraphical::MakeControls() {
 void TfrmMapsGraphical::ShowChartOnly() {
     ShowOnly(TMapKind::PT);
     Panel(TMapKind::PT).panel->hide();
-    Panel(TMapKind::PT).parentWidget()->layout()->setContentsMargins(0, 0, 0, 0);
     Chart().TakeKeys(false);     // the page does
     Chart().setFocusProxy(this); // so that the wheel zooms while the keys work
     Panel(TMapKind::PT).commit->hide();

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include <QSpinBox>
+#include <QWheelEvent>
 
 namespace {
 class TFuelMapsTest : public TFuelPageTest {
@@ -272,5 +273,53 @@ TEST_F(TTimingMapsTest, TitlesCarryItsCaptionAndThereIsNoRevLimiter) {
     page->TimingMapSet = nullptr;
     page->ShowPage();
     EXPECT_EQ(page->TimingMapSet, &workspace.timingMapSet);
+}
+TEST_P(TRevButtonsTest, ABareCommitSetsTheRevLimiter) {
+    ASSERT_FALSE(page->RevChanged);
+    Click(Commit());
+    EXPECT_EQ(RevLimiter().GetValue(), 6800.0);
+    EXPECT_TRUE(RevLimiter().modified) << "set to what it was, which counts";
+    EXPECT_TRUE(workspace.fuelMapSet.IsModified());
+    EXPECT_FALSE(page->RevChanged);
+    EXPECT_FALSE(page->DataChanged);
+}
+
+class TWheelTest : public TFuelMapsTest {
+protected:
+    void Turn() {
+        const QPointF at = Spin().rect().center();
+        QWheelEvent wheel(at, Spin().mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&Spin(), &wheel);
+        EXPECT_EQ(wheel.isAccepted(), Spin().hasFocus()) << "otherwise the page gets it";
+    }
+};
+
+TEST_F(TWheelTest, TurnsTheRevLimiterOnlyWhileItHasTheFocus) {
+    page->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(page.get()));
+    Find<QPushButton>("btnClose").setFocus();
+    Turn();
+    EXPECT_EQ(Spin().value(), 6800);
+    EXPECT_FALSE(page->RevChanged);
+    EXPECT_FALSE(Spin().hasFocus());
+    EXPECT_FALSE(Spin().focusPolicy() & ~Qt::StrongFocus) << "no focus by the wheel";
+    Spin().setFocus();
+    Turn();
+    EXPECT_EQ(Spin().value(), 6840);
+    EXPECT_TRUE(page->RevChanged);
+}
+
+TEST_F(TFuelMapsTest, PublicCallsNeedNoPreparation) {
+    TfrmFuelMaps unseen(nullptr, workspace, workspace.fuelMapSet);
+    unseen.spnRevLimiterChange(); // makes the controls
+    EXPECT_TRUE(unseen.RevChanged);
+    TfrmFuelMaps other(nullptr, workspace, workspace.fuelMapSet);
+    other.CommitIdle();
+    other.UnlockAxis1Click();
+    other.btnResetPTClick();
+    EXPECT_EQ(FindControl<QSpinBox>(other, "spnRevLimiter").value(), 6800);
+    TfrmFuelMaps left(nullptr, workspace, workspace.fuelMapSet);
+    EXPECT_TRUE(left.QueryClose()) << "nothing was made, nothing is asked";
 }
 } // namespace

@@ -136,4 +136,65 @@ TEST_F(TTimingEditTest, CellsFollowTheDecimalSeparator) {
     Click("btnSaveIdle");
     EXPECT_EQ(BodyByte(TMapKind::Idle, 0), 5);
 }
+TEST_F(TMapsEditTest, NoKeepsTheFlagsAndClosingAsksAgain) {
+    Type("grdPTMap", 1, 1, "50");
+    Type("grdIdMap", 1, 1, "51");
+    dialogs.answers = {TAnswer::No, TAnswer::No};
+    EXPECT_TRUE(page->QueryClose());
+    EXPECT_TRUE(page->PTChanged);
+    EXPECT_TRUE(page->IdleChanged);
+    EXPECT_FALSE(page->FTChanged);
+    EXPECT_EQ(Grid("grdPTMap").Cell(1, 1), "50");
+    EXPECT_EQ(Grid("grdPTMap").FontColor(1, 1), clBlue);
+    EXPECT_TRUE(page->QueryClose());
+    EXPECT_EQ(dialogs.questions, (QStringList{"Commit Changes?", "Commit Changes?"}));
+    page->ShowPage();
+    EXPECT_FALSE(page->PTChanged);
+    EXPECT_EQ(Grid("grdPTMap").Cell(1, 1), "1");
+}
+
+TEST_F(TMapsEditTest, ABlueCellEditedIntoNoNumberStaysBlue) {
+    Type("grdPTMap", 1, 1, "50");
+    Type("grdPTMap", 1, 1, "fifty");
+    EXPECT_EQ(dialogs.messages, QStringList{"'fifty' is not a valid floating point value"});
+    EXPECT_EQ(Grid("grdPTMap").Cell(1, 1), "fifty");
+    EXPECT_EQ(Grid("grdPTMap").FontColor(1, 1), clBlue);
+    EXPECT_TRUE(page->PTChanged);
+    Click("btnSavePT"); // skips what it cannot read
+    EXPECT_EQ(dialogs.messages.size(), 1);
+    EXPECT_EQ(Grid("grdPTMap").Cell(1, 1), "1");
+    EXPECT_EQ(Grid("grdPTMap").FontColor(1, 1), clWindowText);
+}
+
+TEST_F(TMapsEditTest, TheBulkToolLeavesDataChangedAlone) {
+    for (const bool before : {false, true}) {
+        page->DataChanged = before;
+        page->ToolWindow->edtValExit();
+        page->ToolWindow->btnExecClick();
+        EXPECT_TRUE(page->PTChanged);
+        EXPECT_EQ(page->DataChanged, before);
+    }
+}
+
+TEST_F(TMapsEditTest, TheOneCellWithoutAMapIsNotEdited) {
+    TWorkspace empty;
+    TfrmFuelMaps other(nullptr, empty, empty.fuelMapSet);
+    other.ShowPage();
+    for (const char *name : {"grdPTMap", "grdIdMap", "grdFTMap"}) {
+        auto &grid = FindControl<TStringAlignGrid>(other, name);
+        grid.setFocus();
+        QTest::keyClick(grid.viewport(), Qt::Key_F2);
+        EXPECT_FALSE(grid.IsEditing()) << name;
+        QTest::keyClick(grid.viewport(), Qt::Key_7);
+        EXPECT_FALSE(grid.IsEditing()) << name;
+        QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, {5, 5});
+        EXPECT_FALSE(grid.IsEditing()) << name;
+    }
+    EXPECT_TRUE(dialogs.messages.empty());
+    empty.fuelMapSet.SetOffsets(fuelPT, fuelIdle, fuelWOT);
+    other.LoadPTMap();
+    auto &grid = FindControl<TStringAlignGrid>(other, "grdPTMap");
+    QTest::keyClick(grid.viewport(), Qt::Key_F2);
+    EXPECT_TRUE(grid.IsEditing());
+}
 } // namespace

@@ -1,0 +1,24 @@
+#include "maps/MapPageControls.h"
+
+#include "forms/PlainScroll.h"
+
+#include <initializer_list>
+
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+TMapPageControls::TMapPageControls(QWidget &page)
+    : interpret(*new QCheckBox(tr("Interpret Byte Values"), &page)),
+      bottomLine(*new TFoldingLine(&page)),
+      maps(*new TMapRows(&page)),
+      recalculate(*new QPushButton(tr("Recalculate"), &page)),
+      close(*new QPushButton(tr("Close Page"), &page)) {
+    interpret.setObjectName("chkInterpret");
+    recalculate.setObjectName("btnRecalculate");
+    close.setObjectName("btnClose");
+    for (QWidget *control : std::initializer_list<QWidget *>{&interpret, &recalculate, &close})
+        bottomLine.End().addWidget(control);
+    auto *layout = new QVBoxLayout(&page);
+    layout->addWidget(MakePlainScroll(&maps, &page), 1);
+    layout->addWidget(&bottomLine);
+}

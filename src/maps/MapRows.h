@@ -1,0 +1,31 @@
+// The three maps of a page one below the other: panels on the left, charts on the right, all of
+// which begin at one line. The widest grid gives that line its place, but charts keep a share of
+// the width: grids then show fewer columns at once. Free height is shared, part throttle gets most.
+#pragma once
+
+#include "maps/MapPanel.h"
+
+#include <array>
+
+#include <QGridLayout>
+
+class TMapRows : public QWidget {
+    Q_OBJECT
+public:
+    explicit TMapRows(QWidget *parent = nullptr);
+
+    TMapPanel &Row(TMapKind kind) const { return *rows_[static_cast<std::size_t>(kind)]; }
+
+    /// Hides the two others for good; this one gets their room.
+    void ShowOnly(TMapKind kind);
+
+    /// Narrow enough for the smallest window.
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QGridLayout *layout_;
+    std::array<TMapPanel *, 3> rows_;
+};

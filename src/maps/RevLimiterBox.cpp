@@ -1,0 +1,52 @@
+#include "maps/RevLimiterBox.h"
+
+#include "forms/AligridColors.h"
+
+#include <limits>
+
+#include <QWheelEvent>
+
+namespace {
+constexpr int step = 40;       // rpm, one count
+constexpr int buttonRoom = 48; // pixels, beside the digits
+} // namespace
+
+TRevLimiterBox::TRevLimiterBox(QWidget *parent)
+    : QSpinBox(parent), label(new QLabel(tr("Max RPM"), parent)) {
+    setObjectName("spnRevLimiter");
+    label->setObjectName("Label1");
+    label->setBuddy(this);
+    setAccessibleName(label->text());
+    setSingleStep(step);
+    // Both bounds 0 mean unbounded: an entry beyond 10,200 rpm wraps like any other.
+    setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
+    setFixedWidth(fontMetrics().horizontalAdvance("-000000") + buttonRoom);
+    setFocusPolicy(Qt::StrongFocus); // not by the wheel
+}
+
+void TRevLimiterBox::SetPresent(bool present) {
+    setVisible(present);
+    label->setVisible(present);
+}
+
+void TRevLimiterBox::SetTextColor(TColor color) {
+    color_ = color;
+    QPalette colors;
+    if (color != clWindowText)
+        colors.setColor(QPalette::Text,
+                        Legible(PaintedColor(color, colors), colors.color(QPalette::Base)));
+    setPalette(colors);
+}
+
+void TRevLimiterBox::wheelEvent(QWheelEvent *event) {
+    if (hasFocus())
+        QSpinBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+void TRevLimiterBox::changeEvent(QEvent *event) {
+    QSpinBox::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        SetTextColor(color_);
+}
