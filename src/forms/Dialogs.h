@@ -36,6 +36,9 @@ public:
     virtual void ShowMessage(const QString &text) = 0;
     /// A confirmation with Yes and No; closing the box is No.
     virtual TAnswer AskYesNo(const QString &text) = 0;
+    /// The same for a question on which edits depend: answered by its two buttons only, closing the
+    /// box and Escape leave it open.
+    virtual TAnswer AskAboutEdits(const QString &text) = 0;
     /// A confirmation with Yes, No and Cancel; closing the box is Cancel.
     virtual TAnswer AskYesNoCancel(const QString &text) = 0;
     /// One line of text; Cancel gives `text` back.

@@ -1,12 +1,23 @@
 #include "forms/QtDialogs.h"
 
+#include "forms/FrameRoom.h"
+
 #include <QApplication>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
+#include <QTreeView>
 
 namespace {
+constexpr auto yesNo = QMessageBox::Yes | QMessageBox::No;
+constexpr int titleButtonsRoom = 140; // pixels
+constexpr int fileDialogColumns = 120;
+constexpr int fileDialogLines = 30;
+
 /// An open hourglass gives way to the arrow while the user has a box to answer.
 class TArrowCursor {
 public:
@@ -26,15 +37,32 @@ private:
 };
 
 /// A box over the active window, titled like the application, whose text is never taken for markup.
-QMessageBox::StandardButton RunBox(QMessageBox::Icon icon, const QString &text,
-                                   QMessageBox::StandardButtons buttons,
-                                   QMessageBox::StandardButton escape) {
-    QMessageBox box(icon, QGuiApplication::applicationDisplayName(), text, buttons, WindowBelow());
-    box.setTextFormat(Qt::PlainText);
-    const TArrowCursor arrow;
-    box.setEscapeButton(escape);
-    return QMessageBox::StandardButton(box.exec());
-}
+class TBox : public QMessageBox {
+public:
+    TBox(Icon icon, const QString &text, StandardButtons buttons)
+        : QMessageBox(icon, QGuiApplication::applicationDisplayName(), text, buttons,
+                      WindowBelow()) {
+        setTextFormat(Qt::PlainText);
+    }
+
+    StandardButton Run() {
+        const TArrowCursor arrow;
+        return StandardButton(exec());
+    }
+};
+
+/// Only a button ends it, neither Escape nor the window's own ways to be closed.
+class TInsistingBox : public TBox {
+public:
+    using TBox::TBox;
+
+protected:
+    void closeEvent(QCloseEvent *event) override { event->ignore(); }
+    void keyPressEvent(QKeyEvent *event) override {
+        if (!event->matches(QKeySequence::Cancel))
+            TBox::keyPressEvent(event);
+    }
+};
 
 TAnswer AnswerOf(QMessageBox::StandardButton button) {
     if (button == QMessageBox::Yes)
@@ -48,11 +76,30 @@ QString ToolkitFilter(const QString &filter) {
     return filter.section('|', 0, 0);
 }
 
+/// So many pixels make a title readable under a window manager, which adds an icon and buttons.
+int TitleWidth(const QString &title, QFont font) {
+    font.setBold(true);
+    return QFontMetrics(font).horizontalAdvance(title) + titleButtonsRoom;
+}
+
+/// The other columns are as wide as what is in them; the names get the rest of a wide dialog.
+void MakeRoomForNames(QFileDialog &dialog) {
+    auto *header = dialog.findChild<QTreeView *>("treeView")->header();
+    header->setStretchLastSection(false);
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
+    const QFontMetrics font = dialog.fontMetrics();
+    const QSize wanted(fileDialogColumns * font.averageCharWidth(),
+                       fileDialogLines * font.height());
+    dialog.resize(wanted.boundedTo(dialog.screen()->availableSize() - frameRoom));
+}
+
 /// The toolkit's own dialog on every desktop, so that the filter ignores letter case everywhere.
 void Prepare(QFileDialog &dialog, const QString &filter) {
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilter(ToolkitFilter(filter));
+    MakeRoomForNames(dialog);
 }
 
 QString Chosen(QFileDialog &dialog) {
@@ -69,18 +116,19 @@ QWidget *WindowBelow() {
 }
 
 void TQtDialogs::ShowMessage(const QString &text) {
-    RunBox(QMessageBox::NoIcon, text, QMessageBox::Ok, QMessageBox::Ok);
+    TBox(QMessageBox::NoIcon, text, QMessageBox::Ok).Run();
 }
 
 TAnswer TQtDialogs::AskYesNo(const QString &text) {
-    return AnswerOf(
-        RunBox(QMessageBox::Question, text, QMessageBox::Yes | QMessageBox::No, QMessageBox::No));
+    return AnswerOf(TBox(QMessageBox::Question, text, yesNo).Run()); // the toolkit's Escape is No
+}
+
+TAnswer TQtDialogs::AskAboutEdits(const QString &text) {
+    return AnswerOf(TInsistingBox(QMessageBox::Question, text, yesNo).Run());
 }
 
 TAnswer TQtDialogs::AskYesNoCancel(const QString &text) {
-    return AnswerOf(RunBox(QMessageBox::Question, text,
-                           QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
-                           QMessageBox::Cancel));
+    return AnswerOf(TBox(QMessageBox::Question, text, yesNo | QMessageBox::Cancel).Run());
 }
 
 QString TQtDialogs::InputBox(const QString &caption, const QString &prompt, const QString &text) {
@@ -88,7 +136,9 @@ QString TQtDialogs::InputBox(const QString &caption, const QString &prompt, cons
     dialog.setWindowTitle(caption);
     // The prompt labels the edit, where a single ampersand would mark a shortcut letter.
     dialog.setLabelText(QString(prompt).replace('&', "&&"));
-    dialog.findChild<QLabel *>()->setTextFormat(Qt::PlainText);
+    auto *label = dialog.findChild<QLabel *>();
+    label->setTextFormat(Qt::PlainText);
+    label->setMinimumWidth(TitleWidth(caption, dialog.font())); // the dialog has none of its own
     dialog.setTextValue(text);
     const TArrowCursor arrow;
     return dialog.exec() == QDialog::Accepted ? dialog.textValue() : text;

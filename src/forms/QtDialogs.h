@@ -13,6 +13,7 @@ class TQtDialogs : public IDialogs {
 public:
     void ShowMessage(const QString &text) override;
     TAnswer AskYesNo(const QString &text) override;
+    TAnswer AskAboutEdits(const QString &text) override;
     TAnswer AskYesNoCancel(const QString &text) override;
     QString InputBox(const QString &caption, const QString &prompt, const QString &text) override;
     QString OpenFile(const QString &filter, const QString &initialDir) override;

@@ -150,7 +150,7 @@ void TfrmMaps::ShowPage() {
 bool TfrmMaps::QueryClose() {
     if (controls_)
         CloseEditors();
-    if (AnyChanged() && Dialogs().AskYesNo(tr("Commit Changes?")) == TAnswer::Yes)
+    if (AnyChanged() && Dialogs().AskAboutEdits(tr("Commit Changes?")) == TAnswer::Yes)
         CommitAll();
     SetPageVisible(false);
     return true;

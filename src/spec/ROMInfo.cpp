@@ -201,7 +201,7 @@ bool TfrmROMInformation::QuerySave() {
     // Only the maps count here, not the image's own modified flag.
     if (!workspace_.fuelMapSet.IsModified() && !workspace_.timingMapSet.IsModified())
         return true;
-    if (Dialogs().AskYesNo(tr("Save Changes?")) != TAnswer::Yes)
+    if (Dialogs().AskAboutEdits(tr("Save Changes?")) != TAnswer::Yes)
         return true;
     if (SaveROM())
         return true;

@@ -1,7 +1,9 @@
 // Leaving work behind: other images over changed maps, other tabs and the end of the program with
 // edits that are not committed.
+#include "DialogScript.h"
 #include "Session.h"
 
+#include <QMessageBox>
 #include <QTabWidget>
 #include <QTest>
 
@@ -30,6 +32,7 @@ TEST_F(TLeaveTest, AnotherTabWithUncommittedEditsCommitsOnYes) {
     session.dialogs.answers = {TAnswer::Yes};
     session.SelectTab("Timing Maps");
     EXPECT_EQ(Questions(), QStringList{"Commit Changes?"});
+    EXPECT_EQ(session.dialogs.insisting, Questions());
     EXPECT_EQ(InImage(idleBody), 9);
     Put(original, idleBody, 9);
     session.SaveAs("edited.BIN");
@@ -103,6 +106,31 @@ TEST_F(TLeaveTest, AnotherImageOverUnchangedMapsAsksNothing) {
     EXPECT_EQ(ROMImage()->size, 0x10000);
 }
 
+/// Escape, the window's X and a second try to end the program are no answers.
+class TRealQuestionTest : public TLeaveTest,
+                          public testing::WithParamInterface<QMessageBox::StandardButton> {};
+
+TEST_P(TRealQuestionTest, OnlyAButtonAnswersAtTheEnd) {
+    EditIdle();
+    TDialogScript script;
+    script.Then<QMessageBox>([&](QMessageBox &box) {
+        EXPECT_EQ(box.text(), "Commit Changes?");
+        QTest::keyClick(&box, Qt::Key_Escape);
+        EXPECT_FALSE(box.close());
+        EXPECT_FALSE(session.window->close());
+        EXPECT_TRUE(box.isVisible());
+        EXPECT_TRUE(session.window->isVisible());
+        EXPECT_EQ(InImage(idleBody), original[idleBody]) << "not answered yet";
+        box.button(GetParam())->click();
+    });
+    EXPECT_TRUE(session.window->close());
+    EXPECT_FALSE(session.window->isVisible());
+    EXPECT_EQ(InImage(idleBody), GetParam() == QMessageBox::Yes ? 9 : original[idleBody]);
+}
+
+INSTANTIATE_TEST_SUITE_P(Buttons, TRealQuestionTest,
+                         testing::Values(QMessageBox::Yes, QMessageBox::No));
+
 /// A rev limiter taken over but not yet saved is what leaves a map set changed.
 class TChangedMapsTest : public TLeaveTest {
 protected:
@@ -139,6 +167,7 @@ TEST_F(TChangedMapsTest, YesAndADeclinedOverwriteLoadsNothing) {
     session.dialogs.saves = {QString::fromStdString((session.folder / "FERRO32K.BIN").string())};
     session.Click(romPage, "btnLoad");
     EXPECT_EQ(Questions(), (QStringList{"Save Changes?", "Overwrite existing file?"}));
+    EXPECT_EQ(session.dialogs.insisting, QStringList{"Save Changes?"});
     EXPECT_EQ(session.dialogs.messages, QStringList{"Save unsuccessful"});
     EXPECT_EQ(Differences(original, session.Read("FERRO32K.BIN")), "");
 }

@@ -9,14 +9,18 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 #include <gmock/gmock.h>
 
 namespace {
@@ -101,6 +105,48 @@ TEST_P(QtDialogsAnswer, IsTheButtonPressed) {
 INSTANTIATE_TEST_SUITE_P(Answers, QtDialogsAnswer, testing::ValuesIn(answers),
                          [](const auto &test) { return std::string(test.param.name); });
 
+namespace {
+class QtDialogsAboutEdits : public QtDialogs,
+                            public testing::WithParamInterface<QMessageBox::StandardButton> {};
+} // namespace
+
+TEST_P(QtDialogsAboutEdits, StaysOpenUntilOneOfItsTwoButtonsIsPressed) {
+    WhenOpen<QMessageBox>([](QMessageBox &box) {
+        EXPECT_EQ(box.text(), "Commit Changes?");
+        ASSERT_EQ(box.buttons().size(), 2);
+        QTest::keyClick(&box, Qt::Key_Escape);
+        for (QAbstractButton *button : box.buttons())
+            QTest::keyClick(button, Qt::Key_Escape);
+        EXPECT_FALSE(box.close()); // the window's X and Alt+F4 end in this
+        ASSERT_TRUE(box.isVisible());
+        QTest::mouseClick(box.button(GetParam()), Qt::LeftButton);
+        EXPECT_FALSE(box.isVisible());
+    });
+    EXPECT_EQ(dialogs.AskAboutEdits("Commit Changes?"),
+              GetParam() == QMessageBox::Yes ? TAnswer::Yes : TAnswer::No);
+}
+
+INSTANTIATE_TEST_SUITE_P(Buttons, QtDialogsAboutEdits,
+                         testing::Values(QMessageBox::Yes, QMessageBox::No));
+
+TEST_F(QtDialogs, AQuestionAboutEditsStillHasItsKeys) {
+    for (const auto &[key, answer] :
+         {std::pair(Qt::Key_Y, TAnswer::Yes), std::pair(Qt::Key_N, TAnswer::No)}) {
+        WhenOpen<QMessageBox>([key = key](QMessageBox &box) {
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+            QTest::keyClick(&box, key, Qt::AltModifier);
+        });
+        EXPECT_EQ(dialogs.AskAboutEdits("Save Changes?"), answer);
+    }
+}
+
+TEST_F(QtDialogs, AClosedQuestionOfAnotherKindIsAnsweredNo) {
+    WhenOpen<QMessageBox>([](QMessageBox &box) { EXPECT_TRUE(box.close()); });
+    EXPECT_EQ(dialogs.AskYesNo("Overwrite existing file?"), TAnswer::No);
+    WhenOpen<QMessageBox>([](QMessageBox &box) { EXPECT_TRUE(box.close()); });
+    EXPECT_EQ(dialogs.AskYesNoCancel("Save Changes?"), TAnswer::Cancel);
+}
+
 TEST_F(QtDialogs, AMessageIsPlainTextUnderTheApplicationsTitle) {
     bool seen = false;
     WhenOpen<QMessageBox>([&](QMessageBox &box) {
@@ -162,6 +208,48 @@ TEST_F(QtDialogs, AnInputBoxGivesTheTextOrOnCancelItsDefault) {
         dialog.reject();
     });
     EXPECT_EQ(dialogs.InputBox("Find", "Value", "7"), "7");
+}
+
+TEST_F(QtDialogs, AnInputBoxHasRoomForItsTitleAndTheWindowsButtons) {
+    constexpr int buttons = 100; // an icon and three of them, in a plain window manager
+    for (const char *title :
+         {"Search Parameters", "Indirect Ref Lookup", "Display label", "A rather longer title"}) {
+        int width = 0;
+        QFont bold = QApplication::font();
+        bold.setBold(true);
+        WhenOpen<QInputDialog>([&](QInputDialog &dialog) {
+            width = dialog.width();
+            dialog.reject();
+        });
+        dialogs.InputBox(title, "a", "");
+        EXPECT_GE(width, QFontMetrics(bold).horizontalAdvance(title) + buttons) << title;
+    }
+}
+
+TEST_F(QtDialogs, TheColumnsOfAFileDialogShowUsualNamesWhole) {
+    const QString name = "engine 2.3 turbo 1989, road, second try, 4500 rpm (1).BIN";
+    Touch(folder.filePath(name));
+    const auto look = [](QFileDialog &dialog) {
+        QTreeView &files = *dialog.findChild<QTreeView *>("treeView");
+        EXPECT_TRUE(files.isVisible());
+        const auto filled = [&] { return files.model()->rowCount(files.rootIndex()) > 0; };
+        EXPECT_TRUE(QTest::qWaitFor(filled));
+        const QAbstractItemView &asked = files;
+        for (int column = 0; column < files.header()->count(); ++column)
+            EXPECT_GE(files.columnWidth(column), asked.sizeHintForColumn(column)) << column;
+        EXPECT_EQ(files.horizontalScrollBar()->maximum(), 0);
+        EXPECT_TRUE(dialog.screen()->availableGeometry().contains(
+            QRect(dialog.screen()->availableGeometry().topLeft(), dialog.size())));
+        dialog.reject();
+    };
+    WhenOpen<QFileDialog>(look);
+    dialogs.OpenFile("ROM Image (*.BIN)|*.BIN", folder.path());
+    QObject page;
+    TSaveDialog save(&page, "SaveDialog1");
+    save.filter = "ROM Image (*.BIN)|*.BIN";
+    save.fileName = folder.filePath("new.BIN");
+    WhenOpen<QFileDialog>(look);
+    dialogs.RunSaveDialog(save);
 }
 
 TEST_F(QtDialogs, TheOpenDialogFiltersWithoutRegardToLetterCase) {

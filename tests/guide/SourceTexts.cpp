@@ -98,9 +98,9 @@ private:
     }
 
     void Look(TIndex at) {
-        static const std::set<QString> shown{"ShowMessage",      "AskYesNo", "AskYesNoCancel",
-                                             "ShowModelMessage", "OpenFile", "runtime_error",
-                                             "logic_error"};
+        static const std::set<QString> shown{"ShowMessage",    "AskYesNo",         "AskAboutEdits",
+                                             "AskYesNoCancel", "ShowModelMessage", "OpenFile",
+                                             "runtime_error",  "logic_error"};
         static const std::set<QString> dialogTexts{"title", "filter"};
         if (!IsWord(*tokens_, at))
             return;

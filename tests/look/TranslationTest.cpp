@@ -148,8 +148,9 @@ std::string WithoutComments(const std::string &text) {
 /// Calls that show their argument, with a literal that has letters as the first (or second) one.
 TEST(Sources, ShowNoLiteralText) {
     const std::regex shown(
-        "\\b(ShowMessage|AskYesNo|AskYesNoCancel|InputBox|setText|setWindowTitle|setToolTip|"
-        "setStatusTip|setAccessibleName|setAccessibleDescription|setTitle|addAction|addMenu|"
+        "\\b(ShowMessage|AskYesNo|AskAboutEdits|AskYesNoCancel|InputBox|setText|setWindowTitle|"
+        "setToolTip|setStatusTip|setAccessibleName|setAccessibleDescription|setTitle|addAction|"
+        "addMenu|"
         "setTabText|setPlaceholderText|showMessage|setLabelText|ShowModelMessage|EConvertError|"
         "EFileError|ERangeError|runtime_error|SetHint\\([^,]+,|QLabel|QPushButton|QCheckBox|"
         "QGroupBox)\\(?\\s*(QString)?\\(?\"([^\"]*[A-Za-z]{2}[^\"]*)\"");

@@ -33,6 +33,11 @@ TAnswer TFakeDialogs::AskYesNo(const QString &text) {
     return NextAnswer(text, TAnswer::No);
 }
 
+TAnswer TFakeDialogs::AskAboutEdits(const QString &text) {
+    insisting << text;
+    return NextAnswer(text, TAnswer::No);
+}
+
 TAnswer TFakeDialogs::AskYesNoCancel(const QString &text) {
     return NextAnswer(text, TAnswer::Cancel);
 }
