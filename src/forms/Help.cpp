@@ -5,7 +5,6 @@
 #include "forms/Paths.h"
 #include "model/Errors.h"
 
-#include <cmath>
 #include <filesystem>
 #include <utility>
 
@@ -20,6 +19,7 @@
 #include <QShortcut>
 #include <QStringDecoder>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <QVBoxLayout>
 
 namespace {
@@ -88,12 +88,17 @@ QString ReadText(const QString &name) {
 
 /// Of the memo in which so many characters and lines are seen.
 QSize SizeFor(const QPlainTextEdit &memo) {
-    const QFontMetricsF font(memo.font());
-    const double lineHeight = std::ceil(font.ascent()) + std::ceil(font.descent());
+    // A line laid out as the memo does it, which takes the font's leading into account.
+    QTextLayout layout(QString(helpColumns, '0'), memo.font(), &memo);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLeadingIncluded(true);
+    line.setNumColumns(helpColumns);
+    layout.endLayout();
     const double margins = 2 * (memo.document()->documentMargin() + memo.frameWidth());
-    const double width = helpColumns * font.horizontalAdvance('0') +
-                         memo.verticalScrollBar()->sizeHint().width() + margins;
-    return QSizeF(width, helpRows * lineHeight + margins).toSize() + QSize(1, 1);
+    const double width =
+        line.naturalTextWidth() + memo.verticalScrollBar()->sizeHint().width() + margins;
+    return QSizeF(width, helpRows * line.height() + margins).toSize() + QSize(1, 1);
 }
 
 class THelpKey : public QObject {
@@ -133,6 +138,8 @@ TfrmHelp::TfrmHelp(const QString &fileName, QWidget *parent)
     Memo1->setReadOnly(true);
     Memo1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     Memo1->setAccessibleName(tr("Help"));
+    // Long lines are broken; a bar that comes and goes would only take a row away.
+    Memo1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Memo1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
