@@ -1,12 +1,15 @@
 #include "spec/main.h"
 
 #include "filedisplay/FileDisplay.h"
+#include "forms/FrameRoom.h"
 #include "forms/PageControl.h"
 #include "maps/FuelMaps.h"
 #include "maps/FuelMapsGraphical.h"
 #include "maps/TimingMaps.h"
 #include "maps/TimingMapsGraphical.h"
 #include "spec/ROMInfo.h"
+
+#include <algorithm>
 
 #include <QPushButton>
 #include <QScreen>
@@ -15,6 +18,7 @@
 namespace {
 constexpr std::uint16_t splashInterval = 2500; // milliseconds
 constexpr int smallScreenHeight = 600;
+constexpr QSize sizeAsMade(956, 538);
 constexpr QSize usualSize(800, 600);
 } // namespace
 
@@ -22,9 +26,16 @@ Qt::WindowState StateAtFirstShow(int screenHeight) {
     return screenHeight <= smallScreenHeight ? Qt::WindowMaximized : Qt::WindowMinimized;
 }
 
+QSize NormalSize(int screenHeight, QSize available) {
+    const QSize room = available - frameRoom;
+    if (StateAtFirstShow(screenHeight) == Qt::WindowMaximized)
+        return sizeAsMade.boundedTo(room);
+    return {usualSize.width(), std::min(usualSize.height(), room.height())};
+}
+
 TfrmNotebook::TfrmNotebook() {
     setObjectName("frmNotebook");
-    resize(956, 538);
+    resize(sizeAsMade);
     tmrSplash_.setObjectName("tmrSplash");
     tmrSplash_.SetEnabled(false);
     tmrSplash_.SetInterval(splashInterval);
@@ -57,11 +68,10 @@ void TfrmNotebook::FormCreate() {
 
 void TfrmNotebook::FormShow() {
     TfrmKelvaneNotebook::FormShow();
-    const Qt::WindowState state = StateAtFirstShow(screen()->geometry().height());
+    const int screenHeight = screen()->geometry().height();
     // The size first: a window that is resized on its way to the screen comes up in normal state.
-    if (state != Qt::WindowMaximized)
-        resize(usualSize);
-    setWindowState(state);
+    resize(NormalSize(screenHeight, screen()->availableGeometry().size()));
+    setWindowState(StateAtFirstShow(screenHeight));
     splashThread_ = std::make_unique<TSplashScreen>();
     tmrSplash_.SetEnabled(true);
     QTimer::singleShot(0, this, [this] { PreparePages(); });

@@ -15,6 +15,11 @@
 /// fit, on a screen of at most 600 pixels. The first tick of tmrSplash makes either normal.
 Qt::WindowState StateAtFirstShow(int screenHeight);
 
+/// The size in which that first tick leaves the window: 800 x 600, on a screen of at most 600
+/// pixels the size of its making; less where `available`, the screen without panels, has no room
+/// for that and a frame. On larger screens it is always 800 wide.
+QSize NormalSize(int screenHeight, QSize available);
+
 class TfrmNotebook : public TfrmKelvaneNotebook {
     Q_OBJECT
 public:

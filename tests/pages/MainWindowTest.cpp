@@ -11,6 +11,8 @@
 #include "spec/main.h"
 #include "start/WaitFor.h"
 
+#include <set>
+
 namespace {
 TfrmSplash *Splash() {
     for (QWidget *window : QApplication::topLevelWidgets())
@@ -97,6 +99,31 @@ TEST(MainWindow, ComesUpMaximisedOnASmallScreen) {
     EXPECT_EQ(StateAtFirstShow(2160), Qt::WindowMinimized);
 }
 
+struct TSizeCase {
+    const char *name;
+    int screenHeight;
+    QSize available;
+    QSize size;
+};
+class TNormalSizeTest : public testing::TestWithParam<TSizeCase> {};
+
+TEST_P(TNormalSizeTest, FitsTheScreenWithItsFrame) {
+    EXPECT_EQ(NormalSize(GetParam().screenHeight, GetParam().available), GetParam().size);
+}
+
+INSTANTIATE_TEST_SUITE_P(Screens, TNormalSizeTest,
+                         testing::Values(TSizeCase{"Usual", 1024, {1280, 1024}, {800, 600}},
+                                         TSizeCase{"Tall", 1280, {800, 1280}, {800, 600}},
+                                         TSizeCase{"JustEnough", 640, {1280, 640}, {800, 600}},
+                                         TSizeCase{"APanelInTheWay", 640, {1280, 639}, {800, 599}},
+                                         TSizeCase{"JustLarger", 601, {1280, 601}, {800, 561}},
+                                         TSizeCase{"Small", 600, {1024, 600}, {956, 538}},
+                                         TSizeCase{"SmallWithPanel", 600, {1024, 560}, {956, 520}},
+                                         TSizeCase{"Narrow", 600, {800, 600}, {784, 538}},
+                                         TSizeCase{"Scaled1280", 512, {640, 512}, {624, 472}},
+                                         TSizeCase{"Scaled1920", 540, {960, 540}, {944, 500}}),
+                         [](const auto &test) { return std::string(test.param.name); });
+
 TEST_F(TMainWindowTest, ATickEndsTheSplashAndLaterTicksAreHarmless) {
     window->show();
     ASSERT_TRUE(WaitFor([] { return Splash() != nullptr; }));
@@ -120,6 +147,58 @@ TEST_F(TMainWindowTest, TheTimerItselfMakesTheWindowNormal) {
     EXPECT_TRUE(WaitFor([this] { return !window->isMaximized(); })) << "undone, again and again";
     window->setWindowState(Qt::WindowMinimized);
     EXPECT_TRUE(WaitFor([this] { return !Minimised(); }));
+}
+
+/// What a tick must not do, as the toolkit tells of it.
+class TDisturbances : public QObject {
+public:
+    explicit TDisturbances(QWidget &window) { window.installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override {
+        static const std::set<QEvent::Type> disturbing{QEvent::ZOrderChange, QEvent::Resize,
+                                                       QEvent::Move, QEvent::WindowActivate,
+                                                       QEvent::WindowDeactivate};
+        if (disturbing.contains(event->type()))
+            seen.insert(event->type());
+        return false;
+    }
+    std::set<QEvent::Type> seen;
+};
+
+TEST_F(TMainWindowTest, ATickNeitherRaisesNorActivatesNorResizes) {
+    window->show();
+    window->tmrSplashTimer();
+    window->setGeometry(40, 50, 700, 500); // by hand
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    TDisturbances disturbances(*window);
+    for (const Qt::WindowState state : {Qt::WindowNoState, Qt::WindowMinimized}) {
+        window->setWindowState(state);
+        QCoreApplication::processEvents();
+        other.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+        const QRect place = window->geometry();
+        disturbances.seen.clear();
+        for (int tick = 0; tick < 3; ++tick) {
+            window->tmrSplashTimer();
+            QCoreApplication::processEvents();
+        }
+        EXPECT_TRUE(disturbances.seen.empty()) << state << ": " << *disturbances.seen.begin();
+        EXPECT_TRUE(other.isActiveWindow()) << state;
+        EXPECT_EQ(window->geometry(), place) << state;
+        window->setWindowState(Qt::WindowNoState);
+    }
+    EXPECT_EQ(window->geometry(), QRect(40, 50, 700, 500));
+}
+
+TEST_F(TMainWindowTest, ATickLeavesTheSizeThatTheUserGaveTheWindow) {
+    window->show();
+    window->tmrSplashTimer();
+    window->setGeometry(40, 50, 700, 500);
+    window->setWindowState(Qt::WindowMaximized);
+    window->tmrSplashTimer();
+    EXPECT_TRUE(WaitFor([&] { return window->geometry() == QRect(40, 50, 700, 500); }));
 }
 
 TEST_F(TMainWindowTest, AFullScreenWindowIsLeftAlone) {
@@ -192,6 +271,7 @@ TEST_F(TMainWindowTest, ClosingAsksThePagesInTabOrder) {
     dialogs.answers = {TAnswer::Yes, TAnswer::No};
     EXPECT_TRUE(window->close());
     EXPECT_EQ(dialogs.questions, (QStringList{"Commit Changes?", "Commit Changes?"}));
+    EXPECT_EQ(dialogs.insisting, dialogs.questions);
     EXPECT_TRUE(Image().modified);
     EXPECT_FALSE(window->isVisible());
     EXPECT_THROW(window->Page(0), EFormNotfound);
