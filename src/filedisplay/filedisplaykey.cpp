@@ -1,6 +1,7 @@
 #include "filedisplay/filedisplaykey.h"
 
 #include "forms/Access.h"
+#include "forms/OtherWindows.h"
 
 #include <array>
 
@@ -52,6 +53,8 @@ TfrmKey::TfrmKey(QWidget *owner, const TSearchParameters &parameters)
     setObjectName("frmKey");
     setWindowTitle(tr("Key"));
     setWindowFlag(Qt::Tool);
+    setAttribute(Qt::WA_ShowWithoutActivating); // the user goes on in the page
+    StopOnF6(*this);
     Contents()->addWidget(MakeLegend());
     Contents()->addWidget(MakeGroup(tr("Fuel values to search for"), lblFuelMin_, lblFuelMax_));
     Contents()->addWidget(

@@ -3,7 +3,9 @@
 #include "forms/Access.h"
 #include "forms/Guard.h"
 #include "forms/Hourglass.h"
+#include "forms/OtherWindows.h"
 #include "forms/PageControl.h"
+#include "forms/PlainScroll.h"
 #include "forms/TEmbedFm.h"
 #include "forms/TabOrder.h"
 
@@ -15,6 +17,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -78,12 +81,14 @@ void TfrmKelvaneNotebook::LayOut() {
 void TfrmKelvaneNotebook::ConnectHandlers() {
     PageControl1->OnChanging = [this] { return PageControl1Changing(); };
     PageControl1->OnChange = [this] { PageControl1Change(); };
+    PageControl1->OnMouseChoice = [this] { FocusPage(); };
     ConnectGuarded(btnPrint, &QPushButton::clicked, this, [this] { btnPrintClick(); });
     ConnectGuarded(btnSave, &QPushButton::clicked, this, [this] { btnSaveClick(); });
     ConnectGuarded(btnCancel, &QPushButton::clicked, this, [this] { btnCancelClick(); });
     ConnectGuarded(btnClose, &QPushButton::clicked, this, [this] { btnCloseClick(); });
     auto *help = new QShortcut(Qt::Key_F1, this);
     ConnectGuarded(help, &QShortcut::activated, this, [this] { CurrentPage()->Help(); });
+    GoRoundOnF6(*this, *PageControl1);
 }
 
 void TfrmKelvaneNotebook::FormCreate() {
@@ -109,7 +114,8 @@ int TfrmKelvaneNotebook::AddPage(std::unique_ptr<TEmbeddedForm> page, const QStr
     layout->setContentsMargins(0, 0, 0, 0);
     page->notebook_ = this;
     SetRole(*page, QAccessible::PropertyPage, caption);
-    layout->addWidget(page.get());
+    // On a screen too small for a page, the page scrolls and the window still fits.
+    layout->addWidget(MakePlainScroll(page.get(), tab));
     pages_.push_back(page.release());
     const int index = PageControl1->addTab(tab, QString(caption).replace('&', "&&"));
     MoveToTabEnd(*this, {btnPrint, btnSave, btnCancel, btnClose});
@@ -177,6 +183,11 @@ bool TfrmKelvaneNotebook::PageControl1Changing() {
 void TfrmKelvaneNotebook::PageControl1Change() {
     const THourglass hourglass;
     CurrentPage()->ShowPage();
+}
+
+void TfrmKelvaneNotebook::FocusPage() {
+    if (QWidget *control = CurrentPage()->FirstControl())
+        control->setFocus(Qt::MouseFocusReason);
 }
 
 /// While a page's question is open no page is asked again, whoever wants to leave.

@@ -106,6 +106,7 @@ private:
     void FormDestroy();
     void LayOut();
     void ConnectHandlers();
+    void FocusPage();
     bool AskPage(TEmbeddedForm &page);
     void RefuseClose(TEmbeddedForm &page);
     void FitButtonPanel();

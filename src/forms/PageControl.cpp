@@ -24,7 +24,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override {
         event->accept();
         if (event->button() == Qt::LeftButton)
-            pages_.SelectByUser(tabAt(event->position().toPoint()));
+            pages_.SelectByMouse(tabAt(event->position().toPoint()));
     }
 
     void wheelEvent(QWheelEvent *event) override {
@@ -34,7 +34,7 @@ protected:
         const int notches = turned_ / wheelNotch;
         turned_ %= wheelNotch;
         if (notches != 0)
-            pages_.StepByUser(notches > 0 ? -1 : 1, false);
+            pages_.StepByMouse(notches > 0 ? -1 : 1);
     }
 
     void keyPressEvent(QKeyEvent *event) override {
@@ -125,14 +125,30 @@ void TPageControl::SelectByProgram(int index) {
     setCurrentIndex(index);
 }
 
+void TPageControl::SelectByMouse(int index) {
+    SelectByUser(index);
+    if (index >= 0 && index == currentIndex() && !asking_ && OnMouseChoice)
+        Guarded(OnMouseChoice);
+}
+
 void TPageControl::StepByUser(int step, bool wrap) {
+    SelectByUser(TabAtStep(step, wrap));
+}
+
+void TPageControl::StepByMouse(int step) {
+    SelectByMouse(TabAtStep(step, false));
+}
+
+/// The next tab in that direction that can be selected; -1 when there is none.
+int TPageControl::TabAtStep(int step, bool wrap) const {
     for (int tried = 1, index = currentIndex(); tried < count(); ++tried) {
         index += step;
         if (wrap)
             index = (index + count()) % count();
         if (isTabEnabled(index) && isTabVisible(index))
-            return SelectByUser(index);
+            return index;
     }
+    return -1;
 }
 
 void TPageControl::keyPressEvent(QKeyEvent *event) {

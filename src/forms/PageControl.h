@@ -19,6 +19,10 @@ public:
     /// Runs, guarded, after the user has changed the tab.
     std::function<void()> OnChange;
 
+    /// Runs, guarded, when the mouse has chosen a tab (also the current one) and behind OnChange:
+    /// who points somewhere goes on there, while the keys and accessibility tools stay in the bar.
+    std::function<void()> OnMouseChoice;
+
     /// What a user's choice of a tab does: takes the keyboard focus out of the current page, asks
     /// OnChanging, selects the tab and runs OnChange. Nothing for the current tab, an index out of
     /// range, a disabled tab, and while a question is still open.
@@ -27,13 +31,19 @@ public:
     /// Selects a tab without asking and without running OnChange. Out of range: nothing.
     void SelectByProgram(int index);
 
+    /// SelectByUser and, when that tab is the current one then, OnMouseChoice.
+    void SelectByMouse(int index);
+
     /// SelectByUser on the next (+1) or previous (-1) enabled tab; wraps round when told to.
     void StepByUser(int step, bool wrap);
+    /// SelectByMouse on the next or previous enabled tab, if there is one.
+    void StepByMouse(int step);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    int TabAtStep(int step, bool wrap) const;
     void AddTabShortcut(const QKeySequence &keys, int step);
     void CurrentTabChanged();
     void TakeFocusOutOfPage();

@@ -2,6 +2,7 @@
 
 #include "forms/Guard.h"
 #include "forms/Help.h"
+#include "forms/TabOrder.h"
 
 #include <utility>
 
@@ -46,6 +47,10 @@ void TEmbeddedForm::TakeFocus() {
     if (before && before != this && isAncestorOf(before))
         focusBefore_ = before;
     setFocus();
+}
+
+QWidget *TEmbeddedForm::FirstControl() {
+    return FirstInTabOrder(*this);
 }
 
 bool TEmbeddedForm::focusNextPrevChild(bool next) {

@@ -50,6 +50,10 @@ public:
     /// that had it, Shift+Tab goes back to it.
     void TakeFocus();
 
+    /// What takes the keyboard focus when the mouse has chosen the page; nullptr for none. The base
+    /// answers the first control that Tab visits, the page itself included.
+    virtual QWidget *FirstControl();
+
     /// The notebook that holds the page; nullptr before it is added and after it is removed.
     TfrmKelvaneNotebook *Notebook() const { return notebook_; }
 

@@ -26,3 +26,15 @@ void MoveToTabEnd(QWidget &window, std::initializer_list<QWidget *> controls) {
     for (auto control = std::rbegin(controls); control != std::rend(controls); ++control)
         QWidget::setTabOrder(last, *control);
 }
+
+QWidget *FirstInTabOrder(QWidget &pane) {
+    QWidget *control = &pane;
+    do {
+        const bool inside = control == &pane || pane.isAncestorOf(control);
+        if (inside && control->focusPolicy() & Qt::TabFocus && control->isVisible() &&
+            control->isEnabled())
+            return control;
+        control = control->nextInFocusChain();
+    } while (control != &pane);
+    return nullptr;
+}

@@ -13,3 +13,7 @@ void SetTabSequence(std::initializer_list<QWidget *> controls);
 
 /// Tab comes to these controls after all others that `window` has now.
 void MoveToTabEnd(QWidget &window, std::initializer_list<QWidget *> controls);
+
+/// The first control on the screen that Tab visits in `pane`, itself included; nullptr when there
+/// is none.
+QWidget *FirstInTabOrder(QWidget &pane);

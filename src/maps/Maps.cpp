@@ -147,6 +147,13 @@ void TfrmMaps::ShowPage() {
     SetPageVisible(true);
 }
 
+QWidget *TfrmMaps::FirstControl() {
+    for (const TMapPanel *row : panels_)
+        if (row && row->grid->isVisible())
+            return row->grid;
+    return TEmbeddedForm::FirstControl();
+}
+
 bool TfrmMaps::QueryClose() {
     if (controls_)
         CloseEditors();

@@ -38,6 +38,8 @@ public:
     void ShowOnly(TMapKind kind);
     /// Loads the three maps and shows the page.
     void ShowPage() override;
+    /// The part throttle grid, or the first one that is shown.
+    QWidget *FirstControl() override;
     /// Asks "Commit Changes?" when edits are uncommitted, hides the page; always true.
     bool QueryClose() override;
     // Read one map again from the ROM image and show it.

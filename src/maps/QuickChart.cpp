@@ -1,5 +1,6 @@
 #include "maps/QuickChart.h"
 
+#include "forms/OtherWindows.h"
 #include "maps/ChartData.h"
 #include "maps/OffsetEdit.h"
 #include "maps/ViewButtons.h"
@@ -24,6 +25,8 @@ TfrmQuickChart::TfrmQuickChart(QWidget *owner)
     setObjectName("frmQuickChart");
     setWindowTitle(tr("Quick Map"));
     setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_ShowWithoutActivating); // the user goes on in the page
+    StopOnF6(*this);
     setWindowFlags(Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
     MakeControls();

@@ -2,6 +2,7 @@
 
 #include "forms/Guard.h"
 #include "forms/Help.h"
+#include "forms/OtherWindows.h"
 #include "forms/PlainScroll.h"
 #include "maps/Maps.h"
 #include "model/Numbers.h"
@@ -9,12 +10,10 @@
 #include <algorithm>
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -49,24 +48,12 @@ TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
 }
 
 void TfrmToolWindow::MakeReachable() {
-    auto *other = new QShortcut(Qt::Key_F6, this);
-    other->setContext(Qt::ApplicationShortcut); // works while this window is visible
-    ConnectGuarded(other, &QShortcut::activated, this, [this] { GoToOtherWindow(); });
+    StopOnF6(*this, edtVal_);
     // Docking without a mouse.
     for (const char *name : {"qt_dockwidget_floatbutton", "qt_dockwidget_closebutton"})
         if (auto *button = findChild<QAbstractButton *>(name))
             button->setFocusPolicy(Qt::TabFocus);
     edtVal_->setFocus(); // when the window comes up
-}
-
-void TfrmToolWindow::GoToOtherWindow() {
-    const QWidget *focus = QApplication::focusWidget();
-    const bool here = focus && isAncestorOf(focus);
-    QWidget *last = here ? page_.focusWidget() : focusWidget();
-    QWidget *usual = here ? static_cast<QWidget *>(&page_) : edtVal_;
-    QWidget *next = last && last->isVisible() ? last : usual;
-    next->window()->activateWindow();
-    next->setFocus(Qt::ShortcutFocusReason);
 }
 
 /// As large as its contents, which scroll on a screen too small for them.

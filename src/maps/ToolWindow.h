@@ -50,8 +50,6 @@ private:
     void MoveBeside(const QWidget &window);
     void ConnectControls();
     void MakeReachable();
-    /// F6: to this window, or from it back to the page, to the control that had the focus there.
-    void GoToOtherWindow();
     /// Above all other windows, or not, while it floats.
     void StayOnTop(bool stay);
     /// Makes `requested` the range, or what counts in its place, and shows it.

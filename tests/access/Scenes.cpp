@@ -145,7 +145,7 @@ QWidget &TSceneTest::OpenOwnWindow(TScene scene) {
         OnPage<QPushButton>("Button1").click();
         return FindControl<QWidget>(window, "frmKey");
     case TScene::QuickChart: {
-        auto *chart = new TfrmQuickChart(nullptr);
+        auto *chart = new TfrmQuickChart(&window);
         chart->setAttribute(Qt::WA_DeleteOnClose, false);
         chart->SetMapOffset(fuelPT);
         return show(chart);

@@ -34,6 +34,11 @@ protected:
         calls.clear();
     }
 
+    /// On a tab, with the mouse.
+    void Press(int index) {
+        QTabBar *bar = window->PageControl1->tabBar();
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(index).center());
+    }
     QStringList Calls() { return std::exchange(calls, {}); }
     int Current() { return window->PageControl1->currentIndex(); }
     bool Hourglass() {
@@ -201,9 +206,40 @@ TEST_F(Notebook, AnEditIsLeftBeforeItsPageIsAsked) {
     QTest::keyClicks(pages[0]->edit, "7");
     QObject::connect(pages[0]->edit, &QLineEdit::editingFinished, pages[0],
                      [this] { calls << "edit finished"; });
-    QTest::mouseClick(window->PageControl1->tabBar(), Qt::LeftButton, {},
-                      window->PageControl1->tabBar()->tabRect(1).center());
+    Press(1);
     EXPECT_EQ(Calls(), QStringList({"edit finished", "a query", "b show"}));
+}
+
+TEST_F(Notebook, APageThatTheMouseHasChosenTakesTheFocus) {
+    Show();
+    Press(1);
+    EXPECT_TRUE(pages[1]->edit->hasFocus());
+    window->btnClose->setFocus();
+    Press(1);
+    EXPECT_TRUE(pages[1]->edit->hasFocus()) << "its tab is the current one";
+}
+
+TEST_F(Notebook, APageThatTheKeysHaveChosenLeavesTheFocusInTheTabBar) {
+    Show();
+    window->PageControl1->tabBar()->setFocus();
+    QTest::keyClick(window->PageControl1->tabBar(), Qt::Key_Right);
+    EXPECT_EQ(Current(), 1);
+    EXPECT_TRUE(window->PageControl1->tabBar()->hasFocus());
+}
+
+TEST_F(Notebook, APageThatCannotBeLeftGetsNoFocusFromItsNeighboursTab) {
+    Show();
+    pages[0]->agrees = false;
+    Press(1);
+    EXPECT_TRUE(window->PageControl1->tabBar()->hasFocus());
+}
+
+TEST_F(Notebook, APageWithoutControlsLeavesTheFocusInTheTabBar) {
+    Show();
+    pages[1]->edit->setEnabled(false);
+    Press(1);
+    EXPECT_EQ(Current(), 1);
+    EXPECT_TRUE(window->PageControl1->tabBar()->hasFocus());
 }
 
 TEST_F(Notebook, ClosingAsksAllPagesInTabOrder) {

@@ -31,6 +31,7 @@ protected:
             return answer;
         };
         pages.OnChange = [this] { entered << pages.currentIndex(); };
+        pages.OnMouseChoice = [this] { pointed << pages.currentIndex(); };
         pages.resize(400, 200);
         pages.show();
         pages.activateWindow();
@@ -70,6 +71,7 @@ protected:
     std::function<void()> duringQuestion;
     QList<int> asked;
     QList<int> entered;
+    QList<int> pointed; ///< by OnMouseChoice
 };
 
 using TRoute = std::function<void(TPageControl &)>;
@@ -79,6 +81,7 @@ struct TRouteCase {
     int from;
     int to;
     TRoute route;
+    bool mouse = false;
 };
 
 TRoute KeyOnBar(Qt::Key key) {
@@ -131,9 +134,9 @@ const auto ctrl = Qt::ControlModifier;
 const auto ctrlShift = Qt::ControlModifier | Qt::ShiftModifier;
 
 const TRouteCase routes[] = {
-    {"mouse", 0, 2, PressOn(2)},
-    {"wheel_down", 0, 1, WheelBy(-120)},
-    {"wheel_up", 2, 1, WheelBy(120)},
+    {"mouse", 0, 2, PressOn(2), true},
+    {"wheel_down", 0, 1, WheelBy(-120), true},
+    {"wheel_up", 2, 1, WheelBy(120), true},
     {"right", 0, 1, KeyOnBar(Qt::Key_Right)},
     {"left", 2, 1, KeyOnBar(Qt::Key_Left)},
     {"home", 2, 0, KeyOnBar(Qt::Key_Home)},
@@ -163,11 +166,18 @@ TEST_P(PageControlRoute, AsksThePageThenChanges) {
     ExpectCalls({GetParam().from}, {GetParam().to});
 }
 
+TEST_P(PageControlRoute, TellsWhenTheMouseHasChosenButOnlyThen) {
+    pages.OnChange = [this] { EXPECT_TRUE(pointed.empty()) << "the page is entered first"; };
+    GetParam().route(pages);
+    EXPECT_EQ(pointed, GetParam().mouse ? QList<int>{GetParam().to} : QList<int>{});
+}
+
 TEST_P(PageControlRoute, StaysWhenThePageRefuses) {
     answer = false;
     GetParam().route(pages);
     EXPECT_EQ(pages.currentIndex(), GetParam().from);
     ExpectCalls({GetParam().from}, {});
+    EXPECT_TRUE(pointed.empty());
 }
 
 TEST_P(PageControlRoute, StaysAndShowsTheErrorWhenAskingFails) {
@@ -188,6 +198,7 @@ TEST_P(PageControlRoute, IsDeafWhileAQuestionIsOpen) {
     GetParam().route(pages);
     EXPECT_EQ(pages.currentIndex(), GetParam().from);
     ExpectCalls({GetParam().from}, {});
+    EXPECT_TRUE(pointed.empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Routes, PageControlRoute, testing::ValuesIn(routes),
@@ -216,6 +227,37 @@ TEST_F(PageControl, TheCurrentTabAsksNobody) {
     pages.SelectByUser(0);
     Accessibility(0);
     ExpectCalls({}, {});
+}
+
+TEST_F(PageControl, APressOnTheCurrentTabTellsOfTheMouseToo) {
+    Press(0);
+    EXPECT_EQ(pointed, QList<int>{0});
+    pages.SelectByUser(0);
+    Accessibility(0);
+    EXPECT_EQ(pointed, QList<int>{0});
+}
+
+TEST_F(PageControl, AMouseThatChoosesNothingTellsNothing) {
+    pages.setTabEnabled(2, false);
+    Press(2);
+    Press(1, Qt::RightButton);
+    Wheel({0, 120});
+    QTest::mouseClick(pages.tabBar(), Qt::LeftButton, {}, {pages.width() - 2, 2});
+    EXPECT_TRUE(pointed.empty());
+}
+
+TEST_F(PageControl, APressOnTheCurrentTabDuringAQuestionTellsNothing) {
+    duringQuestion = [this] { Press(0); };
+    answer = false;
+    Press(1);
+    EXPECT_TRUE(pointed.empty());
+}
+
+TEST_F(PageControl, AnErrorAfterTheMousesChoiceIsShown) {
+    pages.OnMouseChoice = [] { throw std::runtime_error("no page"); };
+    Press(1);
+    EXPECT_EQ(pages.currentIndex(), 1);
+    EXPECT_EQ(dialogs.messages, QStringList({"no page"}));
 }
 
 TEST_F(PageControl, AnIndexOutOfRangeAsksNobody) {
