@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs a command on a screen of its own: a virtual one of 1280 x 1024 on a free display, with a window manager that is up
-# before the command starts. Screen and window manager end with the command, however it ends; its exit code is ours.
+# Runs a command on a screen of its own: a virtual one (of 1280 x 1024, or as large as SCREEN says) on a free display, with a window
+# manager that is up before the command starts. Screen and window manager end with the command, however it ends; its exit code is ours.
 #   tools/xvfb.sh COMMAND [ARGUMENT...]
 set -uo pipefail
 
@@ -34,7 +34,7 @@ fail() {
 }
 
 # The server names its display when it accepts clients; the end of the stream means that it could not start.
-exec {display_stream}< <(exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp -noreset 2>"$log")
+exec {display_stream}< <(exec Xvfb -displayfd 1 -screen 0 "${SCREEN:-1280x1024}x24" -nolisten tcp -noreset 2>"$log")
 started+=($!)
 read -r -t "$patience" display <&"$display_stream" || fail "the virtual screen did not start"
 export DISPLAY=":$display"
