@@ -148,9 +148,9 @@ void TfrmMaps::ShowPage() {
 }
 
 QWidget *TfrmMaps::FirstControl() {
-    for (const TMapPanel *row : panels_)
-        if (row && row->grid->isVisible())
-            return row->grid;
+    for (const TMapKind kind : allMapKinds)
+        if (Panel(kind).grid->isVisible())
+            return Panel(kind).grid;
     return TEmbeddedForm::FirstControl();
 }
 
