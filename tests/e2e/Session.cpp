@@ -128,7 +128,10 @@ TStringAlignGrid &TSession::Grid(const QString &page, TMapKind kind) {
 }
 
 void TSession::Type(const QString &page, TMapKind kind, TGridCell cell, const QString &text) {
-    TStringAlignGrid &grid = Grid(page, kind);
+    TypeInto(Grid(page, kind), cell, text);
+}
+
+void TSession::TypeInto(TStringAlignGrid &grid, TGridCell cell, const QString &text) {
     grid.SetCurrent(cell.column, cell.row);
     QTest::keyClick(grid.viewport(), Qt::Key_F2);
     auto *editor = grid.viewport()->findChild<QLineEdit *>();

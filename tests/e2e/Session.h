@@ -86,6 +86,7 @@ public:
     TStringAlignGrid &Grid(const QString &page, TMapKind kind);
     /// Types a text into a cell and ends the edit with Enter.
     void Type(const QString &page, TMapKind kind, TGridCell cell, const QString &text);
+    void TypeInto(TStringAlignGrid &grid, TGridCell cell, const QString &text);
     void Commit(const QString &page, TMapKind kind);
     void Reset(const QString &page, TMapKind kind);
     void Interpret(const QString &page);
