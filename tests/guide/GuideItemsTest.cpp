@@ -210,22 +210,38 @@ TEST_F(GuideItems, TabsOfFoundMapsStandInTheGuide) {
         EXPECT_TRUE(quoted.contains(caption)) << caption.toStdString();
 }
 
+namespace {
+QSet<QString> TextsOfSources() {
+    QSet<QString> texts;
+    for (const QString &literal : LiteralsIn(ProgramSources())) {
+        texts << Plain(literal.section('|', 0, 0));
+        for (const QString &fragment : Fragments(literal))
+            texts << Plain(fragment);
+    }
+    return texts;
+}
+
+void ExpectKnown(const QString &file, const QSet<QString> &known) {
+    for (const QString &text : QuotedTexts(TextOfFile(file)))
+        EXPECT_TRUE(known.contains(Plain(text)))
+            << QFileInfo(file).fileName().toStdString() << " quotes \"" << text.toStdString()
+            << "\", which the program does not show";
+}
+} // namespace
+
 TEST_F(GuideItems, ThatAreQuotedAreInTheProgram) {
     splash.show();
-    QSet<QString> known;
+    QSet<QString> known = TextsOfSources();
     for (const TItem &item : AllItems())
         known << Plain(item.text);
-    for (const QString &literal : LiteralsIn(ProgramSources())) {
-        known << Plain(literal.section('|', 0, 0));
-        for (const QString &fragment : Fragments(literal))
-            known << Plain(fragment);
-    }
     // Signs, an example of the length, and messages with a text of the user's.
     for (const char *text : {"%", ";", "32,768 bytes", "'TEXT' is not a valid integer value"})
         known << text;
     for (const QString &file : HelpFiles())
-        for (const QString &text : QuotedTexts(TextOfFile(file)))
-            EXPECT_TRUE(known.contains(Plain(text)))
-                << QFileInfo(file).fileName().toStdString() << " quotes \"" << text.toStdString()
-                << "\", which the program does not show";
+        ExpectKnown(file, known);
+    // Labels of spec files: of a sample, and of one that the reader saves.
+    for (const char *text : {"Ferrolyn sample 32K, offsets", "Found by myself"})
+        known << text;
+    for (const char *file : {"/README.md", "/samples/README.md"})
+        ExpectKnown(QString(FERROLYN_SOURCE_DIR) + file, known);
 }
