@@ -37,6 +37,12 @@ bool StandsBeside(const QWidget &control, const QWidget &other) {
     return y >= top && y < top + other.height();
 }
 
+void PressOnly(const std::vector<QPushButton *> &buttons, const QString &caption) {
+    if (buttons.size() != 1)
+        Missing("single button " + caption + " to press");
+    QTest::mouseClick(buttons.front(), Qt::LeftButton);
+}
+
 QAction *ItemOf(const QMenu &menu, const QString &caption) {
     for (QAction *item : menu.actions())
         if (Plain(item->text()) == caption)
@@ -53,9 +59,11 @@ void TReadmeHands::Press(const QString &caption) {
     std::vector<QPushButton *> buttons = Visible<QPushButton>(Page(), caption);
     if (buttons.size() > 1 && grid_)
         std::erase_if(buttons, [&](auto *button) { return !StandsBeside(*button, *grid_); });
-    if (buttons.size() != 1)
-        Missing("single button " + caption + " to press");
-    QTest::mouseClick(buttons.front(), Qt::LeftButton);
+    PressOnly(buttons, caption);
+}
+
+void TReadmeHands::Press(const QString &caption, const QWidget &window) {
+    PressOnly(Visible<QPushButton>(window, caption), caption);
 }
 
 void TReadmeHands::Check(const QString &caption) {

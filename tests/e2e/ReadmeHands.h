@@ -14,6 +14,8 @@ public:
     void Tab(const QString &caption) { session_.SelectTab(caption); }
     /// Of several buttons of that caption the one beside the grid that was typed in last.
     void Press(const QString &caption);
+    /// The one button of that caption in another window.
+    static void Press(const QString &caption, const QWidget &window);
     void Check(const QString &caption);
     /// An item of a radio group.
     void Choose(const QString &caption);

@@ -61,6 +61,7 @@ const TSlip slips[] = {
     {"Row", unknownImage, "row B2Cx", "row B2Dx"},
     {"Column", unknownImage, "cell below 6", "cell below 7"},
     {"Key", unknownImage, "Press \"Key\"", "Press \"Legend\""},
+    {"KeyHides", unknownImage, "\"Ok\" hides it", "\"OK\" hides it"},
     {"QuickMap", unknownImage, "\"Selected Cell is 2D Map Offset\"", "\"Selected Cell is Map\""},
     {"ByChance", unknownImage, "147 places", "146 places"},
     {"True", unknownImage, "and 4 of them", "and 3 of them"},

@@ -41,7 +41,7 @@ private:
     // What the reader does.
     void Tab() { hands_.Tab(Part(1)); }
     void Press();
-    void PressTwice();
+    void ShowAndHideKey();
     void Check() { hands_.Check(Part(1)); }
     void Choose() { hands_.Choose(Part(1)); }
     void ChooseInMenu() { hands_.ChooseInMenu(Part(1), Part(2)); }
