@@ -15,6 +15,7 @@ namespace {
 constexpr int fuelMap = 0xB2C6;
 constexpr int timingMap = 0xC91A;
 constexpr int contentsTab = 5;
+constexpr int rpmLocation = 74; // the first byte of every map of the sample
 
 /// Where the sample has its maps, and the menu items that give them to a page.
 struct TPlace {
@@ -119,6 +120,11 @@ void UnknownImage(const TRoad &road) {
     TopLevel("frmQuickChart")->close();
 
     TDriver::Step("find the maps with one axis, and give all six to their pages");
+    QTimer::singleShot(0, qApp, [] {
+        TDriver::WhenAsked(
+            [](QDialog &box) { TDriver::ConfirmText(box, QString::number(rpmLocation)); });
+    });
+    contents.Menu({"Set Search Parameters", "RPM RAM Location"});
     contents.Search("Fuel - WOT/Idle", {});
     contents.Search("Timing - WOT/Idle", {});
     for (const TPlace &place : places) {
