@@ -19,7 +19,7 @@ QPushButton *MakeButton(QWidget *parent, const char *name, const QString &captio
 }
 
 QStringList Credits() {
-    return {QObject::tr("With thanks to everyone who reads an EPROM before breakfast."),
+    return {QObject::tr("F1 opens the guide: every button, message and colour."),
             QObject::tr("Every byte that you did not edit stays as it was."),
             QObject::tr("Keep a copy of the original image. Always."),
             QObject::tr("Small steps: change, log, listen, then change again."),

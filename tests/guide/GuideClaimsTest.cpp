@@ -8,6 +8,7 @@
 #include "guide/Guide.h"
 #include "maps/Maps.h"
 #include "pages/PageFixture.h"
+#include "spec/ROMInfo.h"
 #include "spec/main.h"
 
 #include <set>
@@ -15,9 +16,11 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTimer>
 #include <gmock/gmock.h>
 
 namespace {
@@ -67,6 +70,14 @@ protected:
     TfrmNotebook window;
 };
 } // namespace
+
+TEST_F(GuideClaims, TheFirstPageTellsOfF1) {
+    ExpectSaid("\"ROM Information\" says so in the line that changes every three seconds.");
+    auto &page = dynamic_cast<TfrmROMInformation &>(*window.GetPage(0));
+    EXPECT_EQ(FindControl<QTimer>(page, "tmrThanks").interval(), 3000);
+    page.tmrThanksTimer();
+    EXPECT_TRUE(FindControl<QLabel>(page, "Label4").text().startsWith("F1 opens the guide"));
+}
 
 TEST_F(GuideClaims, WrappedNumbersShowWhenThePageIsEnteredAgain) {
     ExpectSaid("300 becomes 44, -1 becomes 255");
