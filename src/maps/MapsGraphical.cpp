@@ -84,7 +84,5 @@ bool TfrmMapsGraphical::FormKeyDown(int key) {
 bool TfrmMapsGraphical::eventFilter(QObject *watched, QEvent *event) {
     if (event->type() == QEvent::KeyPress && FormKeyDown(static_cast<QKeyEvent *>(event)->key()))
         return true;
-    if (watched == this && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
-        Chart().update(); // it shows the page's focus
     return TfrmMaps::eventFilter(watched, event);
 }

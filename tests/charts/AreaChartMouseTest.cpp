@@ -43,6 +43,14 @@ TEST_F(TAreaChartMouseTest, DraggingTurnsAndTilts) {
     EXPECT_EQ(chart.Zoom(), 56);
 }
 
+TEST_F(TAreaChartMouseTest, TheHandIsClosedWhileItDrags) {
+    const Qt::CursorShape before = chart.cursor().shape();
+    QTest::mousePress(&chart, Qt::LeftButton, {}, {100, 100});
+    EXPECT_EQ(chart.cursor().shape(), Qt::ClosedHandCursor);
+    QTest::mouseRelease(&chart, Qt::LeftButton, {}, {100, 100});
+    EXPECT_EQ(chart.cursor().shape(), before);
+}
+
 TEST_F(TAreaChartMouseTest, SmallMovesAddUp) {
     QTest::mousePress(&chart, Qt::LeftButton, {}, {100, 100});
     for (int x = 99; x >= 90; --x)

@@ -3,6 +3,7 @@
 #include "maps/ChartData.h"
 #include "maps/MapChart.h"
 #include "support/FakeMapViews.h"
+#include "support/Paintings.h"
 
 #include <climits>
 #include <functional>
@@ -191,9 +192,13 @@ TEST_F(TAreaChartTest, EveryChangeOfTheViewIsSeen) {
         },
         [&] { chart.ClearSeries(1); },
     };
+    chart.show();
+    TPaintings paintings(chart);
     QImage before = chart.grab().toImage();
     for (std::size_t i = 0; i < changes.size(); ++i) {
+        paintings.Count();
         changes[i]();
+        EXPECT_GT(paintings.Count(), 0) << "change " << i;
         const QImage after = chart.grab().toImage();
         EXPECT_NE(before, after) << "change " << i;
         before = after;
