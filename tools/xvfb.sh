@@ -33,8 +33,8 @@ fail() {
     exit 70
 }
 
-# The server names its display when it accepts clients; the end of the stream means that it could not start.
-exec {display_stream}< <(exec Xvfb -displayfd 1 -screen 0 "${SCREEN:-1280x1024}x24" -nolisten tcp -noreset 2>"$log")
+# Keys do not repeat: on a loaded machine a press may last long. The server names its display when it accepts clients; the end of the stream means that it could not start.
+exec {display_stream}< <(exec Xvfb -displayfd 1 -screen 0 "${SCREEN:-1280x1024}x24" -nolisten tcp -noreset -r 2>"$log")
 started+=($!)
 read -r -t "$patience" display <&"$display_stream" || fail "the virtual screen did not start"
 export DISPLAY=":$display"

@@ -48,6 +48,7 @@ void StopOnF6(QWidget &tool, QWidget *usual) {
 void GoRoundOnF6(QWidget &window, QWidget &pages) {
     auto *key = new QShortcut(Qt::Key_F6, &window);
     key->setContext(Qt::ApplicationShortcut);
+    key->setAutoRepeat(false); // a key held down is one wish
     ConnectGuarded(key, &QShortcut::activated, &window, [&window, &pages] {
         const QList<QWidget *> stops = Stops(window, pages);
         if (stops.size() > 1)

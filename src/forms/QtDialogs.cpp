@@ -15,7 +15,7 @@
 namespace {
 constexpr auto yesNo = QMessageBox::Yes | QMessageBox::No;
 constexpr int titleButtonsRoom = 140; // pixels
-constexpr int fileDialogColumns = 120;
+constexpr int fileDialogColumns = 140;
 constexpr int fileDialogLines = 30;
 
 /// An open hourglass gives way to the arrow while the user has a box to answer.

@@ -60,9 +60,11 @@ void TfrmToolWindow::MakeReachable() {
 void TfrmToolWindow::FitTo(const QWidget &contents) {
     const QSize wanted = contents.sizeHint();
     const QSize frame = sizeHint() - widget()->sizeHint();
-    widget()->setMinimumWidth(wanted.width());
+    const int height = wanted.height() + frame.height();
     const int highest = screen()->availableGeometry().height() - titleRoom;
-    resize(wanted.width() + frame.width(), std::min(wanted.height() + frame.height(), highest));
+    const int bar = height > highest ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+    widget()->setMinimumWidth(wanted.width() + bar);
+    resize(wanted.width() + bar + frame.width(), std::min(height, highest));
 }
 
 void TfrmToolWindow::MoveBeside(const QWidget &window) {

@@ -11,7 +11,10 @@
 
 #include <QApplication>
 #include <QProcess>
+#include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTimer>
 #include <QWindow>
@@ -151,6 +154,17 @@ TEST_F(TScreenTest, AQuickMapLeavesTheKeysToThePage) {
     ASSERT_TRUE(WaitFor([&] { return IsUp(chart); }));
     ExpectKeysInThePage();
     ExpectF6(chart);
+}
+
+TEST_F(TScreenTest, TheBulkToolShowsItsWholeWidth) {
+    window.PageControl1->SelectByMouse(fuelTab);
+    FindControl<QPushButton>(*window.Page(fuelTab), "btnRecalculate").click();
+    auto &tool = FindControl<QWidget>(window, "frmToolWindow");
+    ASSERT_TRUE(WaitFor([&] { return IsUp(tool); }));
+    QTest::qWait(0);
+    for (const auto *area : tool.findChildren<QScrollArea *>())
+        EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0);
+    EXPECT_LE(tool.frameGeometry().height(), tool.screen()->availableSize().height());
 }
 
 TEST_F(TScreenTest, AQuestionAboutEditsIsAnsweredByItsButtonsOnly) {
