@@ -166,18 +166,19 @@ public:
 
 TEST_F(TMainWindowTest, ATickNeitherRaisesNorActivatesNorResizes) {
     window->show();
+    ASSERT_TRUE(WaitFor([] { return Splash() != nullptr; }));
     window->tmrSplashTimer();
+    ASSERT_TRUE(WaitFor([] { return Splash() == nullptr; }));
     window->setGeometry(40, 50, 700, 500); // by hand
     QWidget other;
     other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
     TDisturbances disturbances(*window);
     for (const Qt::WindowState state : {Qt::WindowNoState, Qt::WindowMinimized}) {
         window->setWindowState(state);
         QCoreApplication::processEvents();
-        other.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+        QApplication::setActiveWindow(&other);
+        QCoreApplication::processEvents();
+        ASSERT_TRUE(other.isActiveWindow());
         const QRect place = window->geometry();
         disturbances.seen.clear();
         for (int tick = 0; tick < 3; ++tick) {
