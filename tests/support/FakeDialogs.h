@@ -18,16 +18,16 @@ public:
     TFakeDialogs(const TFakeDialogs &) = delete;
     TFakeDialogs &operator=(const TFakeDialogs &) = delete;
 
-    QStringList messages;        ///< texts of ShowMessage, in order
-    QStringList questions;       ///< texts of all confirmations, in order
-    QStringList insisting;       ///< those of them that only their buttons answer
-    QStringList inputBoxes;      ///< "caption|prompt|text" of each input box
-    QStringList openDialogs;     ///< "filter|initial directory" of each open dialog
-    QStringList saveDialogs;     ///< "title|filter|default extension|offered name" of each
-    std::deque<TAnswer> answers; ///< for all confirmations
-    std::deque<QString> inputs;  ///< for input boxes; a null QString stands for Cancel
-    std::deque<QString> opens;   ///< for open dialogs; an empty text stands for Cancel
-    std::deque<QString> saves;   ///< for save dialogs; an empty text stands for Cancel
+    QStringList messages;                ///< texts of ShowMessage, in order
+    QStringList questions;               ///< texts of all confirmations, in order
+    QStringList insisting;               ///< those of them that only their buttons answer
+    QStringList inputBoxes;              ///< "caption|prompt|text" of each input box
+    QStringList openDialogs;             ///< "filter|initial directory" of each open dialog
+    QStringList saveDialogs;             ///< "title|filter|default extension|offered name" of each
+    std::deque<TAnswer> answers;         ///< for all confirmations
+    std::deque<QString> inputs;          ///< for input boxes; a null QString stands for Cancel
+    std::deque<QString> opens;           ///< for open dialogs; an empty text stands for Cancel
+    std::deque<QString> saves;           ///< for save dialogs; an empty text stands for Cancel
     std::function<void()> duringMessage; ///< runs while a message is up, when set
 
     void ShowMessage(const QString &text) override;
