@@ -210,18 +210,16 @@ bool TfrmROMInformation::QuerySave() {
 }
 
 bool TfrmROMInformation::SaveROM() {
-    const std::optional<fs::path> target = ChooseTarget(".BIN", tr("Save ROM File"), ROMFilter());
+    dlgSave_->defaultExt = ".BIN";
+    dlgSave_->title = tr("Save ROM File");
+    dlgSave_->filter = ROMFilter();
+    const std::optional<fs::path> target = ChooseTarget();
     if (target)
         WriteROM(*target);
     return target.has_value();
 }
 
-std::optional<fs::path> TfrmROMInformation::ChooseTarget(const QString &defaultExt,
-                                                         const QString &title,
-                                                         const QString &filter) {
-    dlgSave_->defaultExt = defaultExt;
-    dlgSave_->title = title;
-    dlgSave_->filter = filter;
+std::optional<fs::path> TfrmROMInformation::ChooseTarget() {
     const bool confirmed = dlgSave_->Execute();
     // The dialog keeps its last name when it is cancelled, so that this may ask about an earlier
     // target; "Yes" then goes on without a name and ends in the file error. Intended.
@@ -251,8 +249,10 @@ void TfrmROMInformation::WriteROM(const fs::path &target) {
 }
 
 void TfrmROMInformation::btnSaveSpecClick() {
-    if (const std::optional<fs::path> target =
-            ChooseTarget(".SPC", tr("Save ROM Spec File"), tr("Spec Files (*.SPC)|*.SPC")))
+    dlgSave_->defaultExt = ".SPC";
+    dlgSave_->title = tr("Save ROM Spec File");
+    dlgSave_->filter = tr("Spec Files (*.SPC)|*.SPC");
+    if (const std::optional<fs::path> target = ChooseTarget())
         WriteSpec(*target);
 }
 

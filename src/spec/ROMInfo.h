@@ -86,11 +86,10 @@ private:
     /// The result of the open dialog; the current file when it is cancelled, empty when there is
     /// none.
     std::filesystem::path ChooseROMFile();
-    /// Runs the save dialog. The name to write under; nothing when the user backed out of the
-    /// dialog or of overwriting what exists or cannot be looked at. Empty after a cancelled dialog
-    /// whose earlier target is to be overwritten.
-    std::optional<std::filesystem::path> ChooseTarget(const QString &defaultExt,
-                                                      const QString &title, const QString &filter);
+    /// Runs the save dialog as it was prepared. The name to write under; nothing when the user
+    /// backed out of the dialog or of overwriting what exists or cannot be looked at. Empty after a
+    /// cancelled dialog whose earlier target is to be overwritten.
+    std::optional<std::filesystem::path> ChooseTarget();
     void WriteROM(const std::filesystem::path &target);
     /// Asks for the label; leaves nothing of a new file when it fails.
     void WriteSpec(const std::filesystem::path &target);
