@@ -8,10 +8,8 @@
 #include "spec/MappingChoice.h"
 #include "spec/offsetentry.h"
 
-#include <cstdint>
 #include <exception>
 #include <system_error>
-#include <vector>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -27,22 +25,12 @@ bool MayExist(const fs::path &name) {
     return type != fs::file_type::not_found && error != std::errc::filename_too_long;
 }
 
-using TBytes = std::vector<std::uint8_t>;
-
-bool Holds(const fs::path &file, const TBytes &contents) {
-    try {
-        return ReadWholeFile(file, contents.size()) == contents;
-    } catch (const EFileError &) {
-        return false;
-    }
-}
-
-/// Takes away the file that a failed save has made under a new name, or behind a link of that name,
-/// while it still has what was put into it before the save proper; nothing else.
-void RemoveIfHolds(const fs::path &name, const TBytes &contents) {
+/// Takes away the empty file that a failed save has made under a new name, or behind a link of that
+/// name; nothing else.
+void RemoveIfEmpty(const fs::path &name) {
     std::error_code error;
     const fs::path file = fs::canonical(name, error);
-    if (!error && Holds(file, contents))
+    if (!error && fs::is_regular_file(file, error) && fs::file_size(file, error) == 0)
         fs::remove(file, error);
 }
 
@@ -61,22 +49,6 @@ fs::path CurrentFolder(const fs::path &image) {
 
 QString ROMFilter() {
     return TfrmROMInformation::tr("Binary Data (*.BIN)|*.BIN");
-}
-
-/// Refuses to replace; a failure does not matter. The copy is the user's own new file: it does not
-/// take over a write protection of the loaded one, which would keep the save that follows from it.
-/// Answers what may stand under the new name now.
-std::optional<TBytes> CopyToNewFile(const fs::path &from, const fs::path &to) {
-    if (from.empty() || to.empty() || MayExist(to))
-        return std::nullopt;
-    std::optional<TBytes> contents;
-    try {
-        contents = ReadWholeFile(from, TROMImage::capacity);
-        WriteFileSafely(to, *contents);
-    } catch (const EFileError &) {
-        // The save that follows tells what is wrong with the target.
-    }
-    return contents;
 }
 } // namespace
 
@@ -233,17 +205,11 @@ std::optional<fs::path> TfrmROMInformation::ChooseTarget() {
 }
 
 void TfrmROMInformation::WriteROM(const fs::path &target) {
-    const std::optional<TBytes> copied = CopyToNewFile(romFileName_, target);
-    try {
-        workspace_.fuelMapSet.SaveAll();
-        workspace_.timingMapSet.SaveAll();
-        ROMImage()->SaveToFile(target);
-    } catch (...) {
-        // An image without the edits is not to be taken for the one with them.
-        if (copied)
-            RemoveIfHolds(target, *copied);
-        throw;
-    }
+    // A new name needs no copy of the loaded file first: the image comes there in one step or not
+    // at all.
+    workspace_.fuelMapSet.SaveAll();
+    workspace_.timingMapSet.SaveAll();
+    ROMImage()->SaveToFile(target);
     SetROMFileName(target);
     ApplyROM();
 }
@@ -267,7 +233,7 @@ void TfrmROMInformation::WriteSpec(const fs::path &target) {
             .Save(target);
     } catch (...) {
         if (isNew)
-            RemoveIfHolds(target, {});
+            RemoveIfEmpty(target);
         throw;
     }
 }

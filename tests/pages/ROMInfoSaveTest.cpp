@@ -146,6 +146,15 @@ TEST_F(TROMInfoSaveTest, ARevLimiterThatIsNotPlacedReportsItselfAtEachSave) {
     EXPECT_EQ(Caption(), "Ferrolyn - " + Name(folder / "B.BIN"));
 }
 
+TEST_F(TROMInfoSaveTest, NothingStandsUnderANewNameBeforeTheImageDoes) {
+    workspace.fuelMapSet.revLimiter.SetOffset(-1); // reports itself before the image is written
+    bool thereThen = true;
+    dialogs.duringMessage = [&] { thereThen = fs::exists(folder / "B.BIN"); };
+    Save(folder / "B.BIN");
+    ASSERT_EQ(dialogs.messages.size(), 1);
+    EXPECT_FALSE(thereThen) << "no copy of the loaded image";
+}
+
 TEST_F(TROMInfoSaveTest, AnExistingFileIsReplacedAfterYes) {
     const fs::path target = folder / "B.BIN";
     PutFile(target, TBytes(10, 9));

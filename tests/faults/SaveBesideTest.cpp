@@ -1,5 +1,5 @@
-// The copy of the loaded file that goes before a save under a new name: whatever the loaded file
-// has become, the copy neither waits nor hinders the save.
+// A save under a new name does without the loaded file: whatever that has become, it neither delays
+// nor hinders the save.
 #include "pages/ROMInfoFixture.h"
 
 #include <sys/stat.h>
@@ -9,7 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class TCopyBeforeSaveDeathTest : public TROMInfoTest {
+class TSaveBesideDeathTest : public TROMInfoTest {
 protected:
     void SetUp() override {
         TROMInfoTest::SetUp();
@@ -37,12 +37,12 @@ protected:
     TBytes expected;
 };
 
-TEST_F(TCopyBeforeSaveDeathTest, OfAFileThatMayNotBeWritten) {
+TEST_F(TSaveBesideDeathTest, AFileThatMayNotBeWritten) {
     fs::permissions(rom, fs::perms(0444));
     EXPECT_EXIT(SaveWithoutRights(), testing::ExitedWithCode(0), "");
 }
 
-TEST_F(TCopyBeforeSaveDeathTest, OfAPipe) {
+TEST_F(TSaveBesideDeathTest, APipe) {
     fs::remove(rom);
     ASSERT_EQ(mkfifo(rom.c_str(), 0666), 0);
     EXPECT_EXIT(SaveWithoutRights(), testing::ExitedWithCode(0), "");
