@@ -3,6 +3,7 @@
 #include "filedisplay/ContentsTexts.h"
 
 #include <algorithm>
+#include <utility>
 
 void TContentsSession::Show(std::span<const std::uint8_t> bytes) {
     parameters = {};
@@ -17,7 +18,7 @@ TContentsSession::Color(const std::function<void(const TSearchGrid &)> &change) 
     TCells colored;
     for (std::size_t i = 0; i < colors_.size(); ++i)
         if (colors_[i] != before[i])
-            colored.push_back({i, colors_[i]});
+            colored.push_back({static_cast<std::uint32_t>(i), colors_[i]});
     return colored;
 }
 

@@ -13,7 +13,7 @@
 /// What an operation did.
 struct TContentsOutcome {
     struct TCell {
-        std::size_t offset;
+        std::uint32_t offset; ///< in the image
         TColor color;
     };
     std::vector<TCell> colored; ///< the cells that have another colour than before

@@ -27,12 +27,13 @@ std::vector<TMapToAdd> MapsToAdd(std::span<const TColor> colors, TShownMaps show
         if (!start)
             continue;
         const bool twoD = start->shape == TMapShape::TwoD;
+        std::set<std::int32_t> &places = twoD ? shown.partThrottle : shown.fullThrottle;
         const std::int32_t address = HeaderAddress(i);
-        if ((twoD ? shown.partThrottle : shown.fullThrottle).contains(address))
+        if (places.contains(address))
             continue;
-        maps.push_back({*start, address, twoD ? address : currentAddress});
-        shown.partThrottle.insert(twoD ? address : 0);
-        shown.fullThrottle.insert(twoD ? 0 : currentAddress);
+        const std::int32_t place = twoD ? address : currentAddress;
+        maps.push_back({*start, address, place});
+        places.insert(place);
     }
     return maps;
 }

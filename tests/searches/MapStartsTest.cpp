@@ -65,11 +65,10 @@ const TAddCase addCases[] = {
      {unmarkedColor, twoDFuel, linearFuel},
      {{2}, {1}},
      "2F@1>1 1F@2>119 "},
-    {"a page of the same run leaves its other map at 0",
-     {twoDFuel, linearFuel, linearFuel},
-     {},
-     "2F@0>0 1F@1>119 1F@2>119 "},
-    {"so a linear start at 0 counts as shown", {linearFuel}, {{}, {0}}, ""},
+    {"an unplaced map of a page is at 0: a linear start there counts as shown",
+     {linearFuel},
+     {{}, {0}},
+     ""},
 };
 
 class MapsToAddTest : public testing::TestWithParam<TAddCase> {};
@@ -98,6 +97,8 @@ TEST(MapsToAdd, TakesTheAddressOfTheHeaders) {
     const std::vector<TMapToAdd> maps = MapsToAdd(colors, {}, 0);
     ASSERT_EQ(maps.size(), 1U);
     EXPECT_EQ(maps[0].placedAt, 0x1004);
+    colors[0x1004] = twoDFuel; // of the same address, and before the other
+    EXPECT_EQ(MapsToAdd(colors, {}, 0).size(), 1U);
     EXPECT_TRUE(MapsToAdd(colors, {{0x1004}, {}}, 0).empty());
 }
 } // namespace
