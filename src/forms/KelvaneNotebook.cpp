@@ -116,6 +116,7 @@ int TfrmKelvaneNotebook::AddPage(std::unique_ptr<TEmbeddedForm> page, const QStr
     SetRole(*page, QAccessible::PropertyPage, caption);
     // On a screen too small for a page, the page scrolls and the window still fits.
     layout->addWidget(MakePlainScroll(page.get(), tab));
+    page->hide(); // which a scroll area undoes; entering shows it
     pages_.push_back(page.release());
     const int index = PageControl1->addTab(tab, QString(caption).replace('&', "&&"));
     MoveToTabEnd(*this, {btnPrint, btnSave, btnCancel, btnClose});

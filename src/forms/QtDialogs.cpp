@@ -2,6 +2,8 @@
 
 #include "forms/FrameRoom.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -17,6 +19,7 @@ constexpr auto yesNo = QMessageBox::Yes | QMessageBox::No;
 constexpr int titleButtonsRoom = 140; // pixels
 constexpr int fileDialogColumns = 140;
 constexpr int fileDialogLines = 30;
+constexpr int typeColumn = 2; // of the toolkit's name, size, type, date
 
 /// An open hourglass gives way to the arrow while the user has a box to answer.
 class TArrowCursor {
@@ -82,12 +85,14 @@ int TitleWidth(const QString &title, QFont font) {
     return QFontMetrics(font).horizontalAdvance(title) + titleButtonsRoom;
 }
 
-/// The other columns are as wide as what is in them; the names get the rest of a wide dialog.
+/// The other columns are as wide as what is in them; the names get the rest of a wide dialog, and
+/// the room of the type, which is the same for all that the filter lets through.
 void MakeRoomForNames(QFileDialog &dialog) {
     auto *header = dialog.findChild<QTreeView *>("treeView")->header();
     header->setStretchLastSection(false);
     header->setSectionResizeMode(QHeaderView::ResizeToContents);
     header->setSectionResizeMode(0, QHeaderView::Stretch);
+    header->hideSection(typeColumn);
     const QFontMetrics font = dialog.fontMetrics();
     const QSize wanted(fileDialogColumns * font.averageCharWidth(),
                        fileDialogLines * font.height());
@@ -138,7 +143,8 @@ QString TQtDialogs::InputBox(const QString &caption, const QString &prompt, cons
     dialog.setLabelText(QString(prompt).replace('&', "&&"));
     auto *label = dialog.findChild<QLabel *>();
     label->setTextFormat(Qt::PlainText);
-    label->setMinimumWidth(TitleWidth(caption, dialog.font())); // the dialog has none of its own
+    // The dialog has no least width of its own.
+    label->setMinimumWidth(std::max(TitleWidth(caption, dialog.font()), label->sizeHint().width()));
     dialog.setTextValue(text);
     const TArrowCursor arrow;
     return dialog.exec() == QDialog::Accepted ? dialog.textValue() : text;

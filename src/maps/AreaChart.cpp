@@ -9,6 +9,7 @@
 #include <utility>
 
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QVariantMap>
@@ -23,6 +24,7 @@ constexpr std::array<TColor, 12> seriesColors{
 constexpr int pixelsPerDegree = 2;
 constexpr int wheelStep = 120; // eighths of a degree, one notch of a plain wheel
 constexpr int focusFrame = 3;  // pixels, half of them inside the widget
+constexpr QSize smallest(110, 80);
 
 /// The sum of two numbers, wrapped to 32 bits.
 int Wrapped(int a, int b) {
@@ -191,6 +193,10 @@ void TAreaChart::Describe() {
 
 void TAreaChart::Paint(QPainter &painter, const QRectF &rect) const {
     PaintChart(painter, Contents(), {rect, font(), painter.device(), {}}, palette());
+}
+
+QSize TAreaChart::minimumSizeHint() const {
+    return layout() ? smallest.expandedTo(layout()->minimumSize()) : smallest;
 }
 
 QRect TAreaChart::FreeRect() const {

@@ -104,7 +104,8 @@ public:
     void SetSeriesLoad(int series, const QString &load);
     void AddPoint(int series, const TChartPoint &point);
 
-    QSize minimumSizeHint() const override { return {110, 80}; }
+    /// Room for the controls in its corner, too.
+    QSize minimumSizeHint() const override;
     QSize sizeHint() const override { return {320, 160}; }
 
 protected:

@@ -134,7 +134,7 @@ void TMapPanel::MakePanel() {
     SetHint(offset, tr("Double-click to enter new offset to map"));
     if (traits.kind == TMapKind::PT)
         SetHint(grid, tr("Right-click for more options"));
-    offset->setMaximumWidth(offset->fontMetrics().horizontalAdvance("$FFFFFFFF") + 24);
+    offset->setFixedWidth(offset->fontMetrics().horizontalAdvance("$FFFFFFFF") + 24);
 
     auto *head = new QHBoxLayout;
     head->addWidget(title);

@@ -16,6 +16,7 @@
 #include <QAction>
 #include <QFrame>
 #include <QLabel>
+#include <QLayout>
 #include <QMenu>
 #include <QPushButton>
 
@@ -69,6 +70,9 @@ public:
 
     /// Shows the map's title above the grid and names the controls after it for screen readers.
     void SetTitle(const QString &text);
+
+    /// What title and offset box need above the grid, in pixels.
+    int HeadWidth() const { return panel->layout()->itemAt(0)->minimumSize().width(); }
 
     /// Shows why the map cannot be shown; an empty text hides the line.
     void ShowNote(const QString &text);

@@ -5,8 +5,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr int smallestWidth = 480;   // pixels
-constexpr int smallestChart = 260;   // pixels
+constexpr int usualChart = 260;      // pixels, as long as the panels have room beside it
 constexpr int chartLines = 9;        // line heights, which are more than that in large fonts
 constexpr int chartShare = 3;        // of the width a third
 constexpr int partThrottleShare = 3; // of the free height, the others' being 1
@@ -38,14 +37,27 @@ void TMapRows::ShowOnly(TMapKind kind) {
     }
 }
 
+int TMapRows::LeastPanelWidth() const {
+    int width = 0;
+    for (const TMapPanel *row : rows_)
+        if (!row->panel->isHidden())
+            width = std::max(width, row->HeadWidth());
+    return width;
+}
+
 QSize TMapRows::minimumSizeHint() const {
-    return {smallestWidth, QWidget::minimumSizeHint().height()};
+    int chart = 0;
+    for (const TMapPanel *row : rows_)
+        chart = std::max(chart, row->chart->minimumSizeHint().width());
+    return {LeastPanelWidth() + layout_->horizontalSpacing() + chart,
+            QWidget::minimumSizeHint().height()};
 }
 
 void TMapRows::resizeEvent(QResizeEvent *event) {
     QWidget::resizeEvent(event);
-    const int chartWidth =
-        std::max({smallestChart, chartLines * fontMetrics().height(), width() / chartShare});
+    const int chart =
+        std::max({usualChart, chartLines * fontMetrics().height(), width() / chartShare});
+    const int beside = width() - chart - layout_->horizontalSpacing();
     for (TMapPanel *row : rows_)
-        row->gridView.SetAvailableWidth(width() - chartWidth - layout_->horizontalSpacing());
+        row->gridView.SetAvailableWidth(std::max(beside, LeastPanelWidth()));
 }

@@ -19,13 +19,15 @@ public:
     /// Hides the two others for good; this one gets their room.
     void ShowOnly(TMapKind kind);
 
-    /// Narrow enough for the smallest window.
+    /// The widest head of a panel beside the narrowest chart: the grids show fewer columns then.
     QSize minimumSizeHint() const override;
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    int LeastPanelWidth() const;
+
     QGridLayout *layout_;
     std::array<TMapPanel *, 3> rows_;
 };

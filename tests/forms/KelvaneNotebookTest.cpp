@@ -90,6 +90,16 @@ TEST_F(Notebook, AddedPagesHaveTheIndexOfTheirTabs) {
     EXPECT_TRUE(calls.isEmpty());
 }
 
+TEST_F(Notebook, APageIsHiddenUntilItIsEntered) {
+    Show();
+    EXPECT_TRUE(pages[0]->isVisible());
+    for (TRecordingPage *page : {pages[1], pages[2]})
+        EXPECT_TRUE(page->isHidden());
+    auto *late = new QPushButton("made while the page is entered", pages[1]);
+    Press(1);
+    EXPECT_TRUE(late->isVisible());
+}
+
 TEST_F(Notebook, ATabCaptionIsShownLetterByLetter) {
     const int index = window->AddPage(std::make_unique<TEmbeddedForm>(), "tabX", "A&B");
     EXPECT_EQ(window->PageControl1->tabText(index), "A&&B");

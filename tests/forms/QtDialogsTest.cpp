@@ -135,6 +135,7 @@ TEST_F(QtDialogs, AQuestionAboutEditsStillHasItsKeys) {
         WhenOpen<QMessageBox>([key = key](QMessageBox &box) {
             ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
             QTest::keyClick(&box, key, Qt::AltModifier);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !box.isVisible(); })); // after its animation
         });
         EXPECT_EQ(dialogs.AskAboutEdits("Save Changes?"), answer);
     }
@@ -236,7 +237,9 @@ TEST_F(QtDialogs, TheColumnsOfAFileDialogShowUsualNamesWhole) {
         EXPECT_TRUE(QTest::qWaitFor(filled));
         const QAbstractItemView &asked = files;
         for (int column = 0; column < files.header()->count(); ++column)
-            EXPECT_GE(files.columnWidth(column), asked.sizeHintForColumn(column)) << column;
+            if (!files.isColumnHidden(column)) {
+                EXPECT_GE(files.columnWidth(column), asked.sizeHintForColumn(column)) << column;
+            }
         EXPECT_EQ(files.horizontalScrollBar()->maximum(), 0);
         EXPECT_TRUE(dialog.screen()->availableGeometry().contains(
             QRect(dialog.screen()->availableGeometry().topLeft(), dialog.size())));
@@ -244,10 +247,10 @@ TEST_F(QtDialogs, TheColumnsOfAFileDialogShowUsualNamesWhole) {
     };
     WhenOpen<QFileDialog>(look);
     dialogs.OpenFile("ROM Image (*.BIN)|*.BIN", folder.path());
+    QDir::setCurrent(folder.path());
     QObject page;
     TSaveDialog save(&page, "SaveDialog1");
     save.filter = "ROM Image (*.BIN)|*.BIN";
-    save.fileName = folder.filePath("new.BIN");
     WhenOpen<QFileDialog>(look);
     dialogs.RunSaveDialog(save);
 }
