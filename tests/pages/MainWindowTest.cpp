@@ -372,6 +372,7 @@ TEST(MainWindowEnd, WhileTheTimerTicksAsFastAsItCan) {
 TEST_F(TMainWindowTest, ClosedInsideAModalDialog) {
     TfrmBaseForm::ProgRegKey = "key";
     for (int round = 0; round < 5; ++round) {
+        window.reset(); // hint handlers are put back in the order of a stack
         window = std::make_unique<TfrmNotebook>();
         window->show();
         FindControl<TThreadedTimer>(*window, "tmrSplash").SetInterval(1);
