@@ -192,7 +192,7 @@ void TAreaChart::Describe() {
 }
 
 void TAreaChart::Paint(QPainter &painter, const QRectF &rect) const {
-    PaintChart(painter, Contents(), {rect, font(), painter.device(), {}}, palette());
+    PaintChart(painter, Contents(), {rect, font(), painter.device()}, palette());
 }
 
 QSize TAreaChart::minimumSizeHint() const {
@@ -215,7 +215,7 @@ QRect TAreaChart::FreeRect() const {
 void TAreaChart::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base)); // behind the controls too
-    PaintChart(painter, Contents(), {FreeRect(), font(), this, {}}, palette());
+    PaintChart(painter, Contents(), {FreeRect(), font(), this}, palette());
     painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Highlight), focusFrame)
                               : QPen(palette().color(QPalette::Mid)));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));

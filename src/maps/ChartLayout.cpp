@@ -23,9 +23,6 @@ constexpr double heightForTitle = 5;
 /// Of the width, the most that the labels at one side may take.
 constexpr double largestSide = 0.25;
 
-/// Of the width or the height, the least that controls leave to the box and its labels.
-constexpr double smallestBox = 0.55;
-
 constexpr int fullDepthWalls = 6; ///< fewer walls make a less deep box
 constexpr int mostValueSteps = 10;
 
@@ -66,13 +63,12 @@ public:
             drawing.setTop(labels_.front().rect.bottom());
             box.setTop(drawing.top() + margin * line_);
         }
-        box.setBottom(AboveControls() - beside - line_ - titleSpace);
+        box.setBottom(box.bottom() - beside - line_ - titleSpace);
         const TChartScale scale = FittingScale(box);
         const TMarks values = ValueMarks(scale);
         const TMarks seriesTitles = SlotMarks();
         box.setLeft(box.left() + beside + Limited(Widest(values)) + titleSpace);
-        box.setRight(
-            std::min(box.right() - beside - Limited(Widest(seriesTitles)), LeftOfControls()));
+        box.setRight(box.right() - beside - Limited(Widest(seriesTitles)));
         LeaveRoomForOffsets(box);
         const TChartProjection projection = Projection(box);
         projection_ = &projection;
@@ -108,27 +104,6 @@ private:
         return {contents_.view,
                 DepthOf(contents_.walls.size()),
                 {box.left(), box.top(), box.width(), box.height()}};
-    }
-
-    /// Controls keep the box to their left or else above them, as long as enough is left of it;
-    /// otherwise they lie on the chart.
-    bool IsBesideBox(const QRectF &taken) const {
-        return taken.left() - place_.rect.left() >= smallestBox * place_.rect.width();
-    }
-    double LeftOfControls() const {
-        double limit = room_.right();
-        for (const QRectF &taken : place_.taken)
-            if (IsBesideBox(taken))
-                limit = std::min(limit, taken.left() - margin * line_);
-        return limit;
-    }
-    double AboveControls() const {
-        double limit = room_.bottom();
-        for (const QRectF &taken : place_.taken)
-            if (!IsBesideBox(taken) &&
-                taken.top() - place_.rect.top() >= smallestBox * place_.rect.height())
-                limit = std::min(limit, taken.top() - margin * line_);
-        return limit;
     }
 
     /// The offsets come after the fitting; the labels shall stay inside all the same.
@@ -190,10 +165,7 @@ private:
         for (const TChartLabel &label : labels_)
             if (label.rect.adjusted(-gap, 0, gap, 0).intersects(rect))
                 return false;
-        const QMarginsF around(gap, gap, gap, gap);
-        return std::none_of(place_.taken.begin(), place_.taken.end(), [&](const QRectF &taken) {
-            return taken.marginsAdded(around).intersects(rect);
-        });
+        return true;
     }
 
     /// A rectangle just outside of the line through `at` along an edge, `gap` away from it.

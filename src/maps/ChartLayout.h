@@ -43,7 +43,6 @@ struct TChartPlace {
     QRectF rect;
     QFont font;
     QPaintDevice *device = nullptr; ///< whose pixels measure the texts; none: the screen's
-    std::vector<QRectF> taken;      ///< by controls: no label there, and the box to their left
 };
 
 struct TChartLayout {

@@ -45,9 +45,6 @@ void ExpectTidy(const TChartLayout &layout, const TChartPlace &place) {
         for (std::size_t j = 0; j < i; ++j)
             EXPECT_FALSE(labels[i].rect.adjusted(-gap, 0, gap, 0).intersects(labels[j].rect))
                 << labels[i].text.toStdString() << " and " << labels[j].text.toStdString();
-        for (const QRectF &taken : place.taken)
-            EXPECT_TRUE(!labels[i].rect.intersects(taken) || labels[i].kind == TLabelKind::Title)
-                << labels[i].text.toStdString();
     }
 }
 
@@ -83,8 +80,6 @@ TEST(ChartLayout, NothingOverlapsInRandomSizesAndViews) {
         TChartPlace place;
         place.rect = QRectF(random.Number(-50, 50), random.Number(-50, 50), random.Number(1, 1200),
                             random.Number(1, 900));
-        if (i % 3 == 0)
-            place.taken.emplace_back(place.rect.bottomRight() - QPointF(90, 70), QSizeF(80, 60));
         const TChartLayout layout = LayOut(contents, place);
         ExpectTidy(layout, place);
         ExpectOutside(layout);
@@ -203,35 +198,6 @@ TEST(ChartLayout, TheFirstPointStandsAtTheRightWhenInverted) {
     EXPECT_GT(first(), 0);
     contents.firstAtRight = true;
     EXPECT_GT(first(), 600);
-}
-
-TEST(ChartLayout, AControlInTheCornerKeepsTheBoxAway) {
-    TChartPlace place;
-    place.rect = QRectF(0, 0, 500, 300);
-    place.taken = {QRectF(410, 230, 80, 60)};
-    const TChartLayout layout = LayOut(SampleContents(12, 16), place);
-    for (const QPointF &corner : Corners(layout.projection))
-        EXPECT_LT(corner.x(), 410);
-    ExpectTidy(layout, place);
-    ASSERT_TRUE(Find(layout, TLabelKind::DepthTitle)) << "where the control leaves room for it";
-}
-
-TEST(ChartLayout, InANarrowChartTheBoxStaysAboveTheControl) {
-    TChartPlace place;
-    place.rect = QRectF(0, 0, 170, 160);
-    place.taken = {QRectF(80, 100, 80, 50)};
-    const TChartLayout layout = LayOut(SampleContents(12, 16), place);
-    for (const QPointF &corner : Corners(layout.projection))
-        EXPECT_LT(corner.y(), 100);
-    ExpectTidy(layout, place);
-}
-
-TEST(ChartLayout, AControlThatTakesTooMuchLiesOnTheChart) {
-    TChartPlace place;
-    place.rect = QRectF(0, 0, 300, 200);
-    const double free = LayOut(SampleContents(12, 16), place).projection.Map({1, 0, 1}).x;
-    place.taken = {QRectF(100, 50, 190, 140)};
-    EXPECT_EQ(LayOut(SampleContents(12, 16), place).projection.Map({1, 0, 1}).x, free);
 }
 
 TEST(ChartLayout, ALongTitleIsShortened) {

@@ -26,7 +26,7 @@ QImage Painted(const TChartContents &contents, QSize size, const QPalette &palet
     image.setDevicePixelRatio(pixelRatio);
     image.fill(Qt::magenta);
     QPainter painter(&image);
-    PaintChart(painter, contents, {QRectF({0, 0}, QSizeF(size)), QFont(), &image, {}}, palette);
+    PaintChart(painter, contents, {QRectF({0, 0}, QSizeF(size)), QFont(), &image}, palette);
     return image;
 }
 
@@ -186,7 +186,7 @@ TEST(ChartPainter, RedOfAnUnreadablePointIsSeen) {
     const TChartContents contents = Plain({{{{80, 0x880050}, {-255, clRed}, {90, 0x88005A}}}});
     const QImage image = Painted(contents, {400, 300});
     EXPECT_EQ(ColorAt(contents, image, {0.6, 0.05, 0}), qRgb(255, 0, 0));
-    EXPECT_GT(LayOut(contents, {QRectF(0, 0, 400, 300), QFont(), nullptr, {}}).scale.lowest, 70);
+    EXPECT_GT(LayOut(contents, {QRectF(0, 0, 400, 300), QFont(), nullptr}).scale.lowest, 70);
 }
 
 TEST(ChartPainter, TakesTheThemesColours) {
@@ -207,7 +207,7 @@ TEST(ChartPainter, LeavesThePainterAsItWas) {
     QPainter painter(&image);
     painter.setPen(QPen(Qt::green, 3));
     painter.setBrush(Qt::yellow);
-    PaintChart(painter, SampleContents(3, 3), {QRectF(50, 50, 100, 80), QFont(), &image, {}},
+    PaintChart(painter, SampleContents(3, 3), {QRectF(50, 50, 100, 80), QFont(), &image},
                QPalette());
     EXPECT_EQ(painter.pen(), QPen(Qt::green, 3));
     EXPECT_EQ(painter.brush(), QBrush(Qt::yellow));
@@ -220,7 +220,7 @@ TEST(ChartPainter, StaysInsideOfItsRectangle) {
     image.fill(Qt::magenta);
     QPainter painter(&image);
     const QRect rect(60, 50, 180, 100);
-    PaintChart(painter, Seen(SampleContents(12, 16), 340, 351, 300), {rect, QFont(), &image, {}},
+    PaintChart(painter, Seen(SampleContents(12, 16), 340, 351, 300), {rect, QFont(), &image},
                QPalette());
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
@@ -244,7 +244,7 @@ TEST(ChartPainter, PrintsVectors) {
         writer.setResolution(300);
         QPainter painter(&writer);
         const QRectF page(0, 0, writer.width(), writer.height());
-        PaintChart(painter, SampleContents(12, 16), {page, QFont(), &writer, {}}, QPalette());
+        PaintChart(painter, SampleContents(12, 16), {page, QFont(), &writer}, QPalette());
     }
     EXPECT_GT(file.size(), 1000);
     EXPECT_TRUE(file.startsWith("%PDF"));

@@ -116,7 +116,7 @@ TEST_P(TThemesTest, EveryTextOfAChartCanBeRead) {
     const TChartContents contents = SampleContents(12, 16);
     QFont font = QApplication::font();
     font.setPointSize(14);
-    const TChartPlace place{{0, 0, 900, 600}, font, nullptr, {}};
+    const TChartPlace place{{0, 0, 900, 600}, font, nullptr};
     QImage image(900, 600, QImage::Format_RGB32);
     QPainter painter(&image);
     PaintChart(painter, contents, place, GetParam().palette);
@@ -134,7 +134,7 @@ constexpr QSize smallChart(260, 200); ///< beside a grid
 QImage ChartImage(const TChartContents &contents, const QPalette &palette, QSize size) {
     QImage image(size, QImage::Format_RGB32);
     QPainter painter(&image);
-    PaintChart(painter, contents, {QRectF({0, 0}, QSizeF(size)), QApplication::font(), nullptr, {}},
+    PaintChart(painter, contents, {QRectF({0, 0}, QSizeF(size)), QApplication::font(), nullptr},
                palette);
     return image;
 }
