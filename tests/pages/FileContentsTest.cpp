@@ -130,6 +130,9 @@ TEST_F(TFileContentsTest, TheMouseLeavesAnchorAndExtent) {
     page->grdFileMouseUp(Qt::LeftButton);
     EXPECT_EQ(page->mouseAnchor, QPoint(2, 1));
     EXPECT_EQ(page->mouseExtent, QPoint(70, 80));
+    page->grdFileMouseDown(Qt::LeftButton, {}, {5, 6});
+    EXPECT_EQ(page->mouseExtent, QPoint(-1, -1)) << "a new press has no extent yet";
+    page->grdFileMouseUp(Qt::LeftButton);
     page->grdFileMouseDown(Qt::RightButton, {}, {1, 1});
     EXPECT_EQ(page->mouseAnchor, QPoint(2, 1));
 }
@@ -162,8 +165,24 @@ TEST_F(TFileContentsTest, TheKeyWindowShowsTheParametersAndLivesWhileThePageIsSh
     EXPECT_EQ(FindControl<QLabel>(*key, "lblLoadLocation").text(), "Load: 76");
     button.click();
     EXPECT_FALSE(key->isVisible());
+    page->session.parameters.rpmLocation = 0;
+    button.click();
+    EXPECT_EQ(FindControl<QLabel>(*key, "lblRPMLocation").text(), "RPM: 0");
     page->QueryClose();
     EXPECT_FALSE(page->findChild<TfrmKey *>());
+}
+
+TEST_F(TFileContentsTest, TheKeyMeetsTheWindowsCornerWithTheTextsThatItComesUpWith) {
+    page->ShowPage();
+    page->session.parameters.rpmLocation = -2147483647; // wider than any text before
+    page->session.parameters.fuelMinimum = 2147483647;
+    QFont large = page->font();
+    large.setPointSize(3 * large.pointSize()); // so that these texts decide the width
+    auto &key = FindControl<TfrmKey>(*page, "frmKey");
+    for (const char *label : {"lblFuelMin", "lblLoadLocation"})
+        FindControl<QLabel>(key, label).setFont(large);
+    FindControl<QPushButton>(*page, "Button1").click();
+    EXPECT_EQ(key.frameGeometry().bottomRight(), page->frameGeometry().bottomRight());
 }
 
 TEST_F(TFileContentsTest, TheKeysLegendHasItsOwnColours) {

@@ -24,7 +24,7 @@ TEST_P(TParameterTest, IsAskedForWithItsCurrentValueAndStored) {
     const QString before = value == -1 ? QString() : QString::number(value);
     EXPECT_EQ(FindControl<QAction>(*page, item.action).text(), item.caption);
     const std::vector<std::pair<QString, std::int32_t>> answers{
-        {"$2A", 42}, {QString(), 42}, {"abc", -1}, {"7", 7}, {"", -1}, {"-5", -5}};
+        {"$2A", 42}, {QString(), 42}, {"abc", -1}, {"7", 7}, {"", -1}, {"-5", -5}, {QString(), -5}};
     for (const auto &[answer, stored] : answers) {
         dialogs.inputs = {answer};
         Trigger(item.action);
@@ -32,6 +32,7 @@ TEST_P(TParameterTest, IsAskedForWithItsCurrentValueAndStored) {
     }
     EXPECT_EQ(dialogs.inputBoxes.first(),
               QString("Search Parameters|%1|%2").arg(item.prompt, before));
+    EXPECT_EQ(dialogs.inputBoxes.last(), QString("Search Parameters|%1|-5").arg(item.prompt));
 }
 INSTANTIATE_TEST_SUITE_P(
     Items, TParameterTest,
@@ -74,6 +75,9 @@ TEST_F(TFileSearchesTest, ThePointerLookupAsksTwiceAndKeepsTheMask) {
     dialogs.inputs = {"", "511"};
     Trigger("FindMapPointers1");
     EXPECT_EQ(page->session.parameters.pointerMask, 255);
+    dialogs.inputs = {"", "$12C"};
+    Trigger("FindMapPointers1");
+    EXPECT_EQ(page->session.parameters.pointerMask, 0x2C) << "the low byte";
     dialogs.inputs = {"$10000", "none"};
     Trigger("FindMapPointers1");
     EXPECT_EQ(page->session.parameters.pointerMask, 0);

@@ -127,6 +127,15 @@ TEST_F(TMapRoomTest, AllThreeMapsAreInSightInASmallWindow) {
     }
 }
 
+TEST_F(TMapRoomTest, AGridShowsAsManyColumnsAsItsPanelHasRoomFor) {
+    Show({800, 545});
+    const TMapPanel &row = Row(TMapKind::PT);
+    const int room = row.chart->x() - Place(*row.grid).left();
+    const int column = row.grid->SizeFor(1, 2).width() - row.grid->SizeFor(1, 1).width();
+    EXPECT_LT(row.grid->width(), row.grid->SizeFor(12, 12).width()) << "not all twelve";
+    EXPECT_GT(row.grid->width() + 2 * column, room);
+}
+
 TEST_F(TMapRoomTest, AnAddedPagesOneMapHasTheWholePage) {
     for (const TMapKind kind : allMapKinds) {
         Make();
