@@ -5,6 +5,7 @@
 namespace {
 constexpr auto usualEntry = "10240"; // room for what is typed, whatever the map holds
 constexpr int cellMargins = 8;       // pixels, both sides together
+constexpr int leastRows = 6;
 
 /// Of the longest text: narrow columns leave room for the chart beside the grid.
 int ColumnWidth(const TStringAlignGrid &grid) {
@@ -62,20 +63,33 @@ void TMapGrid::ShowAtMost(int maxRows, int maxColumns) {
     Fit();
 }
 
-void TMapGrid::SetAvailableWidth(int width) {
-    if (width == availableWidth_)
+void TMapGrid::SetRoom(QSize room) {
+    if (room == room_)
         return;
-    availableWidth_ = width;
+    room_ = room;
     Fit();
 }
 
-void TMapGrid::Fit() {
-    grid_.FitTo(maxRows_, ColumnsThatFit());
+int TMapGrid::LeastHeight() const {
+    return grid_.SizeFor(std::min(leastRows, maxRows_), 1).height();
 }
 
-int TMapGrid::ColumnsThatFit() const {
+void TMapGrid::Fit() {
+    // Fewer rows bring a scroll bar that may take a column.
+    const int rows = RowsThatFit(ColumnsThatFit(maxRows_));
+    grid_.FitTo(rows, ColumnsThatFit(rows));
+}
+
+int TMapGrid::ColumnsThatFit(int rows) const {
     int columns = std::max(maxColumns_, 1);
-    while (columns > 1 && grid_.SizeFor(maxRows_, columns).width() > availableWidth_)
+    while (columns > 1 && grid_.SizeFor(rows, columns).width() > room_.width())
         --columns;
     return columns;
+}
+
+int TMapGrid::RowsThatFit(int columns) const {
+    int rows = maxRows_;
+    while (rows > leastRows && grid_.SizeFor(rows, columns).height() > room_.height())
+        --rows;
+    return rows;
 }

@@ -4,6 +4,8 @@
 #include "forms/Aligrid.h"
 #include "model/MapViews.h"
 
+#include <QSize>
+
 class TMapGrid : public IMapGrid {
 public:
     /// `grid` outlives the adapter.
@@ -24,17 +26,20 @@ public:
     /// colour. A new shape fixes them again.
     void UnlockAxes(bool loadToo);
 
-    /// The room that the grid may take beside its chart, in pixels: fewer columns are shown at once
-    /// when they would not fit. Never fewer than one.
-    void SetAvailableWidth(int width);
+    /// The room that the grid may take, in pixels: fewer columns and rows are shown at once when
+    /// they would not fit. Never fewer than one column and LeastHeight.
+    void SetRoom(QSize room);
+    /// The height of a grid that shows some six rows.
+    int LeastHeight() const;
 
 private:
     void Fit();
-    int ColumnsThatFit() const;
+    int ColumnsThatFit(int rows) const;
+    int RowsThatFit(int columns) const;
 
     TStringAlignGrid &grid_;
     int maxRows_ = 0;
     int maxColumns_ = 0;
-    int availableWidth_ = QWIDGETSIZE_MAX;
+    QSize room_{QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
     bool visible_ = true;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QEvent>
 #include <QVBoxLayout>
 
 namespace {
@@ -45,19 +46,46 @@ int TMapRows::LeastPanelWidth() const {
     return width;
 }
 
-QSize TMapRows::minimumSizeHint() const {
-    int chart = 0;
+bool TMapRows::HasPTGrid() const {
+    return !Row(TMapKind::PT).panel->isHidden() && !Row(TMapKind::PT).grid->isHidden();
+}
+
+int TMapRows::HeightBesidesPTGrid() const {
+    int height = -layout_->verticalSpacing();
     for (const TMapPanel *row : rows_)
-        chart = std::max(chart, row->chart->minimumSizeHint().width());
-    return {LeastPanelWidth() + layout_->horizontalSpacing() + chart,
-            QWidget::minimumSizeHint().height()};
+        if (!row->panel->isHidden())
+            height += row->panel->layout()->minimumSize().height() + layout_->verticalSpacing();
+    return HasPTGrid() ? height - Row(TMapKind::PT).grid->height() : height;
+}
+
+QSize TMapRows::minimumSizeHint() const {
+    QSize chart;
+    for (const TMapPanel *row : rows_)
+        chart = chart.expandedTo(row->chart->minimumSizeHint());
+    const int panels =
+        HeightBesidesPTGrid() + (HasPTGrid() ? Row(TMapKind::PT).gridView.LeastHeight() : 0);
+    return {LeastPanelWidth() + layout_->horizontalSpacing() + chart.width(),
+            std::max(panels, chart.height())};
+}
+
+void TMapRows::ShareRoom() {
+    const int chart =
+        std::max({usualChart, chartLines * fontMetrics().height(), width() / chartShare});
+    const int beside = width() - chart - layout_->horizontalSpacing();
+    const int panel = std::max(beside, LeastPanelWidth());
+    for (const TMapKind oneRow : {TMapKind::Idle, TMapKind::WOT})
+        Row(oneRow).gridView.SetRoom({panel, height()});
+    // Its rows give way so that the two maps below it are in sight.
+    Row(TMapKind::PT).gridView.SetRoom({panel, height() - HeightBesidesPTGrid()});
+}
+
+bool TMapRows::event(QEvent *event) {
+    if (event->type() == QEvent::LayoutRequest)
+        ShareRoom();
+    return QWidget::event(event);
 }
 
 void TMapRows::resizeEvent(QResizeEvent *event) {
     QWidget::resizeEvent(event);
-    const int chart =
-        std::max({usualChart, chartLines * fontMetrics().height(), width() / chartShare});
-    const int beside = width() - chart - layout_->horizontalSpacing();
-    for (TMapPanel *row : rows_)
-        row->gridView.SetAvailableWidth(std::max(beside, LeastPanelWidth()));
+    ShareRoom();
 }

@@ -130,15 +130,16 @@ INSTANTIATE_TEST_SUITE_P(Buttons, QtDialogsAboutEdits,
                          testing::Values(QMessageBox::Yes, QMessageBox::No));
 
 TEST_F(QtDialogs, AQuestionAboutEditsStillHasItsKeys) {
-    for (const auto &[key, answer] :
-         {std::pair(Qt::Key_Y, TAnswer::Yes), std::pair(Qt::Key_N, TAnswer::No)}) {
-        WhenOpen<QMessageBox>([key = key](QMessageBox &box) {
-            ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
-            QTest::keyClick(&box, key, Qt::AltModifier);
-            EXPECT_TRUE(QTest::qWaitFor([&] { return !box.isVisible(); })); // after its animation
-        });
-        EXPECT_EQ(dialogs.AskAboutEdits("Save Changes?"), answer);
-    }
+    for (const Qt::KeyboardModifiers held : {Qt::NoModifier, Qt::AltModifier})
+        for (const auto &[key, answer] :
+             {std::pair(Qt::Key_Y, TAnswer::Yes), std::pair(Qt::Key_N, TAnswer::No)}) {
+            WhenOpen<QMessageBox>([key = key, held](QMessageBox &box) {
+                ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+                QTest::keyClick(&box, key, held);
+                EXPECT_TRUE(QTest::qWaitFor([&] { return !box.isVisible(); })); // it is animated
+            });
+            EXPECT_EQ(dialogs.AskAboutEdits("Save Changes?"), answer);
+        }
 }
 
 TEST_F(QtDialogs, AClosedQuestionOfAnotherKindIsAnsweredNo) {

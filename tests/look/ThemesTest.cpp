@@ -178,9 +178,12 @@ TEST_P(TThemesTest, EveryTextOfEveryWindowCanBeRead) {
     Visit([](const QString &name, QWidget &window) {
         const QImage image = ImageOf(window);
         for (const TVisibleText &text : VisibleTexts(window)) {
-            const QRect shown = text.place.intersected(window.rect());
-            // What is switched off is greyed on purpose; of what is scrolled away there is nothing.
-            if (!text.enabled || text.control->visibleRegion().isEmpty() || shown.width() < 8 ||
+            const QRect seen = text.control->visibleRegion().boundingRect().translated(
+                text.control->mapTo(&window, QPoint()));
+            const QRect shown = text.place.intersected(seen).intersected(window.rect());
+            // What is switched off is greyed on purpose; of what is scrolled away, wholly or by
+            // half, there is nothing to read.
+            if (!text.enabled || 2 * shown.height() <= text.place.height() || shown.width() < 8 ||
                 shown.height() < 8)
                 continue;
             const TPainted painted = PaintedIn(image, shown);

@@ -64,6 +64,24 @@ TEST_F(TFileSearchesTest, FindValueAsksUntilThereIsANumberOrNothing) {
     EXPECT_EQ(ColorAt(1), clWindow);
 }
 
+TEST_F(TFileSearchesTest, FindValueTakesANumberThatNoByteHasAndMarksNothing) {
+    Show({44, 255});
+    dialogs.inputs = {"300"};
+    Trigger("HighlightAValue1");
+    EXPECT_EQ(dialogs.inputBoxes.size(), 1);
+    EXPECT_EQ(ColorAt(0), clWindow);
+    EXPECT_EQ(ColorAt(1), clWindow);
+}
+
+TEST_F(TFileSearchesTest, ThePointerLookupComparesTheBitsOfTheMask) {
+    Show({0xF2, 0x34, 0x02, 0x34});
+    dialogs.inputs = {"$F234", "$FF"};
+    Trigger("FindMapPointers1");
+    EXPECT_EQ(ColorAt(0), 0x008080u);
+    EXPECT_EQ(ColorAt(1), 0x008080u);
+    EXPECT_EQ(ColorAt(2), clWindow);
+}
+
 TEST_F(TFileSearchesTest, ThePointerLookupAsksTwiceAndKeepsTheMask) {
     Show({0xF2, 0x34, 0x02, 0x34});
     dialogs.inputs = {"$0234", "15"};

@@ -127,6 +127,26 @@ TEST_F(TMapRoomTest, AllThreeMapsAreInSightInASmallWindow) {
     }
 }
 
+TEST_F(TMapRoomTest, TwelveRowsGiveWayInASmallWindowAndComeBackInALargeOne) {
+    Plant(16, 12);
+    Show({800, 545});
+    EXPECT_TRUE(Window().contains(Place(*Row(TMapKind::WOT).grid)));
+    EXPECT_TRUE(Window().contains(Place(*Row(TMapKind::WOT).chart)));
+    const TStringAlignGrid &grid = *Row(TMapKind::PT).grid;
+    const int few = grid.height();
+    EXPECT_LT(few, grid.SizeFor(12, 1).height());
+    EXPECT_GT(few, grid.SizeFor(7, 1).height()) << "as many as there is room for";
+    page->resize(800, 800);
+    Settle();
+    EXPECT_EQ(grid.height(), grid.SizeFor(12, 1).height());
+    page->resize(800, 545);
+    Settle();
+    EXPECT_EQ(grid.height(), few);
+    page->resize(800, 200);
+    Settle();
+    EXPECT_EQ(grid.height(), grid.SizeFor(6, 1).height()) << "never fewer than six";
+}
+
 TEST_F(TMapRoomTest, AGridShowsAsManyColumnsAsItsPanelHasRoomFor) {
     Show({800, 545});
     const TMapPanel &row = Row(TMapKind::PT);

@@ -20,6 +20,13 @@ TEST_F(TMapsEditTest, ATextThatCannotBeReadBeforeTheEditIsSaidOnceAndCanBeCorrec
     EXPECT_EQ(page->EditOldValue, 0.0L);
 }
 
+TEST_F(TMapsEditTest, TheSameNumberTypedAgainIsAnEditToo) {
+    ASSERT_EQ(Grid("grdPTMap").Cell(2, 1), "4");
+    Type("grdPTMap", 2, 1, "4");
+    EXPECT_EQ(Grid("grdPTMap").FontColor(2, 1), clBlue);
+    EXPECT_TRUE(page->PTChanged);
+}
+
 TEST_F(TMapsEditTest, AnEscapedEditLeavesTheCell) {
     BeginType("grdPTMap", 2, 1, "12");
     QTest::keyClick(Editor("grdPTMap"), Qt::Key_Escape);
