@@ -4,6 +4,7 @@
 #   tools/xvfb.sh COMMAND [ARGUMENT...]
 set -uo pipefail
 
+top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 patience=30 # seconds; a loaded machine needs a few
 
 if [ $# -eq 0 ]; then
@@ -33,13 +34,20 @@ fail() {
     exit 70
 }
 
-# Keys do not repeat: on a loaded machine a press may last long. The server names its display when it accepts clients; the end of the stream means that it could not start.
+# Keys do not repeat: on a loaded machine a press may last long. The server names its display when it accepts clients; the end of the
+# stream means that it could not start.
 exec {display_stream}< <(exec Xvfb -displayfd 1 -screen 0 "${SCREEN:-1280x1024}x24" -nolisten tcp -noreset -r 2>"$log")
 started+=($!)
 read -r -t "$patience" display <&"$display_stream" || fail "the virtual screen did not start"
 export DISPLAY=":$display"
 export XDG_RUNTIME_DIR=$scratch # lock files of a program here are not those of the user's session
 unset WAYLAND_DISPLAY
+
+# What sanitizers would blame on the program and is the desktop's libraries'. That of the X11 keyboard copies n characters out of a
+# text that has no end of its own, which it may; the strict check of strings would call it an error.
+[ -z "${ASAN_OPTIONS:-}" ] || export ASAN_OPTIONS=$ASAN_OPTIONS:strict_string_checks=0
+export LSAN_OPTIONS=suppressions=$top/tests/lsan.supp:print_suppressions=0
+export TSAN_OPTIONS=${TSAN_OPTIONS:-suppressions=$top/tests/tsan.supp}
 
 # The window manager writes into the pipe when it manages the screen.
 mkfifo "$scratch/up"

@@ -22,11 +22,6 @@ trap 'exit 130' INT
 trap 'exit 143' TERM
 
 unset QT_QPA_PLATFORM # the screen is a real one here
-# The X11 keyboard library copies n characters out of a text that has no end of its own, which it may; the sanitizer's strict
-# check of strings would call it an error of the program.
-[ -z "${ASAN_OPTIONS:-}" ] || export ASAN_OPTIONS=$ASAN_OPTIONS:strict_string_checks=0
-export LSAN_OPTIONS=suppressions=$top/tests/lsan.supp:print_suppressions=0
-export TSAN_OPTIONS=${TSAN_OPTIONS:-suppressions=$top/tests/tsan.supp}
 export XDG_CONFIG_HOME=$scratch
 
 fail() {
