@@ -24,6 +24,12 @@ void UseOutlines() {
     if (style->name() == "fusion" && !qobject_cast<const TOutlineStyle *>(style))
         QApplication::setStyle(new TOutlineStyle);
 }
+
+/// The toolkit only posts its own quit, and forgets it when another window is shown first: the
+/// splash may be on its way.
+void QuitAtOnceWithTheLastWindow() {
+    QObject::connect(qApp, &QGuiApplication::lastWindowClosed, qApp, &QCoreApplication::quit);
+}
 } // namespace
 
 void SetUpApplication() {
@@ -33,6 +39,7 @@ void SetUpApplication() {
     QGuiApplication::setDesktopFileName("org.ferrolyn.Ferrolyn");
     QGuiApplication::setWindowIcon(ProgramIcon());
     UseOutlines();
+    QuitAtOnceWithTheLastWindow();
     InstallTranslations(QLocale(), TranslationFolders());
     SetDecimalSeparator(QLocale().decimalPoint().toStdString());
     SetMessageHook(

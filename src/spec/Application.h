@@ -3,6 +3,7 @@
 #pragma once
 
 /// Names the application and its desktop entry, gives its windows their icon, sets the dialogs'
-/// settings key, the language and the decimal separator of the user's locale, and shows the model's
-/// messages in message boxes. Needs the application object.
+/// settings key, the language and the decimal separator of the user's locale, shows the model's
+/// messages in message boxes, and ends the program with its last window. Needs the application
+/// object.
 void SetUpApplication();

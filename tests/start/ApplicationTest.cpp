@@ -1,10 +1,15 @@
-// How the program names itself to the desktop.
+// How the program names itself to the desktop, and that it ends with its last window.
 
 #include "spec/Application.h"
 
-#include <QGuiApplication>
+#include "spec/splash.h"
+
+#include <chrono>
+
+#include <QApplication>
 #include <QIcon>
 #include <QImage>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 TEST(Application, NamesItsDesktopEntry) {
@@ -20,4 +25,17 @@ TEST(Application, WindowsCarryTheIconInEverySizeOfADesktop) {
         ASSERT_EQ(picture.size(), QSize(size, size));
         EXPECT_NE(picture.pixelColor(size / 2, size / 2).alpha(), 0) << size;
     }
+}
+
+TEST(Application, EndsWithItsLastWindowThoughTheSplashComesUpBehindIt) {
+    SetUpApplication();
+    QWidget window;
+    TfrmSplash splash;
+    QTimer::singleShot(0, &window, [&] {
+        window.show();
+        window.close();
+        splash.show();
+    });
+    QTimer::singleShot(std::chrono::seconds(30), &window, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0);
 }
