@@ -1,5 +1,6 @@
 #include "maps/ToolWindow.h"
 
+#include "forms/FrameRoom.h"
 #include "forms/Guard.h"
 #include "forms/Help.h"
 #include "forms/OtherWindows.h"
@@ -18,8 +19,7 @@
 #include <QWindow>
 
 namespace {
-constexpr int itemRoom = 72;  // pixels beside an item's text: the button, the margins and the frame
-constexpr int titleRoom = 40; // pixels of a floating window's frame and title
+constexpr int itemRoom = 72; // pixels beside an item's text: the button, the margins and the frame
 } // namespace
 
 TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
@@ -61,7 +61,7 @@ void TfrmToolWindow::FitTo(const QWidget &contents) {
     const QSize wanted = contents.sizeHint();
     const QSize frame = sizeHint() - widget()->sizeHint();
     const int height = wanted.height() + frame.height();
-    const int highest = screen()->availableGeometry().height() - titleRoom;
+    const int highest = screen()->availableGeometry().height() - frameRoom.height();
     const int bar = height > highest ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
     widget()->setMinimumWidth(wanted.width() + bar);
     resize(wanted.width() + bar + frame.width(), std::min(height, highest));

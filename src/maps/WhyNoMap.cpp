@@ -4,19 +4,17 @@
 #include "model/Texts.h"
 
 namespace {
-constexpr std::int32_t tooManySpeeds = 32;
-
 bool IsPlaced(const TMap &map) {
     return map.location->offset != -1 || map.GetLocation() != 0;
 }
 
 /// A map that does not fit: engine speeds are told before load points.
 std::string WhyTooLarge(const TMap &map) {
-    if (map.RPMCount() >= tooManySpeeds)
-        return Filled(Translated("WhyNoMap", "%1 engine speeds: a map of 32 or more is not shown"),
-                      {std::to_string(map.RPMCount())});
-    return Filled(Translated("WhyNoMap", "%1 load points: a map of 21 or more is not shown"),
-                  {std::to_string(map.LoadCount())});
+    if (map.RPMCount() >= TMap::rpmLimit)
+        return Filled(Translated("WhyNoMap", "%1 engine speeds: a map of %2 or more is not shown"),
+                      {std::to_string(map.RPMCount()), std::to_string(TMap::rpmLimit)});
+    return Filled(Translated("WhyNoMap", "%1 load points: a map of %2 or more is not shown"),
+                  {std::to_string(map.LoadCount()), std::to_string(TMap::loadLimit)});
 }
 } // namespace
 

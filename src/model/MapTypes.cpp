@@ -70,8 +70,6 @@ std::int32_t TMap::LoadCount() const {
 }
 
 bool TMap::Fits() const {
-    constexpr std::int32_t rpmLimit = 32;
-    constexpr std::int32_t loadLimit = 21;
     return RPMCount() < rpmLimit && LoadCount() < loadLimit;
 }
 

@@ -57,7 +57,10 @@ public:
     /// Points along the axes by the stored count bytes (0 to 255), not modulo 32.
     std::int32_t RPMCount() const;
     std::int32_t LoadCount() const;
-    /// Whether the map can be shown: fewer than 32 RPM points and fewer than 21 load points.
+    // With so many points along an axis, or more, a map cannot be shown.
+    static constexpr std::int32_t rpmLimit = 32;
+    static constexpr std::int32_t loadLimit = 21;
+    /// Whether the map can be shown.
     bool Fits() const;
     /// Paste: gives values, axes, name, formats and conversion switch to `destination`, which keeps
     /// its place and counts as modified.

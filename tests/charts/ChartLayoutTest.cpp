@@ -36,7 +36,7 @@ std::vector<QPointF> Corners(const TChartProjection &projection) {
 
 constexpr double leastGap = 0.3; ///< of a line's height, between labels in one line
 
-/// No label touches another, of whatever axis, leaves the rectangle, lies on a control or the box.
+/// No label touches another, of whatever axis, or leaves the rectangle.
 void ExpectTidy(const TChartLayout &layout, const TChartPlace &place) {
     const std::vector<TChartLabel> &labels = layout.labels;
     const double gap = leastGap * layout.lineHeight;
