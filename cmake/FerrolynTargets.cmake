@@ -1,7 +1,5 @@
 # What every target of the project shares: warnings, sanitizers, include root; and one function per kind of target.
 
-include(GoogleTest)
-
 # Applies the project's compiler settings to a target.
 function(ferrolyn_settings target)
     target_include_directories(${target} PUBLIC "${CMAKE_SOURCE_DIR}/src")
@@ -26,8 +24,8 @@ function(ferrolyn_library name)
     ferrolyn_settings(${name})
 endfunction()
 
-# A test program from every .cpp file of one folder below tests/; each of its cases is a test "folder.Suite.Case" of CTest.
-# Cases of one program share its folder (help files lie there), so they never run side by side; programs do.
+# A test program from every .cpp file of one folder below tests/; each of its suites is a test "folder.Suite" of CTest.
+# Suites of one program share its folder (help files lie there), so they never run side by side; programs do.
 #   ferrolyn_test(NAME folder LIBS libraries...)
 function(ferrolyn_test name folder)
     cmake_parse_arguments(arg "" "" "LIBS" ${ARGN})
@@ -40,12 +38,19 @@ function(ferrolyn_test name folder)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/${folder}")
     target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
     target_compile_definitions(${name} PRIVATE FERROLYN_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        # Fixtures have no other linkage when several tests are compiled as one source.
+        target_compile_options(${name} PRIVATE -Wno-subobject-linkage)
+    endif()
     target_link_libraries(${name} PRIVATE ${arg_LIBS})
     if("test_support" IN_LIST arg_LIBS)
         target_precompile_headers(${name} REUSE_FROM test_support)
     endif()
-    gtest_discover_tests(${name} TEST_PREFIX "${folder}." NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 120 RESOURCE_LOCK ${name})
+    set(suites "${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake")
+    add_custom_command(TARGET ${name} POST_BUILD BYPRODUCTS "${suites}"
+        COMMAND ${CMAKE_COMMAND} -D PROGRAM=$<TARGET_FILE:${name}> -D NAME=${name} -D PREFIX=${folder} -D FILE=${suites}
+            -P "${CMAKE_SOURCE_DIR}/cmake/TestSuites.cmake")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${suites}")
 endfunction()
 
 # Copies the guide and the help texts of the dialogs into a folder: they lie beside the program that shows them.

@@ -89,14 +89,14 @@ void TLiteralPage::Adjust(std::size_t which, const TLiteralAdjustment &how) {
 }
 
 void TLiteralPage::Copy(std::size_t which) {
-    slots[which] = workspaceSet.entries[which];
+    pasteSlots[which] = workspaceSet.entries[which];
 }
 
 void TLiteralPage::Paste(std::size_t which) {
     const std::string name =
         (set.fuel ? "Fuel " : "Timing ") + std::string(mapNames[which]) + " Map";
     TLiteralEntry &entry = set.entries[which];
-    const std::optional<TLiteralEntry> &copied = slots[which];
+    const std::optional<TLiteralEntry> &copied = pasteSlots[which];
     std::string problem;
     if (!copied)
         problem = "No " + name + " currently in paste buffer";

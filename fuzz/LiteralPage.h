@@ -27,11 +27,11 @@ public:
     /// All are lent.
     TLiteralPage(TLiteralSet &shown, TLiteralSet &workspace, TLiteralSlots &sharedSlots,
                  bool withRev)
-        : set(shown), workspaceSet(workspace), slots(sharedSlots), hasRevBox(withRev) {}
+        : set(shown), workspaceSet(workspace), pasteSlots(sharedSlots), hasRevBox(withRev) {}
 
     TLiteralSet &set;
     TLiteralSet &workspaceSet;
-    TLiteralSlots &slots;
+    TLiteralSlots &pasteSlots;
     bool hasRevBox;
     std::array<TFakeMapGrid, 3> grids;
     std::array<bool, 3> changed{};

@@ -65,10 +65,10 @@ TEST(ChartScale, ALiteralMinus255OfAnotherColourIsAValue) {
 }
 
 TEST(ChartScale, WhatIsNoNumberIsUnreadable) {
-    const double infinity = std::numeric_limits<double>::infinity();
+    const double infinite = std::numeric_limits<double>::infinity();
     EXPECT_FALSE(IsReadable({std::nan(""), 0}));
-    EXPECT_FALSE(IsReadable({infinity, 0}));
-    const TChartScale scale = ScaleOf(WallsOf({1, infinity, std::nan(""), 5}), 10);
+    EXPECT_FALSE(IsReadable({infinite, 0}));
+    const TChartScale scale = ScaleOf(WallsOf({1, infinite, std::nan(""), 5}), 10);
     EXPECT_EQ(scale.lowest, 0);
     EXPECT_EQ(scale.highest, 5);
     EXPECT_EQ(scale.Height(std::nan("")), 0);

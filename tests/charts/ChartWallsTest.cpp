@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 
 namespace {
-constexpr TScreenArea area{0, 0, 1000, 1000};
+constexpr TScreenArea square{0, 0, 1000, 1000};
 
 TChartView FrontView() {
     TChartView view;
@@ -41,7 +41,7 @@ const TChartFace *SeenAt(const std::vector<TChartFace> &faces, double x, double 
 
 /// Colour at a place of the box; 0xFFFFFFFF where there is no wall.
 TColor ColorAt(const std::vector<TWall> &walls, bool firstAtRight, const TBoxPoint &place) {
-    const TChartProjection projection(FrontView(), 1, area);
+    const TChartProjection projection(FrontView(), 1, square);
     const TScreenPoint at = projection.Map(place);
     const std::vector<TChartFace> faces = FacesOf(walls, {{0, 10, 1}, firstAtRight}, projection);
     const TChartFace *seen = SeenAt(faces, at.x, at.y);
@@ -123,7 +123,7 @@ TEST(ChartWalls, UnreadablePointsEndAtTheFloor) {
 }
 
 TEST(ChartWalls, NothingMakesNoFaces) {
-    const TChartProjection projection(TChartView(), 1, area);
+    const TChartProjection projection(TChartView(), 1, square);
     EXPECT_TRUE(FacesOf({}, {{}}, projection).empty());
     EXPECT_TRUE(FacesOf({{}, {}}, {{}}, projection).empty());
     EXPECT_EQ(PlaceCount({}), 0);

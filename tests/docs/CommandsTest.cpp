@@ -11,11 +11,6 @@ using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
 namespace {
-const TTree &Project() {
-    static const TTree tree{std::filesystem::path(FERROLYN_SOURCE_DIR)};
-    return tree;
-}
-
 class GoodCommand : public testing::TestWithParam<const char *> {};
 class BadCommand : public testing::TestWithParam<std::pair<const char *, const char *>> {};
 class GoodName : public testing::TestWithParam<const char *> {};

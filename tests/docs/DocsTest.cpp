@@ -12,11 +12,6 @@ namespace fs = std::filesystem;
 using testing::IsEmpty;
 
 namespace {
-const TTree &Project() {
-    static const TTree tree{fs::path(FERROLYN_SOURCE_DIR)};
-    return tree;
-}
-
 std::vector<std::string> Documents() {
     std::vector<std::string> names;
     for (const char *folder : {"", "docs", "samples"})

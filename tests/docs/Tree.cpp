@@ -122,3 +122,8 @@ bool TTree::Stands(const std::string &word, const std::string &file) const {
 bool TTree::StandsAnywhere(const std::string &word) const {
     return StandsIn(word, sources_);
 }
+
+const TTree &Project() {
+    static const TTree tree{std::filesystem::path(FERROLYN_SOURCE_DIR)};
+    return tree;
+}

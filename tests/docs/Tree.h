@@ -36,4 +36,7 @@ private:
     std::string sources_;                ///< the text of them all
 };
 
+/// The project itself.
+const TTree &Project();
+
 std::string TextOf(const std::filesystem::path &file);

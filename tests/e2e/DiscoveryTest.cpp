@@ -8,8 +8,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-const QString contentsPage = "frmFileContents";
-
 /// The offsets that the tabs of the added pages name, in their order.
 std::vector<int> FoundOffsets(const TfrmNotebook &window) {
     std::vector<int> offsets;

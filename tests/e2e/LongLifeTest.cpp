@@ -73,8 +73,6 @@ TUse Report(int round) {
     return use;
 }
 
-const QString contentsPage = "frmFileContents";
-
 class TLongLife {
 public:
     TLongLife() {

@@ -17,6 +17,9 @@
 
 #include <QAbstractButton>
 
+/// The object name of the page "File Contents".
+inline const QString contentsPage = "frmFileContents";
+
 /// The text of the spec file that names six offsets (fuel part throttle, idle, full throttle, then
 /// timing) and a rev limiter.
 std::string SpecText(const std::string &label, const std::vector<int> &offsets, int revLimiter);

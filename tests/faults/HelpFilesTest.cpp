@@ -16,16 +16,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const QString name = "strange-help.txt";
+const QString helpName = "strange-help.txt";
 
 fs::path File() {
-    return (ProgramDirectory() + name).toStdString();
+    return (ProgramDirectory() + helpName).toStdString();
 }
 
 /// The error's text; empty when the file is shown.
 std::string ErrorOf() {
     try {
-        TfrmHelp help(name);
+        TfrmHelp help(helpName);
         help.show();
         help.grab();
         return "";
@@ -70,7 +70,7 @@ const TText texts[] = {
 class THelpTexts : public testing::TestWithParam<TText> {};
 
 TEST_P(THelpTexts, AreShownOrRefused) {
-    const TProgramFile file(name, GetParam().bytes);
+    const TProgramFile file(helpName, GetParam().bytes);
     const std::string reason = GetParam().reason;
     EXPECT_EQ(ErrorOf(), reason.empty() ? "" : Refusal(reason));
 }
@@ -86,7 +86,7 @@ struct TThing {
 const TThing things[] = {
     {"huge_file",
      [] {
-         EXPECT_TRUE(QFile(ProgramDirectory() + name).open(QFile::WriteOnly));
+         EXPECT_TRUE(QFile(ProgramDirectory() + helpName).open(QFile::WriteOnly));
          fs::resize_file(File(), 200 << 20);
      },
      "it has 209715200 bytes, more than the limit of 262144"},
@@ -115,7 +115,7 @@ INSTANTIATE_TEST_SUITE_P(All, THelpThings, testing::ValuesIn(things),
 TEST(THelpLink, ALinkToAPlainFileIsShown) {
     const TProgramFile real("real-help.txt", "text");
     fs::create_symlink("real-help.txt", File());
-    EXPECT_EQ(TfrmHelp(name).Memo1->toPlainText(), "text");
+    EXPECT_EQ(TfrmHelp(helpName).Memo1->toPlainText(), "text");
     fs::remove(File());
 }
 

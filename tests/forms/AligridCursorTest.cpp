@@ -5,21 +5,21 @@
 #include <gmock/gmock.h>
 
 namespace {
-struct TCase {
+struct TCursorCase {
     const char *name;
     TNextCell order;
     TGridCell from;
     std::optional<TGridCell> to;
 };
 
-void PrintTo(const TCase &test, std::ostream *out) {
+void PrintTo(const TCursorCase &test, std::ostream *out) {
     *out << test.name;
 }
 
 // Columns 1 to 3, rows 1 to 2.
 constexpr TGridRect body{1, 1, 3, 2};
 
-const TCase cases[] = {
+const TCursorCase cases[] = {
     {"right", nc_rightdown, {1, 1}, TGridCell{2, 1}},
     {"right end goes on below at the left", nc_rightdown, {3, 1}, TGridCell{1, 2}},
     {"right ends at the bottom right", nc_rightdown, {3, 2}, {}},
@@ -34,7 +34,7 @@ const TCase cases[] = {
     {"down left ends at the bottom left", nc_downleft, {1, 2}, {}},
 };
 
-class TNextCellTest : public testing::TestWithParam<TCase> {};
+class TNextCellTest : public testing::TestWithParam<TCursorCase> {};
 
 TEST_P(TNextCellTest, Goes) {
     EXPECT_EQ(NextCell(GetParam().order, GetParam().from, body), GetParam().to);

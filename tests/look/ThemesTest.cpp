@@ -107,9 +107,9 @@ TEST_P(TThemesTest, TheCurrentCellsFrameStandsOut) {
     const QRect cell = grid.visualRect(grid.model()->index(1, 1));
     const QImage image = ImageOf(grid);
     const QPoint at = grid.viewport()->mapTo(&grid, cell.topLeft());
-    const QColor frame(image.pixel(at + QPoint(cell.width() / 2, 0)));
+    const QColor frameColor(image.pixel(at + QPoint(cell.width() / 2, 0)));
     const QColor inside(image.pixel(at + QPoint(4, 4)));
-    EXPECT_GE(Contrast(frame, inside), leastLineContrast);
+    EXPECT_GE(Contrast(frameColor, inside), leastLineContrast);
 }
 
 TEST_P(TThemesTest, EveryTextOfAChartCanBeRead) {

@@ -22,8 +22,8 @@ void PrintTo(const TCase &tested, std::ostream *stream) {
     *stream << tested.name;
 }
 
-constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t highestAmount = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t lowestAmount = std::numeric_limits<std::int32_t>::min();
 
 class TAdjustedTest : public testing::TestWithParam<TCase> {};
 
@@ -43,8 +43,8 @@ INSTANTIATE_TEST_SUITE_P(
         TCase{"units are not rounded", 1, false, 1, 0.996, 1.996},
         TCase{"no limit above", 1, false, 300, 200, 500},
         TCase{"no limit below", -1, false, 300, 200, -100},
-        TCase{"the largest amount", 1, false, most, 1, 2147483648.0},
-        TCase{"the least amount negated", -1, false, least, 0, 2147483648.0},
+        TCase{"the largest amount", 1, false, highestAmount, 1, 2147483648.0},
+        TCase{"the least amount negated", -1, false, lowestAmount, 0, 2147483648.0},
         TCase{"the change is rounded, not the value", 1, true, 10, 12.5, 13.5},
         TCase{"tie down to 2", -1, true, 10, 15, 13},
         TCase{"tie to 2 from below", -1, true, 10, 25, 23}, TCase{"tie to 0", 1, true, 50, 1, 1},
@@ -55,7 +55,7 @@ INSTANTIATE_TEST_SUITE_P(
         TCase{"a negative percentage", 1, true, -10, 100, 90},
         TCase{"all of it", -1, true, 100, 77, 0}, TCase{"nothing", 1, true, 0, 12.34, 12.34},
         TCase{"percent of zero", 1, true, 100, 0, 0},
-        TCase{"the least amount in percent", -1, true, least, 100, 2147483748.0},
+        TCase{"the least amount in percent", -1, true, lowestAmount, 100, 2147483748.0},
         // With 53 bits these would be ties, 0.5 and 3.5: the double is just above or below its
         // text.
         TCase{"just above a tie", 1, true, 125, 0.4, 0.4 + 1},

@@ -15,9 +15,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
-const std::string memoryText = "Out of memory allocating data map data";
-
 using TBytes = std::vector<std::uint8_t>;
 
 /// Steps 1, 2, 3 ... `count`, modulo 256.

@@ -2,7 +2,6 @@
 #include "support/ModelFixture.h"
 
 #include <cstdint>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -13,8 +12,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
-const std::string memoryText = "Out of memory allocating data map data";
 const std::string saveText = "Error saving data map data";
 
 struct TBlocksTest : TModelTest {

@@ -16,8 +16,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
-
 struct TMapTypesTest : TModelTest {
     TFuelMap map{2};
     TFuelMap linear{1};

@@ -14,11 +14,10 @@
 namespace {
 
 constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
 
 /// The text of the conversion error that `convert` throws; empty when it throws none.
 template <class TConvert>
-std::string ErrorOf(TConvert convert) {
+std::string ConvertErrorOf(TConvert convert) {
     try {
         convert();
     } catch (const EConvertError &error) {
@@ -96,7 +95,7 @@ TEST_F(TNumbersTest, RefusesWhatIsNoRealNumber) {
                              "abc",   "nan", "inf", "-INF", "infinity", "0x10", "$10", "1,000",
                              "1.2.3", "1 2", "- 1", "--1",  "12%",      "1e999"}) {
         EXPECT_EQ(TryParseReal(text), std::nullopt) << text;
-        EXPECT_EQ(ErrorOf([&] { ParseReal(text); }),
+        EXPECT_EQ(ConvertErrorOf([&] { ParseReal(text); }),
                   "'" + std::string(text) + "' is not a valid floating point value");
     }
 }
@@ -140,7 +139,7 @@ TEST_F(TNumbersTest, RefusesWhatIsNoInteger) {
     for (const char *text : {"", " ", "abc", "1.0", "12 ", "$", "$G", "$123456789", "--1", "+-1",
                              "2147483648", "-2147483649", "99999999999999999999", "1e3", "$-1"}) {
         EXPECT_EQ(TryParseInteger(text), std::nullopt) << text;
-        EXPECT_EQ(ErrorOf([&] { ParseInteger(text); }),
+        EXPECT_EQ(ConvertErrorOf([&] { ParseInteger(text); }),
                   "'" + std::string(text) + "' is not a valid integer value");
         EXPECT_EQ(ParseIntegerOr(text, -1), -1) << text;
     }

@@ -169,7 +169,6 @@ TEST_F(TROMImageTest, StoresIntegersByTheirLowByte) {
 }
 
 TEST_F(TROMImageTest, OffsetsBehindDoNotWrap) {
-    constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
     EXPECT_EQ(OffsetBehind(0x6000, 28), 0x601C);
     EXPECT_EQ(OffsetBehind(-5, 2), -3);
     EXPECT_EQ(OffsetBehind(highest, 2), highest);

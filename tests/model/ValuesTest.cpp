@@ -12,8 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
-const std::string saveText = "Error saving rev limiter data";
+const std::string revLimiterSaveText = "Error saving rev limiter data";
 const std::string dividerText = "Timing Divider Not yet Set";
 
 struct TValuesTest : TModelTest {
@@ -210,7 +209,7 @@ TEST_F(TValuesTest, AFailedSaveShowsTheRevLimiterTextForBothClasses) {
         Messages().clear();
         ExpectSaveFails<TRPMVal>(offset);
         ExpectSaveFails<TThrVal>(offset);
-        EXPECT_THAT(Messages(), ElementsAre(saveText, saveText)) << offset;
+        EXPECT_THAT(Messages(), ElementsAre(revLimiterSaveText, revLimiterSaveText)) << offset;
     }
     EXPECT_EQ(Get(0, TROMImage::capacity), TBytes(TROMImage::capacity, 0x33));
 }

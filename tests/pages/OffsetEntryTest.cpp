@@ -8,7 +8,6 @@
 namespace {
 namespace fs = std::filesystem;
 
-const QString manual = "Use Manual Offset Method";
 const QStringList mapEdits{"edtFuelPTMapOffset",   "edtFuelIdMapOffset",   "edtFuelFTMapOffset",
                            "edtTimingPTMapOffset", "edtTimingIdMapOffset", "edtTimingFTMapOffset"};
 

@@ -7,8 +7,6 @@
 namespace {
 namespace fs = std::filesystem;
 
-constexpr const char *manual = "Use Manual Offset Method";
-
 class TROMInfoChoiceTest : public TROMInfoTest {
 protected:
     void SetUp() override {

@@ -12,6 +12,10 @@
 
 #include <QRadioButton>
 
+/// The last item of the list of spec files.
+inline constexpr const char *manual = "Use Manual Offset Method";
+inline constexpr const char *overwrite = "Overwrite existing file?";
+
 class TROMInfoTest : public TPageTest {
 protected:
     void SetUp() override {

@@ -11,8 +11,6 @@
 namespace {
 namespace fs = std::filesystem;
 
-const QString overwrite = "Overwrite existing file?";
-
 class TROMInfoSaveTest : public TROMInfoTest {
 protected:
     void SetUp() override {

@@ -5,7 +5,6 @@
 namespace {
 namespace fs = std::filesystem;
 
-const QString manual = "Use Manual Offset Method";
 const QString tooMany = "There is a maximum of 20 spec files per directory, some spec files were "
                         "not loaded.";
 

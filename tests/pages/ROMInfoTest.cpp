@@ -12,8 +12,6 @@ namespace {
 namespace fs = std::filesystem;
 
 const QString romFilter = "Binary Data (*.BIN)|*.BIN";
-const QString manual = "Use Manual Offset Method";
-
 TEST_F(TROMInfoTest, AtCreationNothingIsLoadedChosenOrSavable) {
     EXPECT_TRUE(page->ROMFileName().empty());
     EXPECT_TRUE(page->CurrentSpecFileName().empty());

@@ -8,8 +8,6 @@
 namespace {
 namespace fs = std::filesystem;
 
-const QString overwrite = "Overwrite existing file?";
-
 class TSaveSpecTest : public TROMInfoTest {
 protected:
     void SetUp() override {

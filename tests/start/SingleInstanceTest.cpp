@@ -13,7 +13,7 @@ using testing::StrictMock;
 
 namespace {
 constexpr std::chrono::milliseconds shortWait(1);
-constexpr TWindowId window = 11;
+constexpr TWindowId notebookWindow = 11;
 constexpr TWindowId owner = 22;
 
 class TMockFinder : public IWindowFinder {
@@ -118,8 +118,8 @@ TEST_F(SingleInstance, AFolderThatCannotBeUsedIsNoReasonNotToStart) {
 }
 
 TEST_F(SingleInstance, AMinimisedRunningCopyIsShown) {
-    ExpectSearch(window);
-    EXPECT_CALL(finder_, OwnerOf(window)).WillOnce(Return(owner));
+    ExpectSearch(notebookWindow);
+    EXPECT_CALL(finder_, OwnerOf(notebookWindow)).WillOnce(Return(owner));
     EXPECT_CALL(finder_, IsMinimised(owner)).WillOnce(Return(true));
     EXPECT_CALL(finder_, ShowNormal(owner));
     TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
@@ -128,8 +128,8 @@ TEST_F(SingleInstance, AMinimisedRunningCopyIsShown) {
 }
 
 TEST_F(SingleInstance, ANormalRunningCopyIsBroughtToTheForeground) {
-    ExpectSearch(window);
-    EXPECT_CALL(finder_, OwnerOf(window)).WillOnce(Return(owner));
+    ExpectSearch(notebookWindow);
+    EXPECT_CALL(finder_, OwnerOf(notebookWindow)).WillOnce(Return(owner));
     EXPECT_CALL(finder_, IsMinimised(owner)).WillOnce(Return(false));
     EXPECT_CALL(finder_, BringToForeground(owner));
     TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
@@ -137,8 +137,8 @@ TEST_F(SingleInstance, ANormalRunningCopyIsBroughtToTheForeground) {
 }
 
 TEST_F(SingleInstance, ARunningCopyWithoutAnOwnerWindowIsLeftAlone) {
-    ExpectSearch(window);
-    EXPECT_CALL(finder_, OwnerOf(window)).WillOnce(Return(0U));
+    ExpectSearch(notebookWindow);
+    EXPECT_CALL(finder_, OwnerOf(notebookWindow)).WillOnce(Return(0U));
     TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
     EXPECT_EQ(guard.Check(), TStart::End);
 }

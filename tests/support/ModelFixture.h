@@ -8,12 +8,17 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
+
+inline constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
+/// What the model says when it gets no memory.
+inline const std::string memoryText = "Out of memory allocating data map data";
 
 /// Swaps the model's process-wide state for a fresh one while it lives.
 class TFreshModel {
