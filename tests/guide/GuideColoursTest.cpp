@@ -1,7 +1,7 @@
 // Every colour that tells something has its line in the guide, and a colour that is added to the
 // sources without one is noticed.
 #include "guide/Guide.h"
-#include "guide/SourceTexts.h"
+#include "guide/ProgramTexts.h"
 
 #include <QSet>
 #include <gmock/gmock.h>
@@ -33,12 +33,8 @@ bool Explains(const QString &title, const QString &word) {
 }
 
 QSet<QString> ConstantsOf(const QString &file) {
-    const std::vector<TToken> tokens = ProgramSources().at(file);
-    QSet<QString> names;
-    for (std::size_t i = 0; i + 2 < tokens.size(); ++i)
-        if (tokens[i].text == "TColor" && tokens[i + 2].text == "=")
-            names << tokens[i + 1].text;
-    return names;
+    const QStringList names = FoundIn({file}, "^[^/\n]*\\bTColor (\\w+) =");
+    return {names.begin(), names.end()};
 }
 } // namespace
 
@@ -56,10 +52,10 @@ TEST(GuideColours, AreAllOfThem) {
     QSet<QString> named;
     for (const TColorWord &mark : marks)
         named << mark.constant;
-    EXPECT_EQ(ConstantsOf("filedisplay/SearchCells.h"), named);
+    EXPECT_EQ(ConstantsOf("SearchCells.h"), named);
     // The others tell nothing: backgrounds, and the plain text of a header that was committed.
     QSet<QString> texts{"clBlack", "clWhite", "clWindow", "clBtnFace"};
     for (const TColorWord &mark : editMarks)
         texts << mark.constant;
-    EXPECT_EQ(ConstantsOf("model/MapViews.h"), texts);
+    EXPECT_EQ(ConstantsOf("MapViews.h"), texts);
 }

@@ -1,150 +1,17 @@
 // Every menu item, button, check box, label, group and tab of the running windows stands in the
 // guide, and what the help texts quote is in the program.
-#include "filedisplay/FileDisplay.h"
-#include "forms/Aligrid.h"
-#include "forms/Help.h"
 #include "forms/PageControl.h"
 #include "guide/Guide.h"
-#include "guide/SourceTexts.h"
+#include "guide/ProgramTexts.h"
+#include "guide/Windows.h"
 #include "maps/Maps.h"
-#include "maps/QuickChart.h"
 #include "maps/ToolWindow.h"
-#include "pages/PageFixture.h"
-#include "spec/main.h"
-#include "spec/offsetentry.h"
-#include "spec/splash.h"
 
-#include <algorithm>
-
-#include <QAbstractButton>
-#include <QAction>
-#include <QComboBox>
 #include <QFileInfo>
-#include <QGroupBox>
-#include <QLabel>
-#include <QStatusBar>
 #include <gmock/gmock.h>
 
 namespace {
-/// Controls that no window ever shows; they are built only to be complete.
-const QStringList neverShown{"btnRead",   "btnWrite", "chkUsePP2",  "cmbDevice",
-                             "btnFilter", "btnHelp",  "pnlButtons", "Button2"};
-
-/// Labels whose words change while the program runs, or that are not about using it.
-const QStringList aboutLabels{"Label1", "Label2", "Label3", "Label4"};
-
-struct TItem {
-    QString window;
-    QString name;
-    QString text;
-};
-
-/// Whether an object or one of its parents, up to `root`, has one of these names.
-bool Below(const QObject *object, const QStringList &names, const QObject &root) {
-    for (; object && object != &root; object = object->parent())
-        if (names.contains(object->objectName()))
-            return true;
-    return false;
-}
-
-QStringList TextsOf(const QObject &object) {
-    if (const auto *tabs = qobject_cast<const QTabBar *>(&object)) {
-        QStringList texts;
-        for (int tab = 0; tab < tabs->count(); ++tab)
-            texts << tabs->tabText(tab);
-        return texts;
-    }
-    if (const auto *combo = qobject_cast<const QComboBox *>(&object)) {
-        QStringList texts{combo->currentText()};
-        for (int item = 0; item < combo->count(); ++item)
-            texts << combo->itemText(item);
-        return texts;
-    }
-    if (qobject_cast<const QGroupBox *>(&object) || qobject_cast<const QMenu *>(&object))
-        return {object.property("title").toString()};
-    if (qobject_cast<const QAction *>(&object) || qobject_cast<const QAbstractButton *>(&object) ||
-        qobject_cast<const QLabel *>(&object))
-        return {object.property("text").toString()};
-    return {};
-}
-
-/// Of the status bar, or of the lines about the program: they change while it runs.
-bool IsChanging(const QObject &object, const QObject &root) {
-    const bool about = aboutLabels.contains(object.objectName());
-    for (const QObject *parent = object.parent(); parent; parent = parent->parent()) {
-        if (qobject_cast<const QStatusBar *>(parent) ||
-            (about && parent->objectName() == "frmROMInformation"))
-            return true;
-        if (parent == &root)
-            break;
-    }
-    return false;
-}
-
-std::vector<TItem> ItemsOf(const QWidget &window, const QString &name) {
-    std::vector<TItem> items;
-    for (const QObject *object : window.findChildren<QObject *>()) {
-        if (Below(object, neverShown, window) || IsChanging(*object, window))
-            continue;
-        for (const QString &text : TextsOf(*object))
-            if (!Plain(text).isEmpty())
-                items.push_back({name, object->objectName(), text});
-    }
-    return items;
-}
-
-/// The same without what this window hides: it shares its buttons with others.
-std::vector<TItem> ShownItemsOf(const QWidget &window, const QString &name) {
-    std::vector<TItem> items = ItemsOf(window, name);
-    std::erase_if(items, [&](const TItem &item) {
-        const auto *control = window.findChild<QWidget *>(item.name);
-        return control && !item.name.isEmpty() && control->isHidden();
-    });
-    return items;
-}
-
-class GuideItems : public TPageTest {
-protected:
-    GuideItems() {
-        TfrmBaseForm::ProgRegKey = "key";
-        PlantMaps();
-        PlaceMaps(window.workspace);
-        offsets = std::make_unique<TfrmOffsetEntry>(nullptr, window.workspace);
-        quickChart = std::make_unique<TfrmQuickChart>(nullptr);
-        for (int page = 0; page < window.PageCount(); ++page)
-            window.GetPage(page)->ShowPage();
-        FindControl<QPushButton>(*window.GetPage(5), "Button1").click();
-    }
-    ~GuideItems() override { TfrmBaseForm::ProgRegKey.clear(); }
-
-    const QWidget &Key() { return FindControl<QWidget>(window, "frmKey"); }
-    const QWidget &Tools() { return *dynamic_cast<TfrmMaps &>(*window.GetPage(1)).ToolWindow; }
-
-    std::vector<TItem> AllItems() {
-        std::vector<TItem> all;
-        const auto add = [&](const QWidget &form, const char *name) {
-            all.push_back({name, "the title", form.windowTitle()});
-            for (const TItem &item : ItemsOf(form, name))
-                all.push_back(item);
-        };
-        add(*window.PageControl1, "the tabs");
-        for (int page = 0; page < window.PageCount(); ++page)
-            add(*window.GetPage(page), "a page");
-        add(window, "the main window");
-        add(Tools(), "Tools");
-        add(Key(), "Key");
-        add(*offsets, "Offset Entry");
-        add(*quickChart, "Quick Map");
-        add(splash, "the splash");
-        add(TfrmHelp("readme.txt"), "the help window");
-        return all;
-    }
-
-    TfrmNotebook window;
-    std::unique_ptr<TfrmOffsetEntry> offsets;
-    std::unique_ptr<TfrmQuickChart> quickChart;
-    TfrmSplash splash;
-};
+class GuideItems : public TWindowsTest {};
 
 QSet<QString> PlainSet(const QSet<QString> &texts) {
     QSet<QString> plain;
@@ -202,9 +69,9 @@ TEST_F(GuideItems, ThatAreLeftOutAreNeverShown) {
 TEST_F(GuideItems, TabsOfFoundMapsStandInTheGuide) {
     const QSet<QString> quoted = QuotedIn("readme.txt");
     QStringList captions;
-    for (const QString &literal : LiteralsIn(ProgramSources()))
-        if (literal.endsWith(" at $%1") && literal.contains("-D "))
-            captions << Plain(literal.chopped(2));
+    for (const auto &[context, text] : ProgramTexts())
+        if (text.endsWith(" at $%1") && text.contains("-D "))
+            captions << Plain(text.chopped(2));
     EXPECT_EQ(captions.size(), 4);
     for (const QString &caption : captions)
         EXPECT_TRUE(quoted.contains(caption)) << caption.toStdString();
@@ -213,9 +80,9 @@ TEST_F(GuideItems, TabsOfFoundMapsStandInTheGuide) {
 namespace {
 QSet<QString> TextsOfSources() {
     QSet<QString> texts;
-    for (const QString &literal : LiteralsIn(ProgramSources())) {
-        texts << Plain(literal.section('|', 0, 0));
-        for (const QString &fragment : Fragments(literal))
+    for (const auto &[context, text] : ProgramTexts()) {
+        texts << Plain(text.section('|', 0, 0));
+        for (const QString &fragment : Fragments(text))
             texts << Plain(fragment);
     }
     return texts;
@@ -234,8 +101,9 @@ TEST_F(GuideItems, ThatAreQuotedAreInTheProgram) {
     QSet<QString> known = TextsOfSources();
     for (const TItem &item : AllItems())
         known << Plain(item.text);
-    // Signs, an example of the length, and messages with a text of the user's.
-    for (const char *text : {"%", ";", "32,768 bytes", "'TEXT' is not a valid integer value"})
+    // Its name, signs, an example of the length, and messages with a text of the user's.
+    for (const char *text :
+         {"Ferrolyn", "%", ";", "32,768 bytes", "'TEXT' is not a valid integer value"})
         known << text;
     for (const QString &file : HelpFiles())
         ExpectKnown(file, known);

@@ -4,7 +4,7 @@
 #include "forms/PageControl.h"
 #include "forms/TEmbedFm.h"
 #include "guide/Guide.h"
-#include "guide/SourceTexts.h"
+#include "guide/ProgramTexts.h"
 #include "maps/Maps.h"
 #include "maps/QuickChart.h"
 #include "maps/ToolWindow.h"
@@ -20,6 +20,11 @@
 #include <gmock/gmock.h>
 
 namespace {
+/// The classes of dialogs.
+QStringList DialogClasses() {
+    return FoundIn({"*.h"}, "^class (\\w+)\\s*:\\s*public TfrmBaseForm\\b");
+}
+
 class HelpLookup : public TPageTest {
 protected:
     HelpLookup() { TfrmBaseForm::ProgRegKey = "key"; }
@@ -116,7 +121,7 @@ TEST_F(HelpLookup, AskingTwiceShowsOneWindow) {
 }
 
 TEST_F(HelpLookup, EachDialogOfTheSourcesHasAText) {
-    const QStringList dialogClasses = ClassesDerivedFrom(ProgramSources(), "TfrmBaseForm");
+    const QStringList dialogClasses = DialogClasses();
     EXPECT_THAT(dialogClasses,
                 testing::IsSupersetOf(
                     {QString("TfrmKey"), QString("TfrmOffsetEntry"), QString("TfrmQuickChart")}));
@@ -127,7 +132,7 @@ TEST_F(HelpLookup, EachDialogOfTheSourcesHasAText) {
 
 TEST_F(HelpLookup, NoTextIsWithoutAWindow) {
     QStringList windows{"readme.txt", "frmToolWindow.txt"};
-    for (const QString &name : ClassesDerivedFrom(ProgramSources(), "TfrmBaseForm"))
+    for (const QString &name : DialogClasses())
         windows << name.mid(1) + ".txt";
     for (const QString &file : HelpFiles())
         EXPECT_TRUE(windows.contains(QFileInfo(file).fileName())) << file.toStdString();

@@ -1,12 +1,9 @@
 // Every question, message and error of the program is in the guide's last chapter, letter by
 // letter and with an explanation; and that chapter holds no others.
-#include "forms/baseform.h"
 #include "guide/Guide.h"
-#include "guide/SourceTexts.h"
+#include "guide/ProgramTexts.h"
+#include "guide/Windows.h"
 #include "maps/PasteBuffer.h"
-#include "model/ROMTypes.h"
-#include "pages/PageFixture.h"
-#include "spec/main.h"
 
 #include <algorithm>
 
@@ -16,44 +13,40 @@
 #include <gmock/gmock.h>
 
 namespace {
-/// Places that hand on a text made elsewhere. What is not here must have its text in the sources
-/// where it is shown.
-struct TRelay {
-    const char *file;
-    const char *how;
-    const char *argument; ///< nullptr: any
-    const char *why;
+/// Texts that are no messages, and that no control carries at the start: where they are shown.
+struct TOtherText {
+    const char *what; ///< a whole context, or one text
+    const char *where;
 };
 
-const TRelay relays[] = {
-    {"forms/Guard.cpp", "ShowMessage", "QString::fromUtf8(error.what())",
-     "an error, see its throw"},
-    {"forms/KelvaneNotebook.cpp", "throw EFormNotfound", nullptr, "the class has the text"},
-    {"spec/Application.cpp", "ShowMessage", "QString::fromStdString(text)", "ShowModelMessage"},
-    {"filedisplay/FileSearches.cpp", "InputBox", "prompt", "asked for below"},
-    {"forms/Help.cpp", "Fail", "file,file.errorString()", "the system's words"},
-    {"model/SafeFile.cpp", "Fail", nullptr, "the system's words"},
-    {"model/SafeFile.cpp", "throw TSystemFailure", nullptr, "the system's words"},
-    {"model/SafeFile.cpp", "throw failure", nullptr, "the system's words"},
-    {"model/SafeFile.cpp", "throw EFileError", nullptr, "ThrowFileError is handed it"},
-    {"maps/AreaChart.cpp", "title", nullptr, "of a series, not of a dialog"},
+const TOtherText otherTexts[] = {
+    {"MapCellNames", "cells of maps, for screen readers"},
+    {"MarkNames", "hints at coloured cells"},
+    {"TAreaChart", "charts, for screen readers"},
+    {"WhyNoMap", "in place of a map"},
+    {"F1 opens the guide: every button, message and colour.", "the line that changes"},
+    {"Every byte that you did not edit stays as it was.", "the line that changes"},
+    {"Keep a copy of the original image. Always.", "the line that changes"},
+    {"Small steps: change, log, listen, then change again.", "the line that changes"},
+    {"Check the rev limiter twice; the engine checks it once.", "the line that changes"},
+    {"2-D Fuel Map at $%1", "the tab of an added page"},
+    {"1-D Fuel Map at $%1", "the tab of an added page"},
+    {"2-D Timing Map at $%1", "the tab of an added page"},
+    {"1-D Timing Map at $%1", "the tab of an added page"},
+    {"map at $%1", "an added page, before its caption"},
+    {"Contents of the ROM image, 16 bytes a row", "the head of what is printed"},
+    {"Select Mapping Specification", "the list, when there are spec files"},
+    {"Map Offset: %1", "the title of Quick Map, once it has a map"},
+    {"Initializing.", "the splash, once it runs"},
+    {"(not specified)", "in the window Key, a part of a line"},
+    {"Lambda", "maps, for screen readers"},
+    {"Lambda Trim", "the left axis of a chart"},
+    {"Lam. Trim", "the left axis of a chart"},
+    {"empty", "cells, for screen readers"},
+    {"from", "Tools, when it subtracts"},
+    {"&Lookup", "a button that no window of the program has"},
+    {"Set Mapping Type", "the list, until it is filled"},
 };
-
-bool IsOf(const TRelay &relay, const TRaise &raise) {
-    return raise.file == relay.file && raise.how == relay.how &&
-           (!relay.argument || raise.argument == relay.argument);
-}
-
-bool IsRelay(const TRaise &raise) {
-    return std::any_of(std::begin(relays), std::end(relays),
-                       [&](const TRelay &relay) { return IsOf(relay, raise); });
-}
-
-std::string Place(const TRaise &raise) {
-    return (raise.file + ':' + QString::number(raise.line) + ' ' + raise.how + '(' +
-            raise.argument + ')')
-        .toStdString();
-}
 
 QStringList Headings() {
     QStringList headings;
@@ -67,15 +60,49 @@ bool AnyContains(const QStringList &headings, const QString &text) {
                        [&](const QString &heading) { return heading.contains(text); });
 }
 
-/// What the sources show that `headings` do not hold.
-QStringList Missing(const std::vector<TRaise> &raises, const QStringList &headings) {
+/// What of these texts `headings` do not hold.
+QStringList Missing(const QStringList &texts, const QStringList &headings) {
     QStringList missing;
-    for (const TRaise &raise : raises)
-        for (const QString &text : raise.texts)
-            for (const QString &fragment : Fragments(text))
-                if (!AnyContains(headings, OnOneLine(fragment)))
-                    missing << fragment;
+    for (const QString &text : texts)
+        for (const QString &fragment : Fragments(text))
+            if (!AnyContains(headings, OnOneLine(fragment)))
+                missing << fragment;
     return missing;
+}
+
+bool IsOf(const TOtherText &other, const TProgramText &text) {
+    return text.context == other.what || text.text == other.what;
+}
+
+bool IsOther(const TProgramText &text) {
+    return std::any_of(std::begin(otherTexts), std::end(otherTexts),
+                       [&](const TOtherText &other) { return IsOf(other, text); });
+}
+
+/// Whether a control shows the text, with anything in place of "%1" and the like.
+bool IsCarried(const QString &text, const QSet<QString> &carried) {
+    static const QRegularExpression filled("%L?[0-9]");
+    if (!text.contains(filled))
+        return carried.contains(text);
+    const QStringList pieces = text.split(filled);
+    QStringList escaped;
+    for (const QString &piece : pieces)
+        escaped << QRegularExpression::escape(piece);
+    const QRegularExpression form(QRegularExpression::anchoredPattern(escaped.join(".*")));
+    return std::any_of(carried.begin(), carried.end(),
+                       [&](const QString &one) { return form.match(one).hasMatch(); });
+}
+
+/// Every sentence among the literals of the sources.
+QStringList SourceSentences() {
+    static const QRegularExpression joint("(?<!\\\\)\"\\s*\"");
+    static const QRegularExpression sentence("[A-Za-z]{2}[,.:;]? [A-Za-z0-9]");
+    const QString literals = R"(//.*$|'(?:[^'\\]|\\.)'|((?:"(?:[^"\\]|\\.)*"\s*)+))";
+    QStringList sentences;
+    for (const QString &literal : FoundIn({"*.cpp", "*.h"}, literals))
+        if (literal.contains(sentence))
+            sentences << literal.trimmed().remove(joint).remove(QRegularExpression("^\"|\"$"));
+    return sentences;
 }
 
 /// The 18 refusals of "Paste Map".
@@ -101,34 +128,47 @@ QStringList PasteMessages() {
     return messages;
 }
 
-class GuideMessages : public TPageTest {};
+class GuideMessages : public TWindowsTest {
+protected:
+    /// What is no control's text and not accounted for otherwise.
+    QStringList Messages(const std::vector<TProgramText> &texts) {
+        const QSet<QString> carried = AllCarried();
+        QStringList messages;
+        for (const TProgramText &text : texts)
+            if (!IsOther(text) && !IsCarried(text.text, carried))
+                messages << text.text;
+        return messages;
+    }
+};
 } // namespace
 
-TEST(GuideMessageTexts, StandInTheGuide) {
-    EXPECT_EQ(Missing(RaisesIn(ProgramSources()), Headings()), QStringList());
+TEST_F(GuideMessages, StandInTheGuide) {
+    const QStringList messages = Messages(ProgramTexts());
+    EXPECT_GT(messages.size(), 60);
+    EXPECT_EQ(Missing(messages, Headings()), QStringList());
 }
 
-TEST(GuideMessageTexts, HaveTheirTextWhereTheTestSeesIt) {
-    for (const TRaise &raise : RaisesIn(ProgramSources())) {
-        const bool seen =
-            std::any_of(raise.texts.begin(), raise.texts.end(), [](const QString &text) {
-                return text.isEmpty() || !Fragments(text).isEmpty();
-            });
-        EXPECT_TRUE(seen || IsRelay(raise)) << Place(raise) << " shows a text from elsewhere";
-    }
+TEST_F(GuideMessages, ThatAreNewAreMissed) {
+    EXPECT_EQ(Missing(Messages({{"Model", "Out of petrol"}}), Headings()),
+              QStringList("Out of petrol"));
+    EXPECT_EQ(Messages({{"TfrmMaps", "Commit"}}), QStringList()) << "a button";
 }
 
-TEST(GuideMessageTexts, OfRelaysAreStillThere) {
-    const std::vector<TRaise> raises = RaisesIn(ProgramSources());
-    for (const TRelay &relay : relays)
-        EXPECT_TRUE(std::any_of(raises.begin(), raises.end(),
-                                [&](const TRaise &raise) { return IsOf(relay, raise); }))
-            << relay.file << ' ' << relay.how << ": " << relay.why;
+TEST(GuideMessageTexts, ThatAreSaidToBeShownOtherwiseAreThere) {
+    const std::vector<TProgramText> texts = ProgramTexts();
+    for (const TOtherText &other : otherTexts)
+        EXPECT_TRUE(std::any_of(texts.begin(), texts.end(),
+                                [&](const TProgramText &text) { return IsOf(other, text); }))
+            << other.what << ": " << other.where;
 }
 
-TEST(GuideMessageTexts, ThatAreNewAreMissed) {
-    const auto raises = RaisesIn({{"a.cpp", TokensOf(R"(ShowMessage(tr("Out of petrol"));)")}});
-    EXPECT_EQ(Missing(raises, Headings()), QStringList("Out of petrol"));
+TEST(GuideMessageTexts, OfTheSourcesGoThroughTheTranslation) {
+    QStringList known{"Other Maps"}; // a section of spec files
+    for (const TProgramText &text : ProgramTexts())
+        known << QString(text.text).replace('\\', "\\\\").replace('"', "\\\"");
+    for (const QString &sentence : SourceSentences())
+        EXPECT_TRUE(known.contains(sentence)) << sentence.toStdString();
+    EXPECT_GT(SourceSentences().size(), 100);
 }
 
 TEST(GuideMessageTexts, OfPastingStandThereInFull) {
@@ -140,8 +180,6 @@ TEST(GuideMessageTexts, OfPastingStandThereInFull) {
 }
 
 TEST_F(GuideMessages, PromptsOfTheSearchParametersStandThere) {
-    TfrmBaseForm::ProgRegKey = "key";
-    TfrmNotebook window;
     const QStringList headings = Headings();
     const auto &menu = FindControl<QMenu>(window, "SetSearchParameters1");
     for (QAction *item : menu.actions()) {
@@ -151,13 +189,12 @@ TEST_F(GuideMessages, PromptsOfTheSearchParametersStandThere) {
     EXPECT_EQ(dialogs.inputBoxes.size(), 6);
     for (const QString &box : dialogs.inputBoxes)
         EXPECT_TRUE(headings.contains(box.section('|', 1, 1))) << box.toStdString();
-    TfrmBaseForm::ProgRegKey.clear();
 }
 
 TEST(GuideMessageEntries, AreTheProgramsOwn) {
     QStringList fragments = PasteMessages();
-    for (const QString &literal : LiteralsIn(ProgramSources()))
-        fragments << Fragments(literal);
+    for (const TProgramText &text : ProgramTexts())
+        fragments << Fragments(text.text);
     // Long ones first, so that none is taken for a piece of itself.
     std::sort(fragments.begin(), fragments.end(),
               [](const QString &a, const QString &b) { return a.size() > b.size(); });
