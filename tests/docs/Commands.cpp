@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <regex>
 #include <sstream>
 
@@ -10,7 +11,8 @@ using TWords = std::vector<std::string>;
 using TFindings = std::vector<std::string>;
 
 bool Matches(const std::string &text, const char *pattern) {
-    return std::regex_match(text, std::regex(pattern));
+    static std::map<std::string, std::regex> expressions; // making one takes longer than its use
+    return std::regex_match(text, expressions.try_emplace(pattern, pattern).first->second);
 }
 
 TWords Words(const std::string &command) {

@@ -20,14 +20,14 @@ bool IsSource(const fs::path &file) {
 }
 
 /// The file name pattern as a regular expression.
-std::regex Pattern(const std::string &name) {
+std::string Expression(const std::string &name) {
     std::string expression;
     for (const char c : name)
         expression += c == '*' ? "[^/]*"
                       : std::isalnum(static_cast<unsigned char>(c)) || c == '/'
                           ? std::string(1, c)
                           : std::string("\\") + c;
-    return std::regex(expression);
+    return expression;
 }
 
 bool StandsIn(const std::string &word, const std::string &text) {
@@ -87,17 +87,14 @@ bool TTree::HasFile(const std::string &name) const {
         for (const char *ending : {"", ".h", ".cpp"})
             if (files_.contains(folder + plain + ending))
                 return true;
-    if (plain.find('*') == std::string::npos && plain.find('/') != std::string::npos)
-        return false;
-    const std::regex pattern = Pattern(plain.find('/') == std::string::npos ? "*/" + plain : plain);
-    for (const std::string &file : files_) {
-        const std::size_t folder = file.rfind('/');
-        const std::string inAnyFolder =
-            folder == std::string::npos ? "/" + file : file.substr(folder);
-        if (std::regex_match(plain.find('/') == std::string::npos ? inAnyFolder : file, pattern))
-            return true;
-    }
-    return false;
+    const bool inAnyFolder = plain.find('/') == std::string::npos;
+    if (plain.find('*') == std::string::npos)
+        return inAnyFolder &&
+               std::any_of(files_.begin(), files_.end(),
+                           [last = '/' + plain](const auto &file) { return file.ends_with(last); });
+    const std::regex pattern((inAnyFolder ? "(.*/)?" : "") + Expression(plain));
+    return std::any_of(files_.begin(), files_.end(),
+                       [&](const std::string &file) { return std::regex_match(file, pattern); });
 }
 
 bool TTree::Installs(const std::string &path) const {
