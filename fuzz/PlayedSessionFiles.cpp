@@ -10,7 +10,6 @@
 #include <QTimer>
 
 namespace {
-const QString contentsPage = "frmFileContents";
 constexpr std::size_t mostPages = 12;
 constexpr std::size_t mostSpecs = 12;
 
