@@ -1,7 +1,5 @@
 #include "spec/splash.h"
 
-#include "spec/SplashLogo.h"
-
 #include <QFrame>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -61,7 +59,7 @@ TfrmSplash::TfrmSplash()
     QFrame *panel = NewPanel(this);
     QLabel *logo = NewLogo(panel);
     logo->setGeometry(panel->contentsRect());
-    logo->setPixmap(SplashLogo(logo->size(), screen()->devicePixelRatio()));
+    logo->setPixmap(QPixmap(":/splash/logo.png")); // on finer screens logo@2x.png or logo@3x.png
     lblStatus_ = NewStatus(panel);
 }
 

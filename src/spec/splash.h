@@ -1,5 +1,5 @@
 // The splash window: the logo and a status text whose dots come and go. It moves only when told to;
-// the thread that drives it is in SplashScreen.h, the picture in SplashLogo.h.
+// the thread that drives it is in SplashScreen.h. The logo is drawn by tools/logo.
 #pragma once
 
 #include <QLabel>

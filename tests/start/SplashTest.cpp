@@ -1,6 +1,6 @@
 #include "spec/splash.h"
 
-#include "spec/SplashLogo.h"
+#include "logo/Logo.h"
 
 #include <QFrame>
 #include <QImage>
@@ -93,16 +93,19 @@ TEST(Splash, DotsGrowTo25ShrinkToNoneAndGrowAgain) {
     }
 }
 
-TEST(SplashLogo, IsMadeForTheDevicePixels) {
-    for (const qreal ratio : {1.0, 1.5, 2.0}) {
-        const QPixmap picture = SplashLogo({490, 150}, ratio);
-        EXPECT_EQ(picture.size(), (QSizeF(490, 150) * ratio).toSize());
-        EXPECT_EQ(picture.devicePixelRatio(), ratio);
-    }
+// Run at scales 1, 2 and 3.
+TEST(SplashLogo, IsShownAsItWasDrawnForThisScale) {
+    TfrmSplash splash;
+    const int scale = qRound(splash.devicePixelRatio());
+    splash.findChild<QLabel *>("lblStatus")->hide();
+    const QImage shown = splash.findChild<QLabel *>("imgLogo")->grab().toImage();
+    const QImage drawn = DrawLogo(scale);
+    ASSERT_EQ(shown.size(), drawn.size());
+    EXPECT_TRUE(shown.convertToFormat(drawn.format()) == drawn);
 }
 
 TEST(SplashLogo, ShowsAGlowingMapOnADarkPanel) {
-    const QImage picture = SplashLogo({490, 150}, 1).toImage();
+    const QImage picture(":/splash/logo.png");
     EXPECT_LT(picture.pixelColor(5, 145).lightness(), 40); // where the status text goes
     const QColor peak = picture.pixelColor(403, 33);
     EXPECT_GT(peak.lightness(), 120);

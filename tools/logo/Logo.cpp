@@ -1,4 +1,4 @@
-#include "spec/SplashLogo.h"
+#include "logo/Logo.h"
 
 #include <algorithm>
 #include <array>
@@ -242,13 +242,11 @@ void DrawBackground(QPainter &painter) {
 }
 } // namespace
 
-QPixmap SplashLogo(QSize size, qreal pixelRatio) {
-    QPixmap picture((QSizeF(size) * pixelRatio).toSize());
-    picture.setDevicePixelRatio(pixelRatio);
-    picture.fill(Qt::black);
+QImage DrawLogo(int scale) {
+    QImage picture(logoSize * scale, QImage::Format_RGB32);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(size.width() / drawnSize.width(), size.height() / drawnSize.height());
+    painter.scale(picture.width() / drawnSize.width(), picture.height() / drawnSize.height());
     DrawBackground(painter);
     DrawBackWalls(painter);
     DrawMap(painter);
