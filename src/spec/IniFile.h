@@ -1,5 +1,5 @@
-// INI text: sections, keys, values. Reads and changes single values and keeps every other line as
-// it stands, comments and unknown lines included. Numbers in values are Numbers.h's.
+// Reading of INI text: sections, keys, values. Numbers in values are Numbers.h's; the program
+// writes INI text as spec files only (SpecFile.h).
 #pragma once
 
 #include <cstddef>
@@ -34,22 +34,6 @@ public:
     std::int32_t ReadInteger(std::string_view section, std::string_view key,
                              std::int32_t fallback) const;
 
-    /// Replaces the value that ReadString finds; else adds the key behind the section's last line,
-    /// else both at the end of the text. Line breaks in `value` become blanks, quotes are put round
-    /// it where reading would lose its ends. The names must be fit for a line of their own.
-    void WriteString(std::string_view section, std::string_view key, std::string_view value);
-
-    /// The whole text as UTF-8, every line ended.
-    std::string Text() const;
-
-    /// Writes the text over `path`; on an error, EFileError, the old file stays as it was.
-    void Save(const std::filesystem::path &path) const;
-
 private:
-    std::size_t FindSection(std::string_view section) const;
-    std::size_t SectionEnd(std::size_t header) const;
-    std::size_t FindKey(std::size_t header, std::string_view key) const;
-    void Insert(std::size_t at, std::string line);
-
     std::vector<std::string> lines_; // without LF; a CR stays
 };

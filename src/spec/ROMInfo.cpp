@@ -229,8 +229,8 @@ void TfrmROMInformation::WriteSpec(const fs::path &target) {
             WriteFileSafely(target, {}); // what cannot be created is told before the question
         const QString label =
             Dialogs().InputBox(tr("Display label"), tr("Display As: "), tr("User Defined"));
-        NewSpecFile(label.toStdString(), workspace_.fuelMapSet, workspace_.timingMapSet)
-            .Save(target);
+        SaveNewSpecFile(target, label.toStdString(), workspace_.fuelMapSet,
+                        workspace_.timingMapSet);
     } catch (...) {
         if (isNew)
             RemoveIfEmpty(target);

@@ -109,6 +109,14 @@ bool PlaceThroughPointers(const TIniFile &ini, std::int32_t primary, TFuelMapSet
     return true;
 }
 
+void WriteSection(std::string &ini, std::string_view name) {
+    ini.append("[").append(name).append("]\n");
+}
+
+void WriteOffset(std::string &ini, std::string_view key, std::int32_t offset) {
+    ini.append(key).append("=").append(FormatOffset(offset)).append("\n");
+}
+
 } // namespace
 
 TSpecScan ScanSpecFiles(const fs::path &folder) {
@@ -166,21 +174,29 @@ void ReadTimingConstants(const TIniFile &ini) {
     TimingConstants().subtractor = read("timing_subtractor", FormatReal("0.0", 12.7));
 }
 
-void WriteMapOffsets(TIniFile &ini, const TMapSet &mapSet, std::string_view section,
+void WriteMapOffsets(std::string &ini, const TMapSet &mapSet, std::string_view section,
                      std::string_view ptKey, std::string_view idleKey, std::string_view wotKey) {
-    ini.WriteString(section, ptKey, FormatOffset(mapSet.PTMap->GetLocation()));
-    ini.WriteString(section, idleKey, FormatOffset(mapSet.IdleMap->GetLocation()));
-    ini.WriteString(section, wotKey, FormatOffset(mapSet.WOTMap->GetLocation()));
+    WriteSection(ini, section);
+    WriteOffset(ini, ptKey, mapSet.PTMap->GetLocation());
+    WriteOffset(ini, idleKey, mapSet.IdleMap->GetLocation());
+    WriteOffset(ini, wotKey, mapSet.WOTMap->GetLocation());
 }
 
-TIniFile NewSpecFile(std::string label, const TFuelMapSet &fuelMaps,
-                     const TTimingMapSet &timingMaps) {
-    std::replace(label.begin(), label.end(), '\n', ' ');
-    std::replace(label.begin(), label.end(), '\r', ' ');
-    TIniFile ini("; " + label);
+std::string NewSpecFile(std::string label, const TFuelMapSet &fuelMaps,
+                        const TTimingMapSet &timingMaps) {
+    std::replace_if(
+        label.begin(), label.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    std::string ini = "; " + label + '\n';
     WriteMapOffsets(ini, fuelMaps, fuelSection, "pt_offset", "idle_offset", "wot_offset");
     WriteMapOffsets(ini, timingMaps, timingSection, "pt_offset", "idle_offset", "wot_offset");
+    WriteSection(ini, otherSection);
     // An unplaced rev limiter is written as $FFFFFFFF, which reads back as not placed.
-    ini.WriteString(otherSection, revLimitKey, FormatOffset(fuelMaps.revLimiter.offset));
+    WriteOffset(ini, revLimitKey, fuelMaps.revLimiter.offset);
     return ini;
+}
+
+void SaveNewSpecFile(const fs::path &path, const std::string &label, const TFuelMapSet &fuelMaps,
+                     const TTimingMapSet &timingMaps) {
+    const std::string ini = NewSpecFile(label, fuelMaps, timingMaps);
+    WriteFileSafely(path, std::vector<std::uint8_t>(ini.begin(), ini.end()));
 }

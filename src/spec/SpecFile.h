@@ -76,11 +76,16 @@ bool PlaceFromSpec(const TIniFile &ini, TFuelMapSet &fuelMaps, TTimingMapSet &ti
 /// subtractor only itself.
 void ReadTimingConstants(const TIniFile &ini);
 
-/// Writes the locations of the set's three maps under the keys given; $0000 for an unplaced map.
-void WriteMapOffsets(TIniFile &ini, const TMapSet &mapSet, std::string_view section,
+/// Adds a section with the locations of the set's three maps under the keys given; $0000 for an
+/// unplaced map.
+void WriteMapOffsets(std::string &ini, const TMapSet &mapSet, std::string_view section,
                      std::string_view ptKey, std::string_view idleKey, std::string_view wotKey);
 
-/// A new spec file in the direct form, to be saved: the label's line, the locations of the six maps
+/// The text of a new spec file in the direct form: the label's line, the locations of the six maps
 /// and the rev limiter's offset. Line breaks in `label` (UTF-8) become blanks.
-TIniFile NewSpecFile(std::string label, const TFuelMapSet &fuelMaps,
-                     const TTimingMapSet &timingMaps);
+std::string NewSpecFile(std::string label, const TFuelMapSet &fuelMaps,
+                        const TTimingMapSet &timingMaps);
+
+/// Writes that text over `path`; on an error, EFileError, the old file stays as it was.
+void SaveNewSpecFile(const std::filesystem::path &path, const std::string &label,
+                     const TFuelMapSet &fuelMaps, const TTimingMapSet &timingMaps);

@@ -99,7 +99,7 @@ protected:
     static TFileBytes BytesOf(const std::string &name, int turn) {
         if (name == savedImage)
             return ImageOf(turn);
-        const std::string text = SpecOf(turn).Text();
+        const std::string text = NewSpecFile(LabelOf(turn), TFuelMapSet(), TTimingMapSet());
         return {text.begin(), text.end()};
     }
     std::size_t RemainsCount() const { return folder.Names().size() - 2; }

@@ -54,10 +54,8 @@ TSavingRun::TSavingRun(const TSaving &saving)
     std::copy(newBytes_.begin(), newBytes_.end(), image_->data.begin());
     image_->size = imageSize;
     image_->modified = true;
-    for (int i = 0; i < 100; ++i)
-        ini_.WriteString("Main", "key" + std::to_string(i), std::string(40, 'x'));
     if (saving.spec) {
-        const std::string text = ini_.Text();
+        const std::string text = NewSpecFile(label_, fuel_, timing_);
         newBytes_.assign(text.begin(), text.end());
     }
     if (saving.existed) {
@@ -76,7 +74,7 @@ std::string TSavingRun::RemainsName() {
 
 void TSavingRun::SaveIt() {
     if (saving_.spec)
-        ini_.Save(Named());
+        SaveNewSpecFile(Named(), label_, fuel_, timing_);
     else
         image_->SaveToFile(Named());
 }

@@ -3,7 +3,7 @@
 
 #include "inject/FaultInjection.h"
 #include "model/ROMImage.h"
-#include "spec/IniFile.h"
+#include "spec/SpecFile.h"
 #include "support/TemporaryFolder.h"
 
 #include <cstdint>
@@ -71,6 +71,8 @@ private:
     TCalls made_;
     int hits_ = 0;
     TCalls hitCalls_;
-    std::unique_ptr<TROMImage> image_; // too large for a stack
-    TIniFile ini_{"; Label\n"};
+    std::unique_ptr<TROMImage> image_;                 // too large for a stack
+    const std::string label_ = std::string(5000, 'x'); ///< of the spec file, which makes it long
+    const TFuelMapSet fuel_;
+    const TTimingMapSet timing_;
 };

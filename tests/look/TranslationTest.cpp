@@ -126,10 +126,7 @@ TEST_F(TTranslationTest, WhatIsKeptOrLookedForIsNot) {
     SetUpApplication();
     TFuelMapSet fuel;
     TTimingMapSet timing;
-    const TTemporaryFolder other;
-    NewSpecFile("label", fuel, timing).Save(other / "A.SPC");
-    const auto bytes = GetFile(other / "A.SPC");
-    const std::string text(bytes.begin(), bytes.end());
+    const std::string text = NewSpecFile("label", fuel, timing);
     EXPECT_EQ(text.find("[["), std::string::npos);
     for (const char *kept : {"; label\n", "[Fuel Maps]\n", "[Timing Maps]\n", "[Other Maps]\n",
                              "pt_offset=", "revlimit_offset="})

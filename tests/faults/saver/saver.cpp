@@ -3,6 +3,7 @@
 // Writes one byte to its output after each round, and the error, with exit code 1, when a save
 // fails.
 #include "Alternating.h"
+#include "spec/SpecFile.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -19,7 +20,7 @@ void SaveRound(const std::filesystem::path &folder, TROMImage &image, int turn) 
     std::copy(bytes.begin(), bytes.end(), image.data.begin());
     image.size = static_cast<std::int32_t>(bytes.size());
     image.SaveToFile(folder / savedImage);
-    SpecOf(turn).Save(folder / savedSpec);
+    SaveNewSpecFile(folder / savedSpec, LabelOf(turn), TFuelMapSet(), TTimingMapSet());
 }
 
 } // namespace
