@@ -1,8 +1,10 @@
 #include "spec/splash.h"
 
+#include "forms/Named.h"
+
 #include <QFrame>
 #include <QScreen>
-#include <QVBoxLayout>
+#include <QtMath>
 
 namespace {
 constexpr QSize clientSize(492, 151);
@@ -11,8 +13,7 @@ constexpr QRect statusPlace(25, 121, 300, 20);
 
 /// A raised panel whose bevel is kept as dark as the picture.
 QFrame *NewPanel(QWidget *window) {
-    auto *panel = new QFrame(window);
-    panel->setObjectName("Panel1");
+    auto *panel = Named("Panel1", new QFrame(window)); // all of the window
     panel->setFrameStyle(QFrame::Panel | QFrame::Raised);
     panel->setGeometry(QRect(QPoint(0, 0), clientSize));
     QPalette colours = panel->palette();
@@ -22,18 +23,18 @@ QFrame *NewPanel(QWidget *window) {
     return panel;
 }
 
-QLabel *NewLogo(QWidget *panel) {
-    auto *logo = new QLabel(panel);
-    logo->setObjectName("imgLogo");
+void AddLogo(QFrame *panel) {
+    auto *logo = Named("imgLogo", new QLabel(panel));
     logo->setAccessibleName("Ferrolyn");
     logo->setScaledContents(true);
     logo->setAlignment(Qt::AlignCenter);
-    return logo;
+    logo->setGeometry(panel->contentsRect());
+    const int scale = qBound(1, qCeil(logo->devicePixelRatio()), 3);
+    logo->setPixmap(QPixmap(QString(":/splash/logo@%1x.png").arg(scale)));
 }
 
 QLabel *NewStatus(QWidget *panel) {
-    auto *status = new QLabel(panel);
-    status->setObjectName("lblStatus");
+    auto *status = Named("lblStatus", new QLabel(panel));
     status->setTextFormat(Qt::PlainText);
     status->setGeometry(statusPlace);
     // At the left in every language: the picture at the right would show through.
@@ -57,25 +58,18 @@ TfrmSplash::TfrmSplash()
     setAttribute(Qt::WA_QuitOnClose, false);    // neither keeps the program alive nor ends it
     setFixedSize(clientSize);
     QFrame *panel = NewPanel(this);
-    QLabel *logo = NewLogo(panel);
-    logo->setGeometry(panel->contentsRect());
-    logo->setPixmap(QPixmap(":/splash/logo.png")); // on finer screens logo@2x.png or logo@3x.png
+    AddLogo(panel);
     lblStatus_ = NewStatus(panel);
 }
 
 void TfrmSplash::showEvent(QShowEvent *event) {
     QWidget::showEvent(event);
-    CentreOnScreen();
+    move(screen()->geometry().center() - rect().center());
     if (statusText.isEmpty())
         statusText = tr("Initializing.");
     lblStatus_->setLayoutDirection(statusText.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     lblStatus_->setText(statusText);
     direction = "forward";
-}
-
-void TfrmSplash::CentreOnScreen() {
-    const QRect whole = screen()->geometry();
-    move(whole.center() - rect().center());
 }
 
 void TfrmSplash::AnimateStatus() {

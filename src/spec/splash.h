@@ -20,7 +20,5 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    void CentreOnScreen();
-
     QLabel *lblStatus_ = nullptr; ///< child of the panel
 };

@@ -105,7 +105,7 @@ TEST(SplashLogo, IsShownAsItWasDrawnForThisScale) {
 }
 
 TEST(SplashLogo, ShowsAGlowingMapOnADarkPanel) {
-    const QImage picture(":/splash/logo.png");
+    const QImage picture(":/splash/logo@1x.png");
     EXPECT_LT(picture.pixelColor(5, 145).lightness(), 40); // where the status text goes
     const QColor peak = picture.pixelColor(403, 33);
     EXPECT_GT(peak.lightness(), 120);

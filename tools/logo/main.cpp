@@ -12,10 +12,8 @@ int main(int argc, char **argv) {
         std::cerr << "usage: ferrolyn_logo FOLDER\n";
         return 2;
     }
-    const QString folder = QString::fromLocal8Bit(argv[1]);
-    for (const auto &[scale, name] :
-         {std::pair(1, "logo.png"), {2, "logo@2x.png"}, {3, "logo@3x.png"}}) {
-        QImageWriter writer(folder + "/" + name);
+    for (const int scale : {1, 2, 3}) {
+        QImageWriter writer(QString("%1/logo@%2x.png").arg(argv[1]).arg(scale));
         writer.setCompression(100);
         if (!writer.write(DrawLogo(scale))) {
             std::cerr << "cannot write " << writer.fileName().toStdString() << ": "
