@@ -4,12 +4,15 @@
 
 #include <exception>
 
+#include <QCoreApplication>
+
 void ShowCurrentError() {
     try {
         throw;
     } catch (const std::exception &error) {
         Dialogs().ShowMessage(QString::fromUtf8(error.what()));
     } catch (...) {
-        Dialogs().ShowMessage(QObject::tr("An unknown error has occurred"));
+        Dialogs().ShowMessage(
+            QCoreApplication::translate("Guard", "An unknown error has occurred"));
     }
 }

@@ -3,6 +3,7 @@
 #include "forms/Access.h"
 #include "forms/Guard.h"
 #include "forms/Hourglass.h"
+#include "forms/Named.h"
 #include "forms/OtherWindows.h"
 #include "forms/PageControl.h"
 #include "forms/PlainScroll.h"
@@ -22,21 +23,13 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
-namespace {
-QPushButton *NewButton(const QString &name, const QString &caption, QWidget *parent) {
-    auto *button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    return button;
-}
-} // namespace
-
 TfrmKelvaneNotebook::TfrmKelvaneNotebook(QWidget *parent)
     : QMainWindow(parent),
       PageControl1(new TPageControl(this)),
-      btnPrint(NewButton("btnPrint", tr("Print"), this)),
-      btnClose(NewButton("btnClose", tr("Close"), this)),
-      btnSave(NewButton("btnSave", tr("Save"), this)),
-      btnCancel(NewButton("btnCancel", tr("Cancel"), this)),
+      btnPrint(Named("btnPrint", new QPushButton(tr("Print"), this))),
+      btnClose(Named("btnClose", new QPushButton(tr("Close"), this))),
+      btnSave(Named("btnSave", new QPushButton(tr("Save"), this))),
+      btnCancel(Named("btnCancel", new QPushButton(tr("Cancel"), this))),
       StatusBar1(new QStatusBar(this)),
       pnlButtons_(new QWidget(this)) {
     LayOut();

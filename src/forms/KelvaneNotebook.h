@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include <QCoreApplication>
 #include <QMainWindow>
 
 class QPushButton;
@@ -18,8 +19,9 @@ class TPageControl;
 
 /// The host was asked for the page of a tab that has none: "Form Not Found".
 class EFormNotfound : public std::runtime_error {
+    Q_DECLARE_TR_FUNCTIONS(EFormNotfound)
 public:
-    EFormNotfound() : std::runtime_error(QObject::tr("Form Not Found").toStdString()) {}
+    EFormNotfound() : std::runtime_error(tr("Form Not Found").toStdString()) {}
 };
 
 class TfrmKelvaneNotebook : public QMainWindow {

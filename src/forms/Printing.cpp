@@ -25,14 +25,13 @@ void TPrinting::RunSetup() {
 void TPrinting::Print(const QTextDocument &text, const QString &jobTitle) {
     QPrinter &printer = Printer();
     if (!printer.isValid())
-        throw EFileError(QObject::tr("There is no printer").toStdString());
+        throw EFileError(tr("There is no printer").toStdString());
     printer.setPageOrientation(QPageLayout::Landscape);
     printer.setDocName(jobTitle);
     text.print(&printer);
     if (printer.printerState() == QPrinter::Error) {
         const QString file = printer.outputFileName();
         const QString target = file.isEmpty() ? printer.printerName() : file;
-        throw EFileError(
-            QObject::tr("The printer does not take the job: %1").arg(target).toStdString());
+        throw EFileError(tr("The printer does not take the job: %1").arg(target).toStdString());
     }
 }

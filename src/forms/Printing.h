@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include <QCoreApplication>
 #include <QString>
 
 class QPrinter;
@@ -22,6 +23,7 @@ public:
 /// The toolkit's printing. The printer is made at the first use, because looking for printers takes
 /// time.
 class TPrinting : public IPrinting {
+    Q_DECLARE_TR_FUNCTIONS(TPrinting)
 public:
     TPrinting();
     ~TPrinting() override;

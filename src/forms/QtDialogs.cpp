@@ -73,12 +73,6 @@ TAnswer AnswerOf(QMessageBox::StandardButton button) {
     return button == QMessageBox::No ? TAnswer::No : TAnswer::Cancel;
 }
 
-/// "Description (*.EXT)|*.EXT" in the toolkit's notation, which carries the patterns in the
-/// brackets alone.
-QString ToolkitFilter(const QString &filter) {
-    return filter.section('|', 0, 0);
-}
-
 /// So many pixels make a title readable under a window manager, which adds an icon and buttons.
 int TitleWidth(const QString &title, QFont font) {
     font.setBold(true);
@@ -103,7 +97,7 @@ void MakeRoomForNames(QFileDialog &dialog) {
 void Prepare(QFileDialog &dialog, const QString &filter) {
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    dialog.setNameFilter(ToolkitFilter(filter));
+    dialog.setNameFilter(filter.section('|', 0, 0)); // the toolkit reads the patterns in brackets
     MakeRoomForNames(dialog);
 }
 

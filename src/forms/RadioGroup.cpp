@@ -2,6 +2,8 @@
 
 #include "forms/Guard.h"
 
+#include <algorithm>
+
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QHelpEvent>
@@ -13,7 +15,6 @@
 namespace {
 constexpr int leastLetters = 8; // of a label that stay readable in a narrow group
 constexpr int mostLetters = 60; // that a label may claim; longer ones are cut
-constexpr QChar replacement = QChar::ReplacementCharacter;
 
 bool IsControl(QChar letter) {
     return letter.category() == QChar::Other_Control ||
@@ -23,9 +24,7 @@ bool IsControl(QChar letter) {
 
 /// The text as a button shows it letter by letter.
 QString ButtonText(QString text) {
-    for (QChar &letter : text)
-        if (IsControl(letter))
-            letter = replacement;
+    std::replace_if(text.begin(), text.end(), IsControl, QChar(QChar::ReplacementCharacter));
     return text.replace('&', "&&");
 }
 
@@ -92,11 +91,11 @@ TRadioGroup::TRadioGroup(const QString &title, int columns, QWidget *parent)
 TRadioGroup::~TRadioGroup() = default;
 
 void TRadioGroup::Clear() {
-    for (const TItem &item : items_) {
-        buttons_->removeButton(item.button);
+    for (QAbstractButton *button : buttons_->buttons()) {
+        buttons_->removeButton(button);
         // The click of this very button may be the caller.
-        item.button->setParent(retired_.get());
-        item.button->deleteLater();
+        button->setParent(retired_.get());
+        button->deleteLater();
     }
     items_.clear();
 }
@@ -117,7 +116,7 @@ void TRadioGroup::AddItem(const QString &text) {
         if (checked && !button->inClick)
             Guarded(chosen);
     });
-    items_.push_back({text, button});
+    items_ << text;
     OneTabStop();
     Arrange();
     button->show();
@@ -126,20 +125,15 @@ void TRadioGroup::AddItem(const QString &text) {
 void TRadioGroup::Arrange() {
     const int rows = (ItemCount() + columns_ - 1) / columns_;
     for (int index = 0; index < ItemCount(); ++index)
-        grid_->addWidget(items_[std::size_t(index)].button, index % rows, index / rows);
+        grid_->addWidget(buttons_->button(index), index % rows, index / rows);
 }
 
 /// The chosen item, or the first one; the arrow keys go to the others. The toolkit sees to it only
 /// once the user has chosen.
 void TRadioGroup::OneTabStop() {
     const int stop = qMax(ItemIndex(), 0);
-    for (int index = 0; index < ItemCount(); ++index)
-        items_[std::size_t(index)].button->setFocusPolicy(index == stop ? Qt::StrongFocus
-                                                                        : Qt::ClickFocus);
-}
-
-QString TRadioGroup::Item(int index) const {
-    return index >= 0 && index < ItemCount() ? items_[std::size_t(index)].text : QString();
+    for (QAbstractButton *button : buttons_->buttons())
+        button->setFocusPolicy(buttons_->id(button) == stop ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 int TRadioGroup::ItemIndex() const {
@@ -147,11 +141,10 @@ int TRadioGroup::ItemIndex() const {
 }
 
 void TRadioGroup::SetItemIndex(int index) {
-    const QSignalBlocker silent(buttons_);
     buttons_->setExclusive(false);
-    for (int i = 0; i < ItemCount(); ++i) {
-        const QSignalBlocker quiet(items_[std::size_t(i)].button);
-        items_[std::size_t(i)].button->setChecked(i == index);
+    for (QAbstractButton *button : buttons_->buttons()) {
+        const QSignalBlocker quiet(button);
+        button->setChecked(buttons_->id(button) == index);
     }
     buttons_->setExclusive(true);
     OneTabStop();

@@ -4,13 +4,12 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 #include <QGroupBox>
+#include <QStringList>
 
 class QButtonGroup;
 class QGridLayout;
-class QRadioButton;
 
 class TRadioGroup : public QGroupBox {
     Q_OBJECT
@@ -33,7 +32,7 @@ public:
     int ItemCount() const { return int(items_.size()); }
 
     /// The text as it was added. `index` from 0 to ItemCount() - 1, else empty.
-    QString Item(int index) const;
+    QString Item(int index) const { return items_.value(index); }
 
     /// The selected item, -1 for none.
     int ItemIndex() const;
@@ -42,17 +41,12 @@ public:
     void SetItemIndex(int index);
 
 private:
-    struct TItem {
-        QString text;
-        QRadioButton *button; ///< a child of the group
-    };
-
     void Arrange();
     void OneTabStop();
 
     int columns_;
     QGridLayout *grid_;
     QButtonGroup *buttons_;
-    std::vector<TItem> items_;
+    QStringList items_;                ///< the texts; the ids of their buttons are the indices
     std::unique_ptr<QWidget> retired_; ///< removed buttons, until control leaves their handlers
 };

@@ -3,6 +3,7 @@
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
 #include "forms/Help.h"
+#include "forms/Named.h"
 #include "forms/TabOrder.h"
 
 #include <QFrame>
@@ -18,12 +19,6 @@ namespace {
 constexpr QLatin1String editPrefix("edt");
 constexpr int gapAboveButtons = 6; // on top of the layout's own spacing
 
-QPushButton *NewButton(const QString &name, const QString &caption, QWidget *parent) {
-    auto *button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    return button;
-}
-
 QString Condition(const QLineEdit &edit, bool partial) {
     const QString name = edit.objectName().mid(editPrefix.size());
     const QString text = QString(edit.text()).replace('\'', "''");
@@ -35,13 +30,12 @@ QString TfrmBaseForm::ProgRegKey;
 
 TfrmBaseForm::TfrmBaseForm(QWidget *parent, int mode)
     : QDialog(parent),
-      pnlMain(new QFrame(this)),
-      btnOK(NewButton("btnOK", tr("&Ok"), pnlMain)),
-      btnCancel(NewButton("btnCancel", tr("Cancel"), pnlMain)),
-      btnFilter(NewButton("btnFilter", tr("Filter"), pnlMain)),
-      btnHelp(NewButton("btnHelp", tr("Help"), pnlMain)),
+      pnlMain(Named("pnlMain", new QFrame(this))),
+      btnOK(Named("btnOK", new QPushButton(tr("&Ok"), pnlMain))),
+      btnCancel(Named("btnCancel", new QPushButton(tr("Cancel"), pnlMain))),
+      btnFilter(Named("btnFilter", new QPushButton(tr("Filter"), pnlMain))),
+      btnHelp(Named("btnHelp", new QPushButton(tr("Help"), pnlMain))),
       contents_(new QVBoxLayout) {
-    pnlMain->setObjectName("pnlMain");
     btnOK->setDefault(true);
     btnFilter->hide();
     btnHelp->hide();

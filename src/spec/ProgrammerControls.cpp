@@ -1,6 +1,7 @@
 #include "spec/ProgrammerControls.h"
 
 #include "forms/Guard.h"
+#include "forms/Named.h"
 
 #include <QVBoxLayout>
 
@@ -36,14 +37,10 @@ const QStringList devices{
 
 TProgrammerControls::TProgrammerControls(QWidget *parent)
     : QWidget(parent),
-      chkUsePP2_(new QCheckBox(tr("Use Direct Interface to Programmer"), this)),
-      btnRead_(new QPushButton(tr("Read ROM"), this)),
-      btnWrite_(new QPushButton(tr("Write ROM"), this)),
-      cmbDevice_(new QComboBox(this)) {
-    chkUsePP2_->setObjectName("chkUsePP2");
-    btnRead_->setObjectName("btnRead");
-    btnWrite_->setObjectName("btnWrite");
-    cmbDevice_->setObjectName("cmbDevice");
+      chkUsePP2_(Named("chkUsePP2", new QCheckBox(tr("Use Direct Interface to Programmer"), this))),
+      btnRead_(Named("btnRead", new QPushButton(tr("Read ROM"), this))),
+      btnWrite_(Named("btnWrite", new QPushButton(tr("Write ROM"), this))),
+      cmbDevice_(Named("cmbDevice", new QComboBox(this))) {
     cmbDevice_->setEditable(true); // typing completes to a device
     cmbDevice_->addItems(devices);
     cmbDevice_->setCurrentIndex(-1);

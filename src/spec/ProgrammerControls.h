@@ -1,6 +1,6 @@
 // The controls for an EPROM programmer on the page "ROM Information". They are inert and hidden for
-// good: the list of devices is kept as the page's data, and no code drives any hardware. This is
-// intended.
+// good: the list of devices is kept as the page's data, and no code drives any hardware
+// (docs/peculiarities.md).
 #pragma once
 
 #include <QCheckBox>

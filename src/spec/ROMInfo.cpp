@@ -64,7 +64,7 @@ void TfrmROMInformation::ScanSpecDirectory() {
     specTable_ = scan.entries;
     for (const TSpecEntry &entry : specTable_)
         rdoROMtemplate_->AddItem(QString::fromStdString(entry.label));
-    // The limit in force is 21 although the message names 20; both numbers are intended.
+    // 21 are listed where the message names 20, so that a folder of 21 keeps its list.
     if (scan.moreRemain)
         Dialogs().ShowMessage(tr("There is a maximum of 20 spec files per directory, some spec "
                                  "files were not loaded."));
@@ -78,8 +78,8 @@ void TfrmROMInformation::LoadSpec(const fs::path &fileName) {
     const TSpecReading reading = ReadSpec(fileName, workspace_);
     if (reading.placed)
         currentSpecFileName_ = fileName;
-    // Whatever happened the image is read again, and the maps are not placed again after it:
-    // intended.
+    // Whatever happened the image is read again, and the maps are not placed again after it
+    // (docs/peculiarities.md).
     ApplyROM();
     if (reading.error)
         std::rethrow_exception(reading.error);
@@ -136,8 +136,8 @@ fs::path TfrmROMInformation::ChooseROMFile() {
 void TfrmROMInformation::btnLoadClick() {
     if (!QuerySave())
         return;
-    // Cancelling the dialog while a file is loaded gives that file again and so reloads it:
-    // intended.
+    // Cancelling the dialog while a file is loaded gives that file again and so reloads it; "Save
+    // Changes?" has been asked (docs/peculiarities.md).
     SetROMFileName(ChooseROMFile());
     if (!MayExist(romFileName_))
         return;
@@ -161,7 +161,8 @@ void TfrmROMInformation::rdoROMtemplateClick() {
         break;
     case TMappingType::Manual:
         if (!EnterOffsets()) {
-            // Only the selection goes: the recorded index keeps the image in force. Intended.
+            // Only the selection goes: the recorded index keeps the image in force, its caption and
+            // its buttons (docs/peculiarities.md).
             rdoROMtemplate_->SetItemIndex(-1);
             return;
         }
@@ -194,7 +195,8 @@ bool TfrmROMInformation::SaveROM() {
 std::optional<fs::path> TfrmROMInformation::ChooseTarget() {
     const bool confirmed = dlgSave_->Execute();
     // The dialog keeps its last name when it is cancelled, so that this may ask about an earlier
-    // target; "Yes" then goes on without a name and ends in the file error. Intended.
+    // target; "Yes" then goes on without a name and ends in the file error, with nothing written
+    // (docs/peculiarities.md).
     const fs::path named = ToPath(dlgSave_->fileName);
     const bool write = MayExist(named)
                            ? Dialogs().AskYesNo(tr("Overwrite existing file?")) == TAnswer::Yes
@@ -239,7 +241,8 @@ void TfrmROMInformation::WriteSpec(const fs::path &target) {
 }
 
 void TfrmROMInformation::btnOffsetEntryClick() {
-    // What is typed here does not reach the maps; only the image is read again. Intended.
+    // What is typed here does not reach the maps; only the image is read again. Maps are placed by
+    // choosing "Use Manual Offset Method" (docs/peculiarities.md).
     if (TfrmOffsetEntry(window(), workspace_).exec() == QDialog::Accepted)
         ApplyROM();
 }

@@ -26,7 +26,6 @@ class TfrmROMInformation : public TEmbeddedForm {
 public:
     /// `workspace` outlives the page. Scans the spec files of the current directory.
     TfrmROMInformation(QWidget *parent, TWorkspace &workspace);
-    ~TfrmROMInformation() override;
 
     /// Shows the page and enables "Save ROM" exactly when a page of the notebook reports changed
     /// data.
@@ -103,7 +102,7 @@ private:
     int templateIndex_ = -1; ///< recorded by the last choice; a scan sets it to -1
     std::filesystem::path currentSpecFileName_;
     bool loaded_ = false; ///< ApplyROM has loaded an image
-    int creditIndex_ = 0;
+    std::size_t creditIndex_ = 0;
 
     QPushButton *btnLoad_;
     QPushButton *btnSaveSpec_;

@@ -1,6 +1,7 @@
 // The controls of the page "ROM Information" and their places; what they do is in ROMInfo.cpp.
 #include "forms/Guard.h"
 #include "forms/Hint.h"
+#include "forms/Named.h"
 #include "forms/PlainScroll.h"
 #include "forms/TabOrder.h"
 #include "spec/ProgrammerControls.h"
@@ -11,45 +12,28 @@
 
 namespace {
 constexpr int creditInterval = 3000; // milliseconds
-
-QPushButton *MakeButton(QWidget *parent, const char *name, const QString &caption) {
-    auto *button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    return button;
-}
-
-QStringList Credits() {
-    return {QObject::tr("F1 opens the guide: every button, message and colour."),
-            QObject::tr("Every byte that you did not edit stays as it was."),
-            QObject::tr("Keep a copy of the original image. Always."),
-            QObject::tr("Small steps: change, log, listen, then change again."),
-            QObject::tr("Check the rev limiter twice; the engine checks it once.")};
-}
 } // namespace
 
 TfrmROMInformation::TfrmROMInformation(QWidget *parent, TWorkspace &workspace)
     : TEmbeddedForm(parent),
       workspace_(workspace),
-      btnLoad_(MakeButton(this, "btnLoad", tr("&Load ROM Image"))),
-      btnSaveSpec_(MakeButton(this, "btnSaveSpec", tr("Save Spec"))),
-      btnSave_(MakeButton(this, "btnSave", tr("&Save ROM"))),
-      btnOffsetEntry_(MakeButton(this, "btnOffsetEntry", tr("Manual Offsets"))),
+      btnLoad_(Named("btnLoad", new QPushButton(tr("&Load ROM Image"), this))),
+      btnSaveSpec_(Named("btnSaveSpec", new QPushButton(tr("Save Spec"), this))),
+      btnSave_(Named("btnSave", new QPushButton(tr("&Save ROM"), this))),
+      btnOffsetEntry_(Named("btnOffsetEntry", new QPushButton(tr("Manual Offsets"), this))),
       programmer_(new TProgrammerControls(this)),
-      rdoROMtemplate_(new TRadioGroup(tr("Set Mapping Type"), 2, this)),
+      rdoROMtemplate_(Named("rdoROMtemplate", new TRadioGroup(tr("Set Mapping Type"), 2, this))),
       aboutLabels_{},
       statusPanels_{},
       dlgSave_(new TSaveDialog(this, "dlgSave")),
-      tmrThanks_(new QTimer(this)) {
+      tmrThanks_(Named("tmrThanks", new QTimer(this))) {
     setObjectName("frmROMInformation");
     MakeControls();
     ConnectControls();
     ScanSpecDirectory();
 }
 
-TfrmROMInformation::~TfrmROMInformation() = default;
-
 void TfrmROMInformation::MakeControls() {
-    rdoROMtemplate_->setObjectName("rdoROMtemplate");
     rdoROMtemplate_->setEnabled(false);
     QScrollArea *scroll = MakePlainScroll(rdoROMtemplate_, this);
 
@@ -60,15 +44,12 @@ void TfrmROMInformation::MakeControls() {
     page->addLayout(top, 1);
     page->addWidget(MakeAbout());
     page->addWidget(MakeStatusBar());
-    tmrThanks_->setObjectName("tmrThanks");
     tmrThanks_->setInterval(creditInterval);
 }
 
 QGroupBox *TfrmROMInformation::MakeROMGroup() {
-    auto *group = new QGroupBox(tr("ROM Information"), this);
-    group->setObjectName("grpLoadROM");
-    auto *dataOffset = new QLabel(tr("data offset"), group);
-    dataOffset->setObjectName("Label5");
+    auto *group = Named("grpLoadROM", new QGroupBox(tr("ROM Information"), this));
+    auto *dataOffset = Named("Label5", new QLabel(tr("data offset"), group));
     dataOffset->setBuddy(btnOffsetEntry_);
     btnOffsetEntry_->setAccessibleName(btnOffsetEntry_->text());
     SetTabSequence({btnLoad_, btnSave_, btnSaveSpec_, btnOffsetEntry_});
@@ -93,10 +74,10 @@ QGroupBox *TfrmROMInformation::MakeROMGroup() {
 QWidget *TfrmROMInformation::MakeAbout() {
     auto *about = new QWidget(this);
     auto *column = new QVBoxLayout(about);
-    constexpr std::array<const char *, 4> names{"Label1", "Label2", "Label3", "Label4"};
+    // The program's name, two lines about it, and the credit line that changes.
+    constexpr std::array names{"Label1", "Label2", "Label3", "Label4"};
     for (std::size_t i = 0; i < names.size(); ++i) {
-        aboutLabels_[i] = new QLabel(about);
-        aboutLabels_[i]->setObjectName(names[i]);
+        aboutLabels_[i] = Named(names[i], new QLabel(about));
         aboutLabels_[i]->setAlignment(Qt::AlignHCenter);
         column->addWidget(aboutLabels_[i]);
     }
@@ -110,8 +91,7 @@ QWidget *TfrmROMInformation::MakeAbout() {
 QStatusBar *TfrmROMInformation::MakeStatusBar() {
     constexpr std::array<const char *, 3> meanings{QT_TR_NOOP("Name of the ROM file"),
                                                    QT_TR_NOOP("Size of the image"), nullptr};
-    auto *bar = new QStatusBar(this);
-    bar->setObjectName("StatusBar1");
+    auto *bar = Named("StatusBar1", new QStatusBar(this));
     bar->setAccessibleName(tr("ROM file"));
     bar->setSizeGripEnabled(false);
     for (std::size_t i = 0; i < statusPanels_.size(); ++i) {
@@ -146,9 +126,14 @@ void TfrmROMInformation::FormHide() {
 }
 
 void TfrmROMInformation::tmrThanksTimer() {
-    const QStringList credits = Credits();
+    constexpr std::array credits{
+        QT_TR_NOOP("F1 opens the guide: every button, message and colour."),
+        QT_TR_NOOP("Every byte that you did not edit stays as it was."),
+        QT_TR_NOOP("Keep a copy of the original image. Always."),
+        QT_TR_NOOP("Small steps: change, log, listen, then change again."),
+        QT_TR_NOOP("Check the rev limiter twice; the engine checks it once.")};
     tmrThanks_->stop();
-    aboutLabels_[3]->setText(credits[creditIndex_]);
-    creditIndex_ = (creditIndex_ + 1) % static_cast<int>(credits.size());
+    aboutLabels_[3]->setText(tr(credits[creditIndex_]));
+    creditIndex_ = (creditIndex_ + 1) % credits.size();
     tmrThanks_->start();
 }

@@ -62,24 +62,33 @@ void PlaceRevLimiter(const TIniFile &ini, TFuelMapSet &fuelMaps) {
     fuelMaps.revLimiter.SetOffset(ReadStrict(ini, otherSection, revLimitKey, "0"));
 }
 
+// A map that cannot be placed is left empty; it is no error of the spec file.
+template <class Placing>
+void Quietly(Placing place) {
+    try {
+        place();
+    } catch (const std::exception &) {
+    }
+}
+
 bool PlaceDirectly(const TIniFile &ini, TFuelMapSet &fuelMaps, TTimingMapSet &timingMaps) {
     const auto fuel = ReadMapOffsets(ini, fuelSection, "pt_offset", "idle_offset", "wot_offset");
-    if (!fuel)
-        return false;
     const auto timing =
         ReadMapOffsets(ini, timingSection, "pt_offset", "idle_offset", "wot_offset");
-    if (!timing)
+    if (!fuel || !timing)
         return false;
     PlaceRevLimiter(ini, fuelMaps);
-    // Intended: the sets are not zeroed first, so that a missing key keeps a map where the previous
-    // spec file put it.
-    try {
+    // The sets are not zeroed first, for spec files that name only what differs from the one chosen
+    // before (docs/peculiarities.md).
+    Quietly([&] {
         fuelMaps.SetOffsets(fuel->pt, fuel->idle, fuel->wot);
         timingMaps.SetOffsets(timing->pt, timing->idle, timing->wot);
-    } catch (const std::exception &) {
-        // A map that cannot be placed is left empty; it is no error of the spec file.
-    }
+    });
     return true;
+}
+
+void SetPointers(TMapSet &maps, const TMapPointers &at) {
+    maps.SetPointers(at.pt, at.bitmask, at.idle, at.bitmask, at.wot, at.bitmask);
 }
 
 bool PlaceThroughPointers(const TIniFile &ini, std::int32_t primary, TFuelMapSet &fuelMaps,
@@ -87,25 +96,18 @@ bool PlaceThroughPointers(const TIniFile &ini, std::int32_t primary, TFuelMapSet
     const auto fuel =
         ReadMapPointers(ini, mainSection, "fuelmap_pt_pointer_offset", "fuelmap_id_pointer_offset",
                         "fuelmap_wot_pointer_offset", primary);
-    if (!fuel)
-        return false;
     const auto timing =
         ReadMapPointers(ini, mainSection, "timingmap_pt_pointer_offset",
                         "timingmap_id_pointer_offset", "timingmap_wot_pointer_offset", primary);
-    if (!timing)
+    if (!fuel || !timing)
         return false;
     PlaceRevLimiter(ini, fuelMaps);
     fuelMaps.ZeroMaps();
     timingMaps.ZeroMaps();
-    const auto place = [](TMapSet &mapSet, const TMapPointers &at) {
-        mapSet.SetPointers(at.pt, at.bitmask, at.idle, at.bitmask, at.wot, at.bitmask);
-    };
-    try {
-        place(fuelMaps, *fuel);
-        place(timingMaps, *timing);
-    } catch (const std::exception &) {
-        // As in the direct form.
-    }
+    Quietly([&] {
+        SetPointers(fuelMaps, *fuel);
+        SetPointers(timingMaps, *timing);
+    });
     return true;
 }
 

@@ -34,7 +34,7 @@ public:
     TEmbeddedForm *Page(int index) const { return GetPage(index); }
 
     /// A tick of tmrSplash: ends the splash and makes the window normal, whatever the user did to
-    /// it. The timer is never switched off; this is intended.
+    /// it. The timer is never switched off, so that this goes on (docs/peculiarities.md).
     void tmrSplashTimer();
     /// The page "ROM Information" has no use for the notebook's own buttons.
     void tabROMInfoShow();

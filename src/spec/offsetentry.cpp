@@ -1,6 +1,9 @@
 #include "spec/offsetentry.h"
 
+#include "forms/Named.h"
 #include "model/Numbers.h"
+
+#include <algorithm>
 
 #include <QGridLayout>
 #include <QLabel>
@@ -8,35 +11,18 @@
 #include <QVBoxLayout>
 
 namespace {
-struct TField {
-    const char *name;
-    const char *label;
-};
-
-constexpr TField dataField{
-    "edtDataOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Main Data Offset (try $0 or $100)")};
-constexpr std::array<TField, 6> mapFields{{
-    {"edtFuelPTMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Fuel PT Offset")},
-    {"edtFuelIdMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Fuel Idle Offset")},
-    {"edtFuelFTMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Fuel WOT Offset")},
-    {"edtTimingPTMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Timing PT Offset")},
-    {"edtTimingIdMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Timing Idle Offset")},
-    {"edtTimingFTMapOffset", QT_TRANSLATE_NOOP("TfrmOffsetEntry", "Timing WOT Offset")},
-}};
-
 constexpr int editMargins = 24; // pixels, both sides together
 
-int OffsetIn(const QLineEdit &edit) {
-    return ParseInteger(edit.text().toStdString());
+std::string TextOf(const QLineEdit *edit) {
+    return edit->text().toStdString();
 }
 
-QLineEdit *AddField(QGridLayout &grid, const TField &field) {
-    auto *edit = new QLineEdit;
-    edit->setObjectName(field.name);
+QLineEdit *AddField(QGridLayout &grid, const char *name, const QString &caption) {
+    auto *edit = Named(name, new QLineEdit);
     edit->setAccessibleDescription(TfrmOffsetEntry::tr("Decimal, or hexadecimal behind a $"));
     edit->setLayoutDirection(Qt::LeftToRight); // "$" stands before its number everywhere
     edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("$FFFFF") + editMargins);
-    auto *label = new QLabel(TfrmOffsetEntry::tr(field.label));
+    auto *label = new QLabel(caption);
     label->setBuddy(edit);
     const int row = grid.rowCount();
     grid.addWidget(label, row, 0);
@@ -51,10 +37,14 @@ TfrmOffsetEntry::TfrmOffsetEntry(QWidget *owner, TWorkspace &workspace)
     setWindowTitle(tr("Offset Entry"));
     btnOK->setText(tr("&OK"));
     auto *grid = new QGridLayout;
-    edtDataOffset_ = AddField(*grid, dataField);
+    edtDataOffset_ = AddField(*grid, "edtDataOffset", tr("Main Data Offset (try $0 or $100)"));
     grid->addWidget(new QLabel(tr("$ = Hex Value")), grid->rowCount() - 1, 2);
-    for (std::size_t i = 0; i < mapFields.size(); ++i)
-        edtMapOffsets_[i] = AddField(*grid, mapFields[i]);
+    edtMapOffsets_ = {AddField(*grid, "edtFuelPTMapOffset", tr("Fuel PT Offset")),
+                      AddField(*grid, "edtFuelIdMapOffset", tr("Fuel Idle Offset")),
+                      AddField(*grid, "edtFuelFTMapOffset", tr("Fuel WOT Offset")),
+                      AddField(*grid, "edtTimingPTMapOffset", tr("Timing PT Offset")),
+                      AddField(*grid, "edtTimingIdMapOffset", tr("Timing Idle Offset")),
+                      AddField(*grid, "edtTimingFTMapOffset", tr("Timing WOT Offset"))};
     Contents()->addLayout(grid);
     for (QLineEdit *edit : findChildren<QLineEdit *>())
         connect(edit, &QLineEdit::textChanged, this, [this] { modified = true; });
@@ -76,15 +66,14 @@ void TfrmOffsetEntry::btnOKClick() {
 
 TTypedOffsets TfrmOffsetEntry::Typed() const {
     TTypedOffsets typed;
-    for (std::size_t i = 0; i < typed.size(); ++i)
-        typed[i] = edtMapOffsets_[i]->text().toStdString();
+    std::transform(edtMapOffsets_.begin(), edtMapOffsets_.end(), typed.begin(), TextOf);
     return typed;
 }
 
 bool TfrmOffsetEntry::LoadOffsets() {
-    const int dataOffset = ParseInteger(edtDataOffset_->text().trimmed().toStdString());
+    const std::int64_t dataOffset = ParseInteger(edtDataOffset_->text().trimmed().toStdString());
     const auto place = [&](TMap &map, std::size_t field) {
-        const auto sum = std::int64_t{OffsetIn(*edtMapOffsets_[field])} + dataOffset;
+        const std::int64_t sum = ParseInteger(TextOf(edtMapOffsets_[field])) + dataOffset;
         map.SetOffset(static_cast<std::int32_t>(sum));
     };
     place(*workspace_.fuelMapSet.PTMap, 0);

@@ -16,8 +16,8 @@ public:
     /// Always starts afresh. `workspace` outlives the dialog.
     TfrmOffsetEntry(QWidget *owner, TWorkspace &workspace);
 
-    /// The six map offsets as they stand. They are absolute: the data offset is not added, which is
-    /// intended.
+    /// The six map offsets as they stand: places in the whole file, as in spec files. The data
+    /// offset is not added (docs/peculiarities.md).
     TTypedOffsets Typed() const;
 
     /// Places the maps one by one at their offsets plus the data offset, idle and full throttle
