@@ -54,7 +54,7 @@ QWidget *TEmbeddedForm::FirstControl() {
 }
 
 bool TEmbeddedForm::focusNextPrevChild(bool next) {
-    const QPointer<QWidget> before = hasFocus() ? std::exchange(focusBefore_, nullptr) : nullptr;
+    QWidget *before = hasFocus() ? std::exchange(focusBefore_, nullptr).data() : nullptr;
     if (before && before->isVisible() && before->isEnabled()) {
         before->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
         if (!next)
