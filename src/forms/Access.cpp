@@ -17,11 +17,7 @@ QAccessibleInterface *InterfaceWithRole(const QString &, QObject *object) {
 } // namespace
 
 void SetRole(QWidget &control, QAccessible::Role role, const QString &name) {
-    static const bool installed = [] {
-        QAccessible::installFactory(InterfaceWithRole);
-        return true;
-    }();
-    Q_UNUSED(installed)
+    QAccessible::installFactory(InterfaceWithRole); // the toolkit takes it once
     control.setProperty(roleProperty, static_cast<int>(role));
     if (!name.isEmpty())
         control.setAccessibleName(name);

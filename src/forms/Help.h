@@ -28,7 +28,7 @@ public:
     /// cannot be read whole, is no regular file, is over one of the limits, or holds a zero byte.
     explicit TfrmHelp(const QString &fileName, QWidget *parent = nullptr);
 
-    QPlainTextEdit *const Memo1; ///< read-only
+    QPlainTextEdit *const Memo1; ///< the text, read-only
 
     /// Asks for a text and selects its next place, in any letter case; behind the last place comes
     /// the first. Says so when there is none, and leaves the selection then.

@@ -62,6 +62,7 @@ void TfrmNotebook::FormCreate() {
             tr("Graphical Fuel Maps"));
     AddPage(std::make_unique<TfrmTimingMapsGraphical>(nullptr, workspace), "tabGraphicalTimingMaps",
             tr("Graphical Timing Maps"));
+    // TabSheet1 is the tab of the contents view.
     AddPage(std::make_unique<TfrmFileContents>(nullptr, workspace, printing_), "TabSheet1",
             tr("File Contents"));
 }

@@ -142,6 +142,20 @@ std::string WithoutComments(const std::string &text) {
     return std::regex_replace(text, std::regex("(^|\n) *//[^\n]*"), "$1");
 }
 
+/// The program's sources and where they are.
+std::vector<std::pair<std::string, std::string>> Sources() {
+    std::vector<std::pair<std::string, std::string>> sources;
+    for (const auto &entry :
+         std::filesystem::recursive_directory_iterator(FERROLYN_SOURCE_DIR "/src")) {
+        if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h")
+            continue;
+        const auto bytes = GetFile(entry.path());
+        sources.emplace_back(entry.path(), WithoutComments({bytes.begin(), bytes.end()}));
+    }
+    EXPECT_GT(sources.size(), 100U);
+    return sources;
+}
+
 /// Calls that show their argument, with a literal that has letters as the first (or second) one.
 TEST(Sources, ShowNoLiteralText) {
     const std::regex shown(
@@ -151,18 +165,15 @@ TEST(Sources, ShowNoLiteralText) {
         "setTabText|setPlaceholderText|showMessage|setLabelText|ShowModelMessage|EConvertError|"
         "EFileError|ERangeError|runtime_error|SetHint\\([^,]+,|QLabel|QPushButton|QCheckBox|"
         "QGroupBox)\\(?\\s*(QString)?\\(?\"([^\"]*[A-Za-z]{2}[^\"]*)\"");
-    int files = 0;
-    for (const auto &entry :
-         std::filesystem::recursive_directory_iterator(FERROLYN_SOURCE_DIR "/src")) {
-        if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h")
-            continue;
-        ++files;
-        const auto bytes = GetFile(entry.path());
-        const std::string text = WithoutComments({bytes.begin(), bytes.end()});
+    for (const auto &[file, text] : Sources())
         for (std::sregex_iterator found(text.begin(), text.end(), shown), end; found != end;
              ++found)
-            EXPECT_EQ((*found)[3].str(), "Ferrolyn") << entry.path() << ": " << found->str();
-    }
-    EXPECT_GT(files, 100);
+            EXPECT_EQ((*found)[3].str(), "Ferrolyn") << file << ": " << found->str();
+}
+
+/// A translator sees where a text belongs.
+TEST(Sources, TranslateInTheContextOfTheirOwnClass) {
+    for (const auto &[file, text] : Sources())
+        EXPECT_EQ(text.find("QObject::tr("), std::string::npos) << file;
 }
 } // namespace
