@@ -6,13 +6,18 @@
 
 #include <QCoreApplication>
 
+namespace {
+class Texts {
+    Q_DECLARE_TR_FUNCTIONS(Guard)
+};
+} // namespace
+
 void ShowCurrentError() {
     try {
         throw;
     } catch (const std::exception &error) {
         Dialogs().ShowMessage(QString::fromUtf8(error.what()));
     } catch (...) {
-        Dialogs().ShowMessage(
-            QCoreApplication::translate("Guard", "An unknown error has occurred"));
+        Dialogs().ShowMessage(Texts::tr("An unknown error has occurred"));
     }
 }
