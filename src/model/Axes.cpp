@@ -4,7 +4,6 @@
 #include "model/Numbers.h"
 #include "model/ROMImage.h"
 
-#include <new>
 #include <utility>
 
 namespace {
@@ -27,12 +26,7 @@ void TAxisData::LoadAxis(std::int32_t newOffset) {
     length = size + headerLength;
     columns = 1;
     if (const TROMImage *image = ROMImage()) {
-        rows = size % gridModulus;
-        try {
-            values->SetSize(rows, 1);
-        } catch (const std::bad_alloc &) {
-            ShowOutOfMemory();
-        }
+        Resize(size, 1);
         ReadPoints(*image);
     }
     SetModified(false);

@@ -77,9 +77,9 @@ public:
     /// Bytes taken by all axes; the body begins at offset + length.
     std::int32_t length = 0;
     std::int32_t axisCount;
-    std::unique_ptr<TRPMAxisData> rpmAxis;
+    TOwned<TRPMAxisData> rpmAxis;
     /// Directly behind the RPM axis when there are two axes; else a single fixed point.
-    std::unique_ptr<TThrAxisData> throttleAxis;
+    TOwned<TThrAxisData> throttleAxis;
 
     /// Gives the points of both axes to another set, whose offset and length stay.
     virtual void AssignTo(TAxisSet &destination) const;

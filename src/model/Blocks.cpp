@@ -10,23 +10,19 @@
 
 namespace {
 
-/// Runs one step of a walk over cells; a cell that fails is passed over silently.
-template <class TStep>
-void SkipOnFailure(TStep step) {
-    try {
-        step();
-    } catch (const std::exception &) {
-        // Intended: the other cells go on.
-    }
-}
-
-/// Calls `visit` for every value that the grid holds.
-template <class TVisit>
-void ForEachValue(const TValCollection &values, TVisit visit) {
+/// Calls `visit` for every value that the grid holds, with its place in the walk row by row. One
+/// for which it fails is passed over silently.
+template <class TValues, class TVisit>
+void ForEachValue(TValues &values, TVisit visit) {
+    std::int64_t place = 0;
     for (std::int32_t r = 0; r < values.Rows(); ++r)
-        for (std::int32_t c = 0; c < values.Columns(); ++c)
-            if (TVal *value = values.GetItem(r, c))
-                visit(*value);
+        for (std::int32_t c = 0; c < values.Columns(); ++c, ++place)
+            try {
+                if (auto *value = values.GetItem(r, c))
+                    visit(*value, place);
+            } catch (const std::exception &) {
+                // One bad cell does not keep the others from being loaded or saved.
+            }
 }
 
 } // namespace
@@ -40,7 +36,7 @@ TBlockData::TBlockData(TValCollectionClass valuesClass)
 
 void TBlockData::SetShowConverted(bool flag) {
     showConverted = flag;
-    ForEachValue(*values, [flag](TVal &value) { value.showConverted = flag; });
+    ForEachValue(*values, [flag](TVal &value, auto) { value.showConverted = flag; });
 }
 
 void TBlockData::Assign(const TBlockData &source) {
@@ -65,19 +61,22 @@ void TBlockData::AssignTo(TBlockData &destination) const {
     destination.modified = true;
 }
 
+void TBlockData::Resize(std::int32_t newRows, std::int32_t newColumns) {
+    rows = newRows % gridModulus;
+    columns = newColumns % gridModulus;
+    try {
+        values->SetSize(rows, columns);
+    } catch (const std::bad_alloc &) {
+        ShowOutOfMemory();
+    }
+}
+
 void TBlockData::Load(std::int32_t newOffset, std::int32_t newRows, std::int32_t newColumns) {
     offset = newOffset;
     size = newRows * newColumns;
     length = size;
-    const TROMImage *image = ROMImage();
-    if (image) {
-        columns = newColumns % gridModulus;
-        rows = newRows % gridModulus;
-        try {
-            values->SetSize(rows, columns);
-        } catch (const std::bad_alloc &) {
-            ShowOutOfMemory();
-        }
+    if (const TROMImage *image = ROMImage()) {
+        Resize(newRows, newColumns);
         FillValues(*image);
     }
     SetModified(false);
@@ -86,21 +85,19 @@ void TBlockData::Load(std::int32_t newOffset, std::int32_t newRows, std::int32_t
 void TBlockData::FillValues(const TROMImage &image) {
     if (offset > TROMImage::highestStart)
         return;
-    std::int64_t place = offset;
-    for (std::int32_t r = 0; r < rows; ++r)
-        for (std::int32_t c = 0; c < columns; ++c, ++place)
-            if (TVal *value = values->GetItem(r, c))
-                SkipOnFailure([&] { value->SetValue(image.Peek(place)); });
+    ForEachValue(*values, [&](TVal &value, std::int64_t place) {
+        value.SetValue(image.Peek(offset + place));
+    });
 }
 
-bool TBlockData::AnyModified() {
-    modified = false;
-    ForEachValue(*values, [this](const TVal &value) { modified = modified || value.modified; });
-    return modified;
+bool TBlockData::HasModified() const {
+    bool any = false;
+    ForEachValue(*values, [&any](const TVal &value, auto) { any = any || value.modified; });
+    return any;
 }
 
 void TBlockData::SetModified(bool flag) {
-    ForEachValue(*values, [flag](TVal &value) { value.modified = flag; });
+    ForEachValue(*values, [flag](TVal &value, auto) { value.modified = flag; });
 }
 
 void TMapData::Save() {
@@ -115,9 +112,7 @@ void TMapData::Save() {
 }
 
 void TMapData::WriteCells(TROMImage &image) const {
-    std::int64_t place = offset;
-    for (std::int32_t r = 0; r < rows; ++r)
-        for (std::int32_t c = 0; c < columns; ++c, ++place)
-            if (const TVal *value = values->GetItem(r, c))
-                SkipOnFailure([&] { image.Poke(place, LowByte(Round(value->GetRaw()))); });
+    ForEachValue(*values, [&](const TVal &value, std::int64_t place) {
+        image.Poke(offset + place, LowByte(Round(value.GetRaw())));
+    });
 }

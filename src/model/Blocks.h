@@ -2,6 +2,7 @@
 // map bodies (here) and of axes (Axes.h); how the two form a map is in MapTypes.h.
 #pragma once
 
+#include "model/Owned.h"
 #include "model/ValCollections.h"
 
 #include <cstdint>
@@ -10,8 +11,7 @@
 /// Grids take stored counts modulo this, so a count of 32 is none.
 inline constexpr std::int32_t gridModulus = 32;
 
-/// The text that failed loads, and failed axis saves, are shown with.
-/// "Out of memory allocating data map data", shown through the message hook.
+/// Shows "Out of memory allocating data map data", which failed loads and failed axis saves say.
 void ShowOutOfMemory();
 
 class TROMImage;
@@ -26,7 +26,7 @@ public:
     /// The class that `values` was made from.
     TValCollectionClass collectionClass;
     /// Rows x columns values.
-    std::unique_ptr<TValCollection> values;
+    TOwned<TValCollection> values;
     /// The last answer of AnyModified; also set by Assign and AssignTo.
     bool modified = false;
     /// Whether the values are shown and edited in engineering units. Fresh values after a load
@@ -58,13 +58,18 @@ public:
     /// allocating data map data" when the grid cannot be made; the cells made so far stay.
     virtual void Load(std::int32_t newOffset, std::int32_t newRows, std::int32_t newColumns);
 
-    /// Whether any value of the grid is modified; also stored in `modified`.
-    bool AnyModified();
+    /// Whether any value of the grid is modified.
+    bool HasModified() const;
+    /// As HasModified; the answer is also stored in `modified`.
+    bool AnyModified() { return modified = HasModified(); }
     /// Sets the modified flag of every value of the grid.
     void SetModified(bool flag);
 
 protected:
     explicit TBlockData(TValCollectionClass valuesClass);
+    /// Makes fresh values for the counts modulo 32; the ones that there is no memory for are none,
+    /// and that is shown.
+    void Resize(std::int32_t newRows, std::int32_t newColumns);
 
 private:
     void FillValues(const TROMImage &image);

@@ -12,26 +12,7 @@ namespace {
 constexpr double idleLoad = 0.0;
 constexpr double fullLoad = 100.0;
 
-/// While it lives, shows each message of the model once, however many cells give it.
-class TShowOnce {
-public:
-    TShowOnce() {
-        outer_ = SetMessageHook({});
-        SetMessageHook([this](const std::string &text) {
-            if (shown_.insert(text).second && outer_)
-                outer_(text);
-        });
-    }
-    TShowOnce(const TShowOnce &) = delete;
-    TShowOnce &operator=(const TShowOnce &) = delete;
-    ~TShowOnce() { SetMessageHook(std::move(outer_)); }
-
-private:
-    TMessageHook outer_;
-    std::set<std::string> shown_;
-};
-
-void ZeroBody(const TMapData &body) {
+void ZeroBody(TMapData &body) {
     for (std::int32_t r = 0; r < body.rows; ++r)
         for (std::int32_t t = 0; t < body.columns; ++t)
             if (TVal *cell = body.values->GetItem(r, t))
@@ -44,16 +25,10 @@ TMapSet::TMapSet(std::unique_ptr<TMap> partThrottle, std::unique_ptr<TMap> idle,
                  std::unique_ptr<TMap> fullThrottle)
     : PTMap(std::move(partThrottle)), IdleMap(std::move(idle)), WOTMap(std::move(fullThrottle)) {}
 
-TMap &TMapSet::Map(TMapKind kind) const {
-    switch (kind) {
-    case TMapKind::Idle:
-        return *IdleMap;
-    case TMapKind::WOT:
-        return *WOTMap;
-    case TMapKind::PT:
-        break;
-    }
-    return *PTMap;
+TMap &TMapSet::Map(TMapKind kind) {
+    if (kind == TMapKind::PT)
+        return *PTMap;
+    return kind == TMapKind::Idle ? *IdleMap : *WOTMap;
 }
 
 bool TMapSet::IsModified() const {
@@ -99,13 +74,18 @@ void TMapSet::SetShowConverted(bool flag) {
 void TMapSet::ZeroMaps() {
     constexpr std::int32_t mostRPM = 32;
     constexpr std::int32_t mostLoad = 20;
-    const TShowOnce showOnce;
+    // All cells of a map say the same, which is shown once for all of them.
+    std::set<std::string> messages;
+    TMessageHook hook = SetMessageHook([&](const std::string &text) { messages.insert(text); });
     if (PTMap->RPMCount() <= mostRPM && PTMap->LoadCount() <= mostLoad)
         ZeroBody(*PTMap->data);
     if (IdleMap->RPMCount() <= mostRPM)
         ZeroBody(*IdleMap->data);
     if (WOTMap->RPMCount() <= mostRPM)
         ZeroBody(*WOTMap->data);
+    SetMessageHook(std::move(hook));
+    for (const std::string &text : messages)
+        ShowModelMessage(text);
 }
 
 TFuelMapSet::TFuelMapSet()
@@ -122,7 +102,8 @@ bool TFuelMapSet::IsModified() const {
 
 void TFuelMapSet::SaveAll() {
     TMapSet::SaveAll();
-    // Intended: an unplaced rev limiter is saved too and so reports its failure at each save.
+    // An unplaced one too, which reports its failure at each save. This is intended: "Save ROM"
+    // thereby tells the user that no rev limiter is known.
     if (ROMImage())
         revLimiter.Save();
 }

@@ -19,11 +19,11 @@ public:
 
     /// The interpretation switch: the last value given to SetShowConverted.
     bool showConverted = false;
-    std::unique_ptr<TMap> PTMap;
-    std::unique_ptr<TMap> IdleMap;
-    std::unique_ptr<TMap> WOTMap;
+    TOwned<TMap> PTMap;
+    TOwned<TMap> IdleMap;
+    TOwned<TMap> WOTMap;
 
-    TMap &Map(TMapKind kind) const;
+    TMap &Map(TMapKind kind);
 
     /// Whether the body of any map, or the rev limiter, is modified.
     virtual bool IsModified() const;

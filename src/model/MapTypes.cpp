@@ -15,18 +15,18 @@ TMap::TMap(TMapDataClass dataClass, std::int32_t count, std::string convertedPic
       axes(std::make_unique<TAxisSet>(count)),
       data(dataClass()) {}
 
-bool TMap::IsModified() const {
-    return data->AnyModified();
-}
-
-void TMap::BecomeCopyOf(const TMap &source) {
+TMap::TMap(const TMap &source)
+    : TMap(source.mapDataClass, source.axisCount, source.convertedFormat, source.rawFormat) {
     isCopy = true;
     name = source.name;
-    location = source.location->CreatePointerCopy();
-    convertedFormat = source.convertedFormat;
-    rawFormat = source.rawFormat;
+    *location = *source.location;
+    location->modified = false;
     axes->Assign(*source.axes);
     data->Assign(*source.data);
+}
+
+bool TMap::IsModified() const {
+    return data->HasModified();
 }
 
 void TMap::SetOffset(std::int32_t offset) {
@@ -79,22 +79,4 @@ void TMap::AssignTo(TMap &destination) const {
     destination.name = name;
     destination.convertedFormat = convertedFormat;
     destination.rawFormat = rawFormat;
-}
-
-TFuelMap::TFuelMap(std::int32_t count, TMapDataClass dataClass)
-    : TMap(dataClass, count, "###0.00", "##0") {}
-
-std::unique_ptr<TMap> TFuelMap::CreateCopy() const {
-    auto copy = std::make_unique<TFuelMap>(axisCount, mapDataClass);
-    copy->BecomeCopyOf(*this);
-    return copy;
-}
-
-TTimingMap::TTimingMap(std::int32_t count, TMapDataClass dataClass)
-    : TMap(dataClass, count, "###0.0", "##0") {}
-
-std::unique_ptr<TMap> TTimingMap::CreateCopy() const {
-    auto copy = std::make_unique<TTimingMap>(axisCount, mapDataClass);
-    copy->BecomeCopyOf(*this);
-    return copy;
 }

@@ -18,7 +18,6 @@
 class TMap {
 public:
     virtual ~TMap() = default;
-    TMap(const TMap &) = delete;
     TMap &operator=(const TMap &) = delete;
 
     /// True for what CreateCopy made.
@@ -26,16 +25,16 @@ public:
     std::string name;
     /// Where the map begins: offset is the pointer's place (-1 when placed directly), raw the
     /// direct start.
-    std::unique_ptr<TMapPointerVal> location;
+    TOwned<TMapPointerVal> location;
     TMapDataClass mapDataClass;
     /// 2 for part throttle, 1 for idle and full throttle.
     std::int32_t axisCount;
     /// Picture for cells shown in engineering units, and for cells shown as stored.
     std::string convertedFormat;
     std::string rawFormat;
-    std::unique_ptr<TAxisSet> axes;
+    TOwned<TAxisSet> axes;
     /// The body: rows are RPM points, columns load points.
-    std::unique_ptr<TMapData> data;
+    TOwned<TMapData> data;
 
     /// Whether any body cell is modified. Edits of the axes do not count.
     virtual bool IsModified() const;
@@ -95,8 +94,7 @@ public:
 protected:
     TMap(TMapDataClass dataClass, std::int32_t count, std::string convertedPicture,
          std::string rawPicture);
-    /// Makes this fresh map a copy of `source`.
-    void BecomeCopyOf(const TMap &source);
+    TMap(const TMap &source); ///< for CreateCopy
 
 private:
     void LoadFromLocation();
@@ -110,14 +108,17 @@ private:
 /// A lambda trim map: cells in 1/128, "###0.00".
 class TFuelMap : public TMap {
 public:
-    explicit TFuelMap(std::int32_t count, TMapDataClass dataClass = CreateMapData<TFuelMapData>);
-    std::unique_ptr<TMap> CreateCopy() const override;
+    explicit TFuelMap(std::int32_t count, TMapDataClass dataClass = CreateMapData<TFuelMapData>)
+        : TMap(dataClass, count, "###0.00", "##0") {}
+    std::unique_ptr<TMap> CreateCopy() const override { return std::make_unique<TFuelMap>(*this); }
 };
 
 /// An ignition timing map: cells in degrees by the timing constants, "###0.0".
 class TTimingMap : public TMap {
 public:
-    explicit TTimingMap(std::int32_t count,
-                        TMapDataClass dataClass = CreateMapData<TTimingMapData>);
-    std::unique_ptr<TMap> CreateCopy() const override;
+    explicit TTimingMap(std::int32_t count, TMapDataClass dataClass = CreateMapData<TTimingMapData>)
+        : TMap(dataClass, count, "###0.0", "##0") {}
+    std::unique_ptr<TMap> CreateCopy() const override {
+        return std::make_unique<TTimingMap>(*this);
+    }
 };

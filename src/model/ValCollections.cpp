@@ -3,20 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-TValCollectionItem::TValCollectionItem(std::unique_ptr<TVal> initial) : value(std::move(initial)) {}
-
-TRPMValCollectionItem::TRPMValCollectionItem() : TValCollectionItem(std::make_unique<TRPMVal>()) {}
-
-TThrValCollectionItem::TThrValCollectionItem() : TValCollectionItem(std::make_unique<TThrVal>()) {}
-
-TFuelValCollectionItem::TFuelValCollectionItem()
-    : TValCollectionItem(std::make_unique<TFuelVal>()) {}
-
-TTimingValCollectionItem::TTimingValCollectionItem()
-    : TValCollectionItem(std::make_unique<TTimingVal>()) {}
-
-TValCollection::TValCollection(TValItemClass itemClass) : itemClass_(itemClass) {}
-
 void TValCollection::Assign(const TValCollection &source) {
     SetSize(source.rows_, source.columns_);
     for (std::int32_t i = 0; i < rows_; ++i)
@@ -45,7 +31,12 @@ void TValCollection::SetSize(std::int32_t rows, std::int32_t columns) {
         items_.push_back(itemClass_());
 }
 
-TVal *TValCollection::GetItem(std::int32_t i, std::int32_t j) const {
+TVal *TValCollection::GetItem(std::int32_t i, std::int32_t j) {
+    TValCollectionItem *item = FindItem(i, j);
+    return item ? item->value.get() : nullptr;
+}
+
+const TVal *TValCollection::GetItem(std::int32_t i, std::int32_t j) const {
     const TValCollectionItem *item = FindItem(i, j);
     return item ? item->value.get() : nullptr;
 }

@@ -7,32 +7,27 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 /// One place of a collection; owns exactly one value.
 class TValCollectionItem {
 public:
-    explicit TValCollectionItem(std::unique_ptr<TVal> initial);
+    explicit TValCollectionItem(std::unique_ptr<TVal> initial) : value(std::move(initial)) {}
     virtual ~TValCollectionItem() = default;
     std::unique_ptr<TVal> value;
 };
 
-class TRPMValCollectionItem : public TValCollectionItem {
+/// The place of a value of class `TValue`, which comes with it.
+template <class TValue>
+class TItemOf : public TValCollectionItem {
 public:
-    TRPMValCollectionItem();
+    TItemOf() : TValCollectionItem(std::make_unique<TValue>()) {}
 };
-class TThrValCollectionItem : public TValCollectionItem {
-public:
-    TThrValCollectionItem();
-};
-class TFuelValCollectionItem : public TValCollectionItem {
-public:
-    TFuelValCollectionItem();
-};
-class TTimingValCollectionItem : public TValCollectionItem {
-public:
-    TTimingValCollectionItem();
-};
+using TRPMValCollectionItem = TItemOf<TRPMVal>;
+using TThrValCollectionItem = TItemOf<TThrVal>;
+using TFuelValCollectionItem = TItemOf<TFuelVal>;
+using TTimingValCollectionItem = TItemOf<TTimingVal>;
 
 /// Makes a fresh item, and so a fresh value, of one class.
 using TValItemClass = std::unique_ptr<TValCollectionItem> (*)();
@@ -47,7 +42,7 @@ std::unique_ptr<TValCollectionItem> CreateItem() {
 /// until the next SetSize, Assign or SetItem.
 class TValCollection {
 public:
-    explicit TValCollection(TValItemClass itemClass);
+    explicit TValCollection(TValItemClass itemClass) : itemClass_(itemClass) {}
     virtual ~TValCollection() = default;
 
     /// Takes the source's dimensions and a copy of each of its values; all copies are modified.
@@ -59,7 +54,8 @@ public:
     /// (std::bad_alloc) the ones made so far stay and the others are none.
     virtual void SetSize(std::int32_t rows, std::int32_t columns);
     /// The value at row `i` and column `j`, or none outside the grid.
-    virtual TVal *GetItem(std::int32_t i, std::int32_t j) const;
+    virtual TVal *GetItem(std::int32_t i, std::int32_t j);
+    virtual const TVal *GetItem(std::int32_t i, std::int32_t j) const;
     /// Replaces the value at row `i` and column `j`; outside the grid `value` is dropped.
     virtual void SetItem(std::int32_t i, std::int32_t j, std::unique_ptr<TVal> value);
 
@@ -75,22 +71,16 @@ private:
     std::int32_t columns_ = 0;
 };
 
-class TRPMValCollection : public TValCollection {
+/// An empty grid for values of class `TValue`.
+template <class TValue>
+class TCollectionOf : public TValCollection {
 public:
-    TRPMValCollection() : TValCollection(CreateItem<TRPMValCollectionItem>) {}
+    TCollectionOf() : TValCollection(CreateItem<TItemOf<TValue>>) {}
 };
-class TThrValCollection : public TValCollection {
-public:
-    TThrValCollection() : TValCollection(CreateItem<TThrValCollectionItem>) {}
-};
-class TFuelValCollection : public TValCollection {
-public:
-    TFuelValCollection() : TValCollection(CreateItem<TFuelValCollectionItem>) {}
-};
-class TTimingValCollection : public TValCollection {
-public:
-    TTimingValCollection() : TValCollection(CreateItem<TTimingValCollectionItem>) {}
-};
+using TRPMValCollection = TCollectionOf<TRPMVal>;
+using TThrValCollection = TCollectionOf<TThrVal>;
+using TFuelValCollection = TCollectionOf<TFuelVal>;
+using TTimingValCollection = TCollectionOf<TTimingVal>;
 
 /// Makes an empty collection of one class.
 using TValCollectionClass = std::unique_ptr<TValCollection> (*)();

@@ -5,22 +5,6 @@
 #include "model/ROMImage.h"
 #include "model/Texts.h"
 
-namespace {
-
-constexpr double rpmPerCount = 40.0;
-constexpr double percentPerCount = 0.4;
-constexpr double trimCounts = 128.0;
-
-/// A copy made through CreateCopy stands for an edit, so it starts modified.
-template <class TValue>
-std::unique_ptr<TVal> ModifiedCopy(const TValue &source) {
-    auto copy = std::make_unique<TValue>(source);
-    copy->modified = true;
-    return copy;
-}
-
-} // namespace
-
 TTimingConstants &TimingConstants() {
     static TTimingConstants constants;
     return constants;
@@ -40,26 +24,18 @@ void TVal::SetValue(double value) {
 }
 
 double TVal::GetConverted() const {
-    return raw;
+    return raw * unit_;
 }
 
 void TVal::SetConverted(double value) {
-    raw = Round(value);
+    raw = Round(value / unit_);
     modified = true;
-}
-
-std::unique_ptr<TVal> TVal::CreateCopy() const {
-    return ModifiedCopy(*this);
 }
 
 void TVal::AssignTo(TVal &destination) const {
     destination.raw = raw;
     destination.showConverted = showConverted;
     destination.modified = true;
-}
-
-bool TVal::Save() {
-    return false;
 }
 
 double TVal::GetValue() const {
@@ -72,7 +48,7 @@ void TVal::SetOffset(std::int32_t newOffset) {
         raw = image->Peek(offset);
 }
 
-bool TVal::SaveByte() {
+bool TByteVal::Save() {
     modified = false;
     TROMImage *image = ROMImage();
     if (!image)
@@ -81,53 +57,6 @@ bool TVal::SaveByte() {
     if (!saved)
         ShowModelMessage(Translated("Model", "Error saving rev limiter data"));
     return saved;
-}
-
-double TRPMVal::GetConverted() const {
-    return raw * rpmPerCount;
-}
-
-void TRPMVal::SetConverted(double value) {
-    raw = Round(value / rpmPerCount);
-    modified = true;
-}
-
-std::unique_ptr<TVal> TRPMVal::CreateCopy() const {
-    return ModifiedCopy(*this);
-}
-
-bool TRPMVal::Save() {
-    return SaveByte();
-}
-
-double TThrVal::GetConverted() const {
-    return raw * percentPerCount;
-}
-
-void TThrVal::SetConverted(double value) {
-    raw = Round(value / percentPerCount);
-    modified = true;
-}
-
-std::unique_ptr<TVal> TThrVal::CreateCopy() const {
-    return ModifiedCopy(*this);
-}
-
-bool TThrVal::Save() {
-    return SaveByte();
-}
-
-double TFuelVal::GetConverted() const {
-    return raw / trimCounts;
-}
-
-void TFuelVal::SetConverted(double value) {
-    raw = Round(value * trimCounts);
-    modified = true;
-}
-
-std::unique_ptr<TVal> TFuelVal::CreateCopy() const {
-    return ModifiedCopy(*this);
 }
 
 double TTimingVal::GetConverted() const {
@@ -146,19 +75,11 @@ void TTimingVal::SetConverted(double value) {
         ShowModelMessage(Translated("Model", "Timing Divider Not yet Set"));
 }
 
-std::unique_ptr<TVal> TTimingVal::CreateCopy() const {
-    return ModifiedCopy(*this);
-}
-
 double TMapPointerVal::GetRaw() const {
     if (offset == -1)
         return raw;
     const std::int32_t high = PeekROM(offset) & bitmask;
     return high * 256 + PeekROM(std::int64_t{offset} + 1);
-}
-
-std::unique_ptr<TVal> TMapPointerVal::CreateCopy() const {
-    return CreatePointerCopy();
 }
 
 void TMapPointerVal::AssignTo(TVal &destination) const {
@@ -167,7 +88,7 @@ void TMapPointerVal::AssignTo(TVal &destination) const {
         pointer->bitmask = bitmask;
 }
 
-std::unique_ptr<TMapPointerVal> TMapPointerVal::CreatePointerCopy() const {
+std::unique_ptr<TVal> TMapPointerVal::CreateCopy() const {
     auto copy = std::make_unique<TMapPointerVal>(*this);
     copy->modified = false;
     return copy;

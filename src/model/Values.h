@@ -17,6 +17,16 @@ struct TTimingConstants {
 };
 TTimingConstants &TimingConstants();
 
+class TVal;
+
+/// A copy by the value's own class. It stands for an edit, so it starts modified.
+template <class TValue>
+std::unique_ptr<TVal> ModifiedCopy(const TValue &source) {
+    auto copy = std::make_unique<TValue>(source);
+    copy->modified = true;
+    return copy;
+}
+
 /// A plain value, shown as it is stored; the base of all others.
 class TVal {
 public:
@@ -44,12 +54,12 @@ public:
     /// Takes an engineering value; as SetValue otherwise.
     virtual void SetConverted(double value);
     /// A new value of the same class with raw, offset and showConverted of this one, modified.
-    virtual std::unique_ptr<TVal> CreateCopy() const;
+    virtual std::unique_ptr<TVal> CreateCopy() const { return ModifiedCopy(*this); }
     /// Gives raw and showConverted to `destination` and marks it modified; its offset stays.
     virtual void AssignTo(TVal &destination) const;
     /// Writes the value into the image by itself. False here: such values are written by their
     /// block or not at all.
-    virtual bool Save();
+    virtual bool Save() { return false; }
 
     /// The number in the units that are shown.
     double GetValue() const;
@@ -58,39 +68,44 @@ public:
     void SetOffset(std::int32_t newOffset);
 
 protected:
-    /// Stores the low byte at the offset; reports a failure with the rev limiter's text.
-    bool SaveByte();
+    /// A value of `newUnit` engineering units per count.
+    explicit TVal(double newUnit) : unit_(newUnit) {}
+
+private:
+    double unit_ = 1.0;
 };
 
-/// An engine speed: 40 rpm per count. Shown converted.
-class TRPMVal : public TVal {
+/// A value of one byte that is shown converted and can write itself into the image.
+class TByteVal : public TVal {
 public:
-    TRPMVal() { showConverted = true; }
-    double GetConverted() const override;
-    void SetConverted(double value) override;
-    std::unique_ptr<TVal> CreateCopy() const override;
-    /// Writes one byte and clears modified in any case. A place outside the buffer shows "Error
-    /// saving rev limiter data" and gives false; without an image false and no message.
+    /// Writes the low byte and clears modified in any case. A place outside the buffer shows "Error
+    /// saving rev limiter data", whatever the value is, and gives false; without an image false and
+    /// no message.
     bool Save() override;
+
+protected:
+    explicit TByteVal(double newUnit) : TVal(newUnit) { showConverted = true; }
 };
 
-/// A throttle or load percentage: 0.4 % per count. Shown converted.
-class TThrVal : public TVal {
+/// An engine speed: 40 rpm per count.
+class TRPMVal : public TByteVal {
 public:
-    TThrVal() { showConverted = true; }
-    double GetConverted() const override;
-    void SetConverted(double value) override;
-    std::unique_ptr<TVal> CreateCopy() const override;
-    /// As TRPMVal::Save, down to the rev limiter's text.
-    bool Save() override;
+    TRPMVal() : TByteVal(40.0) {}
+    std::unique_ptr<TVal> CreateCopy() const override { return ModifiedCopy(*this); }
+};
+
+/// A throttle or load percentage: 0.4 % per count.
+class TThrVal : public TByteVal {
+public:
+    TThrVal() : TByteVal(0.4) {}
+    std::unique_ptr<TVal> CreateCopy() const override { return ModifiedCopy(*this); }
 };
 
 /// A lambda trim: 1/128 per count, 128 is 1.00.
 class TFuelVal : public TVal {
 public:
-    double GetConverted() const override;
-    void SetConverted(double value) override;
-    std::unique_ptr<TVal> CreateCopy() const override;
+    TFuelVal() : TVal(1.0 / 128.0) {}
+    std::unique_ptr<TVal> CreateCopy() const override { return ModifiedCopy(*this); }
 };
 
 /// An ignition angle in degrees, by the timing constants; 0.0 while the divider is 0.
@@ -100,7 +115,7 @@ public:
     /// Never throws: with a divider of 0 or a result outside 32 bits it shows "Timing Divider Not
     /// yet Set" and keeps raw. Modified is set in any case.
     void SetConverted(double value) override;
-    std::unique_ptr<TVal> CreateCopy() const override;
+    std::unique_ptr<TVal> CreateCopy() const override { return ModifiedCopy(*this); }
 };
 
 /// Where a map begins: a 16-bit big-endian address in the image with a mask for its high byte, or,
@@ -117,7 +132,4 @@ public:
     std::unique_ptr<TVal> CreateCopy() const override;
     /// Gives the bitmask too when `destination` is a map pointer.
     void AssignTo(TVal &destination) const override;
-
-    /// CreateCopy, by its own type.
-    std::unique_ptr<TMapPointerVal> CreatePointerCopy() const;
 };

@@ -105,7 +105,7 @@ TEST(Readme, LeadsToTheMapsOfTheSample) {
     std::vector<std::uint32_t> places;
     for (const TMapSet *set :
          std::initializer_list<const TMapSet *>{&workspace.fuelMapSet, &workspace.timingMapSet})
-        for (const TMap *map : {set->PTMap.get(), set->IdleMap.get(), set->WOTMap.get()})
+        for (const TMap *map : {&*set->PTMap, &*set->IdleMap, &*set->WOTMap})
             places.push_back(std::uint32_t(map->GetLocation()));
     const auto &maps = Sample64K().maps;
     EXPECT_EQ(places, std::vector<std::uint32_t>(maps.begin(), maps.end()));

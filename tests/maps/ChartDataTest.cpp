@@ -226,7 +226,7 @@ TEST_F(TQuickFillTest, ConvertedValuesAreDrawnAsShown) {
 
 class TUnreadableBody : public TFuelMapData {
 public:
-    TUnreadableBody() { values = std::make_unique<TFailingValCollection>(); }
+    TUnreadableBody() : TFuelMapData(CreateCollection<TFailingValCollection>) {}
 };
 
 TEST_F(TQuickFillTest, WhatCannotBeReadIsMinus255InRed) {

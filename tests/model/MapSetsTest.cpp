@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -29,8 +31,8 @@ struct TMapSetsTest : TModelTest {
     static double LoadPoint(const TMap &map) {
         return map.axes->throttleAxis->values->GetItem(0, 0)->GetValue();
     }
-    static TVal &Cell(const TMap &map) { return *map.data->values->GetItem(0, 0); }
-    static std::vector<std::int32_t> AllRaw(const TMapSet &set) {
+    static TVal &Cell(TMap &map) { return *map.data->values->GetItem(0, 0); }
+    static std::vector<std::int32_t> AllRaw(TMapSet &set) {
         std::vector<std::int32_t> all;
         for (const TMapKind kind : {TMapKind::PT, TMapKind::Idle, TMapKind::WOT})
             for (const std::int32_t raw : RawOf(*set.Map(kind).data))
@@ -44,9 +46,9 @@ TEST_F(TMapSetsTest, HaveThreeMapsOfTheirKind) {
         EXPECT_NE(dynamic_cast<TFuelMap *>(&fuel.Map(kind)), nullptr);
         EXPECT_NE(dynamic_cast<TTimingMap *>(&timing.Map(kind)), nullptr);
     }
-    EXPECT_EQ(&fuel.Map(TMapKind::PT), fuel.PTMap.get());
-    EXPECT_EQ(&fuel.Map(TMapKind::Idle), fuel.IdleMap.get());
-    EXPECT_EQ(&fuel.Map(TMapKind::WOT), fuel.WOTMap.get());
+    EXPECT_EQ(&fuel.Map(TMapKind::PT), &*fuel.PTMap);
+    EXPECT_EQ(&fuel.Map(TMapKind::Idle), &*fuel.IdleMap);
+    EXPECT_EQ(&fuel.Map(TMapKind::WOT), &*fuel.WOTMap);
     EXPECT_EQ(fuel.PTMap->axisCount, 2);
     EXPECT_EQ(fuel.IdleMap->axisCount, 1);
     EXPECT_EQ(fuel.WOTMap->axisCount, 1);
@@ -105,6 +107,27 @@ TEST_F(TMapSetsTest, AreModifiedWhenAnyMapIs) {
         EXPECT_TRUE(timing.IsModified());
     }
 }
+
+TEST_F(TMapSetsTest, AskingAConstantSetChangesNothing) {
+    timing.SetOffsets(0x100, 0x200, 0x300);
+    Cell(*timing.IdleMap).SetValue(5);
+    const TMapSet &set = timing;
+    EXPECT_TRUE(set.IsModified());
+    EXPECT_FALSE(set.IdleMap->data->modified) << "that is for AnyModified to say";
+    timing.IdleMap->data->SetModified(false);
+    timing.IdleMap->data->modified = true;
+    EXPECT_FALSE(set.IsModified());
+    EXPECT_TRUE(set.IdleMap->data->modified);
+}
+
+/// Constant all the way down to the value.
+template <class TObject>
+constexpr bool isConstant = std::is_const_v<std::remove_reference_t<TObject>>;
+using TConstantMap = decltype(*std::declval<const TMapSet &>().PTMap);
+static_assert(isConstant<TConstantMap>);
+static_assert(isConstant<decltype(*std::declval<TConstantMap>().location)>);
+static_assert(isConstant<decltype(*std::declval<TConstantMap>().axes->rpmAxis)>);
+static_assert(isConstant<decltype(*std::declval<TConstantMap>().data->values->GetItem(0, 0))>);
 
 TEST_F(TMapSetsTest, SaveAllRewritesTheSameBytesWhenUnedited) {
     fuel.SetOffsets(0x100, 0x200, 0x300);

@@ -50,8 +50,8 @@ TEST_F(TMapTypesTest, KindsHaveTheirCellsAndFormats) {
     timing.SetOffset(0x100);
     EXPECT_NE(dynamic_cast<TFuelVal *>(&Cell(map, 0, 0)), nullptr);
     EXPECT_NE(dynamic_cast<TTimingVal *>(&Cell(timing, 0, 0)), nullptr);
-    EXPECT_NE(dynamic_cast<TFuelMapData *>(map.data.get()), nullptr);
-    EXPECT_NE(dynamic_cast<TTimingMapData *>(timing.data.get()), nullptr);
+    EXPECT_NE(dynamic_cast<TFuelMapData *>(&*map.data), nullptr);
+    EXPECT_NE(dynamic_cast<TTimingMapData *>(&*timing.data), nullptr);
 }
 
 TEST_F(TMapTypesTest, APartThrottleMapHasItsBodyBehindTwoAxes) {
@@ -274,7 +274,7 @@ void ExpectCopyOf(TKind &source) {
     source.data->SetShowConverted(true);
     const std::unique_ptr<TMap> copy = source.CreateCopy();
     EXPECT_NE(dynamic_cast<TKind *>(copy.get()), nullptr);
-    EXPECT_NE(dynamic_cast<TData *>(copy->data.get()), nullptr);
+    EXPECT_NE(dynamic_cast<TData *>(&*copy->data), nullptr);
     EXPECT_TRUE(copy->isCopy);
     EXPECT_EQ(copy->name, "Copied");
     EXPECT_EQ(copy->rawFormat, "##0.0");

@@ -73,7 +73,7 @@ TEST_P(TModelPropertiesTest, ShowingAndReadingBackChangesNothing) {
 TEST_P(TModelPropertiesTest, AnEditTouchesExactlyItsByte) {
     for (int round = 0; round < 100; ++round) {
         fuel.SetOffsets(Number(1, 0xF0000), 0, 0);
-        const TMapData &body = *fuel.PTMap->data;
+        TMapData &body = *fuel.PTMap->data;
         if (body.rows == 0 || body.columns == 0)
             continue;
         TBytes expected = Get(0, TROMImage::capacity);

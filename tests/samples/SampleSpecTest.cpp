@@ -73,7 +73,7 @@ TEST_P(TSampleSpec, LeadsToPlausibleMaps) {
     ExpectCells(timing_, 8, 40);
     EXPECT_EQ(fuel_.PTMap->LoadCount(), 12);
     EXPECT_EQ(timing_.PTMap->LoadCount(), 10);
-    for (const TMap *map : {fuel_.PTMap.get(), timing_.PTMap.get()}) {
+    for (const TMap *map : {&*fuel_.PTMap, &*timing_.PTMap}) {
         const auto loads = Values(*map->axes->throttleAxis->values, map->LoadCount(), 1);
         EXPECT_DOUBLE_EQ(loads.front(), 4);
         EXPECT_DOUBLE_EQ(loads.back(), 100);
