@@ -40,7 +40,8 @@ void Fill(TAreaChart &chart, int loads, int rpms) {
         for (int rpm = 0; rpm < rpms; ++rpm) {
             const double value = ValueOf(load, rpm);
             const int speed = 500 + 250 * rpm;
-            chart.AddPoint(load, {double(speed), value, QString::number(speed), PointColor(value)});
+            chart.AddPoint(
+                load, {double(speed), value, QString::number(speed), ChartValueOf(value).color});
         }
     }
 }
@@ -56,7 +57,7 @@ std::vector<TFilledPolygon> PolygonsOf(int loads, int rpms) {
     for (int load = 0; load < loads; ++load)
         for (int rpm = 0; rpm < rpms; ++rpm) {
             const double value = ValueOf(load, rpm);
-            walls[static_cast<std::size_t>(load)].points.push_back({value, PointColor(value)});
+            walls[static_cast<std::size_t>(load)].points.push_back(ChartValueOf(value));
         }
     const TChartProjection projection(TChartView(), 1, {50, 30, 900, 600});
     std::vector<TFilledPolygon> polygons;

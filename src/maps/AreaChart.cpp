@@ -3,6 +3,7 @@
 #include "forms/Access.h"
 #include "maps/ChartPainter.h"
 #include "maps/ChartWalls.h"
+#include "model/Numbers.h"
 
 #include <algorithm>
 #include <array>
@@ -25,11 +26,6 @@ constexpr int pixelsPerDegree = 2;
 constexpr int wheelStep = 120; // eighths of a degree, one notch of a plain wheel
 constexpr int focusFrame = 3;  // pixels, half of them inside the widget
 constexpr QSize smallest(110, 80);
-
-/// The sum of two numbers, wrapped to 32 bits.
-int Wrapped(int a, int b) {
-    return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
-}
 } // namespace
 
 TAreaChart::TAreaChart(QWidget *parent, const QString &name) : QWidget(parent) {
@@ -49,17 +45,17 @@ void TAreaChart::SetTitles(const QString &title, const QString &leftAxisTitle) {
 }
 
 void TAreaChart::TurnBy(int degrees) {
-    view_.rotation = Wrapped(view_.rotation, degrees);
+    view_.rotation = WrappingSum(view_.rotation, degrees);
     update();
 }
 
 void TAreaChart::TiltBy(int degrees) {
-    view_.elevation = Wrapped(view_.elevation, degrees);
+    view_.elevation = WrappingSum(view_.elevation, degrees);
     update();
 }
 
 void TAreaChart::ZoomBy(int percent) {
-    view_.zoom = Wrapped(view_.zoom, percent);
+    view_.zoom = WrappingSum(view_.zoom, percent);
     update();
 }
 
@@ -178,7 +174,7 @@ void TAreaChart::Describe() {
     double lowest = 0;
     double highest = 0;
     for (const TWall &wall : walls)
-        for (const TWallPoint &point : wall.points) {
+        for (const TChartValue &point : wall.points) {
             if (!IsReadable(point))
                 continue;
             lowest = readable > 0 ? std::min(lowest, point.value) : point.value;

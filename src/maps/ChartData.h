@@ -5,16 +5,6 @@
 
 #include "model/MapTypes.h"
 
-/// Added to a point's rounded value to give its colour.
-inline constexpr std::uint32_t chartColorBase = 0x880000;
-
-/// Stands for a cell that is no number, in red.
-inline constexpr double unreadableValue = -255.0;
-
-/// Colour of a point: the value rounded to an integer plus chartColorBase, as 0x00BBGGRR.
-/// @throws ERangeError for a value that does not fit 32 bits
-TColor PointColor(double value);
-
 /// Fills the chart's series from the grid's cells; nothing happens while the grid is marked hidden.
 ///
 /// Grid row i gives the points of series RowCount - 1 - i, one per RPM column, labelled with the
@@ -28,6 +18,5 @@ void RedrawChart(const IMapGrid &grid, IMapChart &chart);
 ///
 /// Load point r of m gives series m - 1 - r: its title and its load (without "%"; unlike on the map
 /// pages title and points belong together) and one point per RPM point, labelled with the RPM.
-/// Heights are in the units that the map shows. A value that cannot be read or coloured is
-/// unreadableValue in red.
+/// Heights are in the units that the map shows.
 void FillQuickChart(const TMap &map, IMapChart &chart);

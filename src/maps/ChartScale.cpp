@@ -1,6 +1,5 @@
 #include "maps/ChartScale.h"
 
-#include "maps/ChartData.h"
 #include "model/Numbers.h"
 
 #include <algorithm>
@@ -27,7 +26,7 @@ TRange RangeOf(const std::vector<TWall> &walls) {
     bool any = false;
     TRange range{0, 1};
     for (const TWall &wall : walls)
-        for (const TWallPoint &point : wall.points) {
+        for (const TChartValue &point : wall.points) {
             if (!IsReadable(point))
                 continue;
             const double value = std::clamp(point.value, -largestValue, largestValue);
@@ -60,7 +59,7 @@ double RoundStep(double size) {
 }
 } // namespace
 
-bool IsReadable(const TWallPoint &point) {
+bool IsReadable(const TChartValue &point) {
     return std::isfinite(point.value) && !(point.value == unreadableValue && point.color == clRed);
 }
 

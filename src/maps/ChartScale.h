@@ -6,15 +6,9 @@
 #include <string>
 #include <vector>
 
-/// One point of a wall.
-struct TWallPoint {
-    double value;
-    TColor color;
-};
-
 /// One series: an area from the floor up to the points, which stand at equal steps.
 struct TWall {
-    std::vector<TWallPoint> points;
+    std::vector<TChartValue> points;
     bool stairs = false; ///< drawn in steps instead of slopes
 };
 
@@ -34,7 +28,7 @@ struct TChartScale {
 };
 
 /// Whether a point stands for a number: it is not the red -255 of an unreadable cell, and finite.
-bool IsReadable(const TWallPoint &point);
+bool IsReadable(const TChartValue &point);
 
 /// The scale for all readable points, with at most `steps` (at least 1) steps.
 ///

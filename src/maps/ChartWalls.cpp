@@ -19,7 +19,7 @@ struct TSlab {
     double farZ;
 };
 
-double HeightOf(const TWallPoint &point, const TChartScale &scale) {
+double HeightOf(const TChartValue &point, const TChartScale &scale) {
     return IsReadable(point) ? scale.Height(point.value) : 0;
 }
 
@@ -31,7 +31,7 @@ TPiece Mirrored(const TPiece &piece) {
 std::vector<TPiece> PiecesOf(const TWall &wall, int places, const TWallLayout &layout) {
     const int count = static_cast<int>(wall.points.size());
     std::vector<double> heights;
-    for (const TWallPoint &point : wall.points)
+    for (const TChartValue &point : wall.points)
         heights.push_back(HeightOf(point, layout.scale));
     // Half the way to a neighbour; a wall of one point is a step of its own.
     const double half = 0.5 / std::max(places - 1, 1);

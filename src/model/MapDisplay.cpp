@@ -71,23 +71,14 @@ void TakeHeader(IMapGrid &grid, int column, int row, TVal *point) {
     grid.SetFontColor(column, row, clBlack);
 }
 
-/// What a chart draws for one cell.
-struct TChartValue {
-    double value;
-    TColor color;
-};
+} // namespace
 
-TChartValue ChartValue(const TVal *value) {
-    constexpr std::int64_t colorBase = 0x880000;
-    constexpr TChartValue unreadable{-255.0, clRed};
-    const std::optional<double> number = ReadCell(value);
+TChartValue ChartValueOf(std::optional<double> number) {
     const std::optional<std::int32_t> rounded = number ? TryRound(*number) : std::nullopt;
     if (!rounded)
-        return unreadable;
-    return {*number, static_cast<TColor>(*rounded + colorBase)};
+        return {unreadableValue, clRed};
+    return {*number, static_cast<TColor>(*rounded) + chartColorBase};
 }
-
-} // namespace
 
 void TMap::SizeGrid(IMapGrid &grid) const {
     const bool shown = Fits() && RPMCount() > 0;
@@ -161,21 +152,19 @@ void TMap::FillChart(IMapChart &chart) const {
     if (chart.SeriesCount() != LoadCount())
         chart.RecreateSeries(LoadCount());
     for (int t = 0; t < LoadCount(); ++t)
-        FillSeries(chart, t);
+        FillSeries(chart, t, t);
 }
 
-void TMap::FillSeries(IMapChart &chart, int t) const {
-    chart.ClearSeries(t);
-    if (const TVal *load = axes->throttleAxis->values->GetItem(t, 0)) {
+void TMap::FillSeries(IMapChart &chart, int series, int loadPoint) const {
+    chart.ClearSeries(series);
+    if (const TVal *load = axes->throttleAxis->values->GetItem(loadPoint, 0)) {
         const std::string label = FormatReal(loadFormat, load->GetValue());
-        chart.SetSeriesTitle(t, label);
-        chart.SetSeriesLoad(t, label);
+        chart.SetSeriesTitle(series, label);
+        chart.SetSeriesLoad(series, label);
     }
-    for (int r = 0; r < RPMCount(); ++r) {
-        const TVal *rpm = axes->rpmAxis->values->GetItem(r, 0);
-        if (!rpm)
-            continue;
-        const TChartValue drawn = ChartValue(data->values->GetItem(r, t));
-        chart.AddPoint(t, rpm->GetValue(), drawn.value, RPMText(*rpm), drawn.color);
-    }
+    for (int r = 0; r < RPMCount(); ++r)
+        if (const TVal *rpm = axes->rpmAxis->values->GetItem(r, 0)) {
+            const TChartValue drawn = ChartValueOf(ReadCell(data->values->GetItem(r, loadPoint)));
+            chart.AddPoint(series, rpm->GetValue(), drawn.value, RPMText(*rpm), drawn.color);
+        }
 }

@@ -87,9 +87,10 @@ public:
     /// Shows or hides the chart by the fit rule and gives it one series per load point when its
     /// count differs.
     void SizeChart(IMapChart &chart) const;
-    /// Fills a visible chart: series t is load point t, x the RPM. An unreadable value draws -255
-    /// in red.
+    /// Fills a visible chart: series t is load point t, x the RPM.
     void FillChart(IMapChart &chart) const;
+    /// Fills one series with a load point's title, load and points, whatever the chart's state.
+    void FillSeries(IMapChart &chart, int series, int loadPoint) const;
 
 protected:
     TMap(TMapDataClass dataClass, std::int32_t count, std::string convertedPicture,
@@ -102,7 +103,6 @@ private:
     void FillBody(IMapGrid &grid, const std::string &cellFormat) const;
     void ReadBody(IMapGrid &grid);
     void ReadHeaders(IMapGrid &grid);
-    void FillSeries(IMapChart &chart, int t) const;
 };
 
 /// A lambda trim map: cells in 1/128, "###0.00".

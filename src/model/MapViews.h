@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 /// 32-bit colours 0x00BBGGRR; a top byte of 0x80 marks a colour of the desktop's theme.
@@ -38,6 +39,22 @@ public:
     /// scroll bars beyond.
     virtual void ShowAtMost(int maxRows, int maxColumns) = 0;
 };
+
+/// Height and colour of a point of a chart.
+struct TChartValue {
+    double value;
+    TColor color;
+};
+
+/// Added to a point's rounded value to give its colour.
+inline constexpr std::uint32_t chartColorBase = 0x880000;
+
+/// Stands for a cell that is no number, in red.
+inline constexpr double unreadableValue = -255.0;
+
+/// What is drawn for a number: itself, in the colour of its rounded value; unreadableValue for none
+/// and for one that does not fit 32 bits.
+TChartValue ChartValueOf(std::optional<double> number);
 
 /// A chart of area series, one per load point.
 class IMapChart {

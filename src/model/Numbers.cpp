@@ -8,6 +8,8 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdio>
+#include <initializer_list>
 #include <limits>
 #include <system_error>
 #include <utility>
@@ -22,21 +24,14 @@ std::string &DecimalSeparator() {
     return separator;
 }
 
-bool IsBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
+constexpr auto blanks = " \t";
 
 void SkipBlanks(std::string_view &text) {
-    while (!text.empty() && IsBlank(text.front()))
-        text.remove_prefix(1);
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
 }
 
 bool Skip(std::string_view &text, std::string_view prefix) {
-    if (prefix.empty() || !text.starts_with(prefix))
+    if (!text.starts_with(prefix))
         return false;
     text.remove_prefix(prefix.size());
     return true;
@@ -51,11 +46,8 @@ bool SkipSign(std::string_view &text) {
 }
 
 std::string_view TakeDigits(std::string_view &text) {
-    std::size_t count = 0;
-    while (count < text.size() && IsDigit(text[count]))
-        ++count;
-    const std::string_view digits = text.substr(0, count);
-    text.remove_prefix(count);
+    const std::string_view digits = text.substr(0, text.find_first_not_of("0123456789"));
+    text.remove_prefix(digits.size());
     return digits;
 }
 
@@ -69,23 +61,15 @@ bool TakeExponent(std::string_view &text, std::string &plain) {
     return !digits.empty();
 }
 
-std::optional<std::int32_t> ParseHex(std::string_view digits, bool negative) {
-    constexpr std::size_t mostDigits = 8;
-    std::uint32_t value = 0;
-    const auto [end, error] = std::from_chars(digits.begin(), digits.end(), value, 16);
-    if (digits.size() > mostDigits || error != std::errc{} || end != digits.end())
-        return std::nullopt;
-    return static_cast<std::int32_t>(negative ? 0U - value : value);
-}
-
-std::optional<std::int32_t> ParseDecimal(std::string_view digits, bool negative) {
+/// The integer that `digits` and nothing else make up; hexadecimal ones are eight at most.
+std::optional<std::int32_t> IntegerOf(std::string_view digits, int base, bool negative) {
     std::uint64_t value = 0;
-    const auto [end, error] = std::from_chars(digits.begin(), digits.end(), value);
-    const std::uint64_t limit = negative ? 0x80000000U : 0x7FFFFFFFU;
-    if (error != std::errc{} || end != digits.end() || value > limit)
+    const auto [end, error] = std::from_chars(digits.begin(), digits.end(), value, base);
+    const bool fits =
+        base == 16 ? digits.size() <= 8 : value <= (negative ? 0x80000000U : 0x7FFFFFFFU);
+    if (error != std::errc{} || end != digits.end() || !fits)
         return std::nullopt;
-    const auto magnitude = static_cast<std::int64_t>(value);
-    return static_cast<std::int32_t>(negative ? -magnitude : magnitude);
+    return static_cast<std::int32_t>(negative ? 0 - value : value);
 }
 
 /// Whether `plain`, a number with a point, with a digit other than 0 and outside a double's range,
@@ -101,59 +85,43 @@ bool IsTooSmall(std::string_view plain) {
     return place(plain.find('.')) - place(plain.find_first_of("123456789")) + power <= 0;
 }
 
-enum class THexForms { DollarOnly, DollarAndC };
-
-std::optional<std::int32_t> ParseIntegerText(std::string_view text, THexForms forms) {
+/// `hexMarks` are what hexadecimal digits may follow.
+std::optional<std::int32_t> ParseIntegerText(std::string_view text,
+                                             std::initializer_list<std::string_view> hexMarks) {
     SkipBlanks(text);
     const bool negative = SkipSign(text);
-    const bool hex = Skip(text, "$") ||
-                     (forms == THexForms::DollarAndC && (Skip(text, "0x") || Skip(text, "0X")));
-    return hex ? ParseHex(text, negative) : ParseDecimal(text, negative);
+    const bool hex = std::any_of(hexMarks.begin(), hexMarks.end(),
+                                 [&](std::string_view mark) { return Skip(text, mark); });
+    return IntegerOf(text, hex ? 16 : 10, negative);
 }
 
-/// A non-negative number as decimal digits, the point standing behind `whole` of them.
+/// A non-negative number as its first 15 decimal digits times a power of ten.
 struct TDecimal {
-    std::string digits;
-    int whole;
+    std::int64_t digits;
+    int exponent;
 };
 
 TDecimal DecimalOf(double magnitude) {
     std::array<char, 40> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
-                                   std::chars_format::scientific, significantDigits - 1)
-                         .ptr;
-    const std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-    const std::size_t mark = text.find('e');
-    std::string digits(text.substr(0, mark));
-    digits.erase(1, 1);
-    int exponent = 0;
-    const char *first = text.data() + mark + 1;
-    std::from_chars(*first == '+' ? first + 1 : first, end, exponent);
-    return {std::move(digits), exponent + 1};
+    std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
+                  std::chars_format::scientific, significantDigits - 1);
+    std::string text = buffer.data();
+    text.erase(1, 1); // the point
+    return {std::stoll(text), std::stoi(text.substr(text.find('e') + 1)) - significantDigits + 1};
 }
 
-/// Writes leading and trailing zeros out so that `decimals` digits stand behind the point, and
-/// rounds half away from zero there.
-void RoundTo(TDecimal &number, int decimals) {
-    if (number.whole < 0)
-        number.digits.insert(0, static_cast<std::size_t>(-number.whole), '0');
-    number.whole = std::max(number.whole, 0);
-    const auto kept = static_cast<std::size_t>(number.whole) + static_cast<std::size_t>(decimals);
-    if (kept >= number.digits.size()) {
-        number.digits.resize(kept, '0');
-        return;
-    }
-    const bool up = number.digits[kept] >= '5';
-    number.digits.resize(kept);
-    std::size_t i = kept;
-    while (up && i > 0 && number.digits[i - 1] == '9')
-        number.digits[--i] = '0';
-    if (up && i > 0) {
-        ++number.digits[i - 1];
-    } else if (up) {
-        number.digits.insert(0, 1, '1');
-        ++number.whole;
-    }
+/// The digits of a non-negative number with `decimals` of them behind its point, rounded half up
+/// there.
+std::string DigitsOf(double magnitude, std::size_t decimals) {
+    auto [digits, exponent] = DecimalOf(magnitude);
+    for (exponent += static_cast<int>(decimals); exponent < -1; ++exponent)
+        digits /= 10;
+    if (exponent == -1)
+        digits = (digits + 5) / 10;
+    std::string text = std::to_string(digits);
+    text.append(static_cast<std::size_t>(std::max(exponent, 0)), '0');
+    text.insert(0, decimals - std::min(decimals, text.size()), '0');
+    return text;
 }
 
 /// What a picture asks for.
@@ -195,8 +163,7 @@ std::int32_t Round(double value) {
 
 std::optional<double> TryParseReal(std::string_view text) {
     SkipBlanks(text);
-    while (!text.empty() && IsBlank(text.back()))
-        text.remove_suffix(1);
+    text = text.substr(0, text.find_last_not_of(blanks) + 1);
     std::string plain = SkipSign(text) ? "-" : "";
     const std::string_view whole = TakeDigits(text);
     const bool separated = Skip(text, DecimalSeparator());
@@ -218,7 +185,7 @@ double ParseReal(std::string_view text) {
 }
 
 std::optional<std::int32_t> TryParseInteger(std::string_view text) {
-    return ParseIntegerText(text, THexForms::DollarOnly);
+    return ParseIntegerText(text, {"$"});
 }
 
 std::int32_t ParseInteger(std::string_view text) {
@@ -228,7 +195,7 @@ std::int32_t ParseInteger(std::string_view text) {
 }
 
 std::int32_t ParseIntegerOr(std::string_view text, std::int32_t fallback) {
-    return ParseIntegerText(text, THexForms::DollarAndC).value_or(fallback);
+    return ParseIntegerText(text, {"$", "0x", "0X"}).value_or(fallback);
 }
 
 std::string FormatReal(std::string_view picture, double value) {
@@ -237,19 +204,16 @@ std::string FormatReal(std::string_view picture, double value) {
     if (std::isinf(value))
         return value < 0 ? "-INF" : "INF";
     const TPicture asked = PictureOf(picture);
-    TDecimal number = DecimalOf(std::abs(value));
-    RoundTo(number, static_cast<int>(asked.mostDecimals));
-
-    const auto point = static_cast<std::size_t>(number.whole);
-    std::string whole = number.digits.substr(0, point);
-    std::string decimals = number.digits.substr(point);
-    whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
+    const std::string digits = DigitsOf(std::abs(value), asked.mostDecimals);
+    std::string whole = digits.substr(0, digits.size() - asked.mostDecimals);
+    std::string decimals = digits.substr(whole.size());
+    whole.erase(0, whole.find_first_not_of('0'));
     if (whole.size() < asked.leastWhole)
         whole.insert(0, asked.leastWhole - whole.size(), '0');
     while (decimals.size() > asked.leastDecimals && decimals.back() == '0')
         decimals.pop_back();
 
-    const bool zero = number.digits.find_first_not_of('0') == std::string::npos;
+    const bool zero = digits.find_first_not_of('0') == std::string::npos;
     std::string text = value < 0 && !zero ? "-" : "";
     text += whole;
     if (!decimals.empty())
@@ -258,10 +222,11 @@ std::string FormatReal(std::string_view picture, double value) {
 }
 
 std::string FormatOffset(std::int32_t offset) {
-    constexpr std::size_t leastDigits = 4;
-    std::string digits;
-    for (auto rest = static_cast<std::uint32_t>(offset); rest != 0 || digits.size() < leastDigits;
-         rest /= 16)
-        digits.insert(0, 1, "0123456789ABCDEF"[rest % 16]);
-    return "$" + digits;
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "$%04X", static_cast<unsigned>(offset));
+    return text.data();
+}
+
+std::int32_t WrappingSum(std::int32_t a, std::int32_t b) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
 }

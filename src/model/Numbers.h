@@ -46,3 +46,6 @@ std::string FormatReal(std::string_view picture, double value);
 /// "$" and the offset in at least four upper-case hexadecimal digits; negative ones as 32-bit two's
 /// complement.
 std::string FormatOffset(std::int32_t offset);
+
+/// The sum, wrapped to 32 bits.
+std::int32_t WrappingSum(std::int32_t a, std::int32_t b);

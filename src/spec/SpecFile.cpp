@@ -52,11 +52,6 @@ std::int32_t ReadStrict(const TIniFile &ini, std::string_view section, std::stri
     return ParseInteger(ini.ReadString(section, key, fallback));
 }
 
-// Users may enter any two numbers, so the sum wraps instead of overflowing.
-std::int32_t WrappingSum(std::int32_t a, std::int32_t b) {
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
-}
-
 // The rev limiter's offset is absolute in both forms: no primary offset is added.
 void PlaceRevLimiter(const TIniFile &ini, TFuelMapSet &fuelMaps) {
     fuelMaps.revLimiter.SetOffset(ReadStrict(ini, otherSection, revLimitKey, "0"));
@@ -157,6 +152,7 @@ std::optional<TMapPointers> ReadMapPointers(const TIniFile &ini, std::string_vie
     const auto bitmask = TryParseInteger(ini.ReadString(section, "bitmask", "15"));
     if (!relative || !bitmask)
         return std::nullopt;
+    // Users may enter any two numbers.
     return TMapPointers{WrappingSum(relative->pt, primary), WrappingSum(relative->idle, primary),
                         WrappingSum(relative->wot, primary), *bitmask};
 }

@@ -17,7 +17,7 @@ inline TChartContents SampleContents(int walls, int points) {
         TWall wall;
         for (int p = 0; p < points; ++p) {
             const double value = 50 + 20 * std::sin(p * 0.7 + w) + 3 * w;
-            wall.points.push_back({value, PointColor(value)});
+            wall.points.push_back(ChartValueOf(value));
         }
         contents.walls.push_back(wall);
         contents.depthLabels << QString::number(5 * (w + 1)) + "%";

@@ -74,7 +74,7 @@ TEST(ChartPainter, EveryColourOfAMapIsSeenFromAbove) {
     TColor color = 0x880000;
     std::set<QRgb> wanted;
     for (TWall &wall : contents.walls)
-        for (TWallPoint &point : wall.points) {
+        for (TChartValue &point : wall.points) {
             point.color = color += 0x000103;
             wanted.insert(PixelOf(color));
         }

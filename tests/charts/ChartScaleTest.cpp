@@ -57,7 +57,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ChartScale, ALiteralMinus255OfAnotherColourIsAValue) {
     std::vector<TWall> walls = WallsOf({0});
-    walls[0].points.push_back({-255, PointColor(-255)});
+    walls[0].points.push_back(ChartValueOf(-255));
     EXPECT_LE(ScaleOf(walls, 10).lowest, -255);
     EXPECT_TRUE(IsReadable(walls[0].points[1]));
     EXPECT_FALSE(IsReadable({-255, clRed}));

@@ -144,7 +144,7 @@ std::vector<double> EdgeContrasts(TChartContents contents, const QPalette &palet
     constexpr int edge = 3; // pixels: a line and its soft sides
     const QImage image = ChartImage(contents, palette, size);
     for (TWall &wall : contents.walls)
-        for (TWallPoint &point : wall.points)
+        for (TChartValue &point : wall.points)
             point.color = 0x40FF40;
     const QImage recoloured = ChartImage(contents, palette, size); // differs where walls are
     std::vector<double> contrasts;

@@ -94,12 +94,13 @@ struct TColorCase {
     double value;
     TColor color;
 };
-class TPointColorTest : public testing::TestWithParam<TColorCase> {};
+class TChartColorTest : public testing::TestWithParam<TColorCase> {};
 
-TEST_P(TPointColorTest, IsTheRoundedValueAbove0x880000) {
-    EXPECT_EQ(PointColor(GetParam().value), GetParam().color);
+TEST_P(TChartColorTest, IsTheRoundedValueAbove0x880000) {
+    EXPECT_EQ(ChartValueOf(GetParam().value).color, GetParam().color);
+    EXPECT_EQ(ChartValueOf(GetParam().value).value, GetParam().value);
 }
-INSTANTIATE_TEST_SUITE_P(Values, TPointColorTest,
+INSTANTIATE_TEST_SUITE_P(Values, TChartColorTest,
                          testing::Values(TColorCase{0, 8912896}, TColorCase{255, 0x8800FF},
                                          TColorCase{256, 0x880100}, TColorCase{0.5, 0x880000},
                                          TColorCase{1.5, 0x880002}, TColorCase{2.5, 0x880002},
@@ -107,9 +108,12 @@ INSTANTIATE_TEST_SUITE_P(Values, TPointColorTest,
                                          TColorCase{-8912896, 0}, TColorCase{-8912897, 0xFFFFFFFF},
                                          TColorCase{2147483647, 0x8087FFFF}));
 
-TEST(TPointColorErrorTest, RefusesWhatIsNo32BitInteger) {
-    EXPECT_THROW(PointColor(2147483648.0), ERangeError);
-    EXPECT_THROW(PointColor(-2147483649.0), ERangeError);
+TEST(TChartColorErrorTest, WhatIsNo32BitIntegerIsMinus255InRed) {
+    for (const std::optional<double> number :
+         {std::optional<double>(), {2147483648.0}, {-2147483649.0}}) {
+        EXPECT_EQ(ChartValueOf(number).value, -255);
+        EXPECT_EQ(ChartValueOf(number).color, clRed);
+    }
 }
 
 /// The rule word for word, on plain tables.

@@ -19,7 +19,7 @@ std::map<QString, TValues> WallsByLoad(const TAreaChart &chart) {
     const TChartContents contents = chart.Contents();
     for (std::size_t i = 0; i < contents.walls.size(); ++i) {
         TValues &values = walls[QString(contents.depthLabels.value(qsizetype(i))).remove('%')];
-        for (const TWallPoint &point : contents.walls[i].points)
+        for (const TChartValue &point : contents.walls[i].points)
             values.push_back(point.value);
     }
     return walls;
