@@ -60,15 +60,7 @@ void TAreaChart::ZoomBy(int percent) {
 }
 
 void TAreaChart::ShowFirstView() {
-    const TChartView first;
-    view_.rotation = first.rotation;
-    view_.elevation = first.elevation;
-    view_.zoom = first.zoom;
-    update();
-}
-
-void TAreaChart::SetDepthPercent(int percent) {
-    view_.depthPercent = percent;
+    view_ = {};
     update();
 }
 
@@ -170,21 +162,12 @@ TChartContents TAreaChart::Contents() const {
 void TAreaChart::Describe() {
     describeSoon_ = false;
     const std::vector<TWall> walls = Contents().walls;
-    int readable = 0;
-    double lowest = 0;
-    double highest = 0;
-    for (const TWall &wall : walls)
-        for (const TChartValue &point : wall.points) {
-            if (!IsReadable(point))
-                continue;
-            lowest = readable > 0 ? std::min(lowest, point.value) : point.value;
-            highest = readable > 0 ? std::max(highest, point.value) : point.value;
-            ++readable;
-        }
     const QString shape =
         tr("%1 series of up to %2 points").arg(SeriesCount()).arg(PlaceCount(walls));
+    const std::optional<TRange> range = RangeOf(walls);
     setAccessibleDescription(
-        readable == 0 ? shape : tr("%1, values from %2 to %3").arg(shape).arg(lowest).arg(highest));
+        range ? tr("%1, values from %2 to %3").arg(shape).arg(range->lowest).arg(range->highest)
+              : shape);
 }
 
 void TAreaChart::Paint(QPainter &painter, const QRectF &rect) const {

@@ -55,9 +55,6 @@ public:
     /// Turns, tilts and zooms to where a new chart begins.
     void ShowFirstView();
 
-    /// Depth in percent of the full one, 100 until set; 0 draws all walls in one plane.
-    void SetDepthPercent(int percent);
-
     /// Title of the load axis, which runs away from the viewer.
     void SetDepthTitle(const QString &title);
     const QString &DepthTitle() const { return depthTitle_; }

@@ -40,8 +40,8 @@ struct TGridPlace {
 TAdjustRange RangeFor(TMapKind map, TAdjustRange requested);
 
 /// The cells that `range` takes of a map's grid: of part throttle the body, or the row or column of
-/// the current cell, which counts as it is, a header after "Unlock Axis" included: intended. Of the
-/// others always the first body row.
+/// the current cell, which counts as it is, a header after "Unlock Axis" included: intended, users
+/// shift a whole axis so. Of the others always the first body row.
 TCellRange CellsToAdjust(TMapKind map, TAdjustRange range, const TGridPlace &grid);
 
 /// The adjusted value. Units are not rounded; a percentage is rounded to the nearest integer, ties

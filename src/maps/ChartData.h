@@ -9,7 +9,8 @@
 ///
 /// Grid row i gives the points of series RowCount - 1 - i, one per RPM column, labelled with the
 /// RPM header, and its own load header as the series' load. The series' titles run the other way:
-/// series s is titled with the load header of row s + 1. This is intended; no chart draws titles.
+/// series s is titled with the load header of row s + 1. This is intended: what
+/// reads the charts' published series knows them so, and no chart draws titles.
 /// Series that the chart lacks are left out.
 void RedrawChart(const IMapGrid &grid, IMapChart &chart);
 

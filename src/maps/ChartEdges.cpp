@@ -1,8 +1,7 @@
 #include "maps/ChartEdges.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
+#include <initializer_list>
 
 namespace {
 /// Edges nearer to each other than this, on the screen, count as one.

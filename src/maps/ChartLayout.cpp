@@ -7,7 +7,6 @@
 #include <cmath>
 
 #include <QFontMetricsF>
-#include <QMarginsF>
 
 namespace {
 // Distances in line heights.

@@ -43,9 +43,7 @@ TTurn DrawnTurn(int angle) {
 }
 
 TChartProjection::TChartProjection(const TChartView &view, double depth, const TScreenArea &area)
-    : turn_(DrawnTurn(view.rotation)),
-      tilt_(DrawnTurn(view.elevation)),
-      depth_(depth * std::clamp(view.depthPercent, 0, 1000) / 100) {
+    : turn_(DrawnTurn(view.rotation)), tilt_(DrawnTurn(view.elevation)), depth_(depth) {
     const TChartView initial;
     const std::array<double, 2> now = Extents(turn_, tilt_, depth_);
     const std::array<double, 2> first =

@@ -27,14 +27,13 @@ struct TScreenArea {
 };
 
 /// How a chart is looked at. Any numbers will do: angles are reduced modulo 360, the zoom is drawn
-/// as at least 1 and at most largestZoom percent, the depth as at least 0 and at most 1000 percent.
+/// as at least 1 and at most largestZoom percent.
 struct TChartView {
     int rotation = 340;         ///< degrees about the vertical axis; 360 is straight from the front
     int elevation = 351;        ///< degrees about the horizontal axis; 360 is level
     int zoom = 56;              ///< percent; 56 fills the area
     int horizontalOffset = -12; ///< thousandths of the area's width, to the right
     int verticalOffset = 7;     ///< thousandths of the area's height, downwards
-    int depthPercent = 100;     ///< of the depth that the chart would have
 };
 
 /// One step of the view, the same for every button, key and notch of the wheel.

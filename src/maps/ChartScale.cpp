@@ -17,28 +17,10 @@ constexpr double footShare = 0.04;
 /// Where a range is smaller than this part of its values, these count as one value.
 constexpr double smallestShare = 1e-9;
 
-struct TRange {
-    double lowest;
-    double highest;
-};
-
-TRange RangeOf(const std::vector<TWall> &walls) {
-    bool any = false;
-    TRange range{0, 1};
-    for (const TWall &wall : walls)
-        for (const TChartValue &point : wall.points) {
-            if (!IsReadable(point))
-                continue;
-            const double value = std::clamp(point.value, -largestValue, largestValue);
-            range.lowest = any ? std::min(range.lowest, value) : value;
-            range.highest = any ? std::max(range.highest, value) : value;
-            any = true;
-        }
-    return range;
-}
-
 /// The range that the axis has to show: with a foot under the lowest value, or from 0.
 TRange Drawn(TRange range) {
+    range.lowest = std::clamp(range.lowest, -largestValue, largestValue);
+    range.highest = std::clamp(range.highest, -largestValue, largestValue);
     const double size = range.highest - range.lowest;
     const double largest = std::max(std::abs(range.lowest), std::abs(range.highest));
     if (largest < smallestValue)
@@ -61,6 +43,16 @@ double RoundStep(double size) {
 
 bool IsReadable(const TChartValue &point) {
     return std::isfinite(point.value) && !(point.value == unreadableValue && point.color == clRed);
+}
+
+std::optional<TRange> RangeOf(const std::vector<TWall> &walls) {
+    std::optional<TRange> range;
+    for (const TWall &wall : walls)
+        for (const TChartValue &point : wall.points)
+            if (IsReadable(point))
+                range = {std::min(range ? range->lowest : point.value, point.value),
+                         std::max(range ? range->highest : point.value, point.value)};
+    return range;
 }
 
 int TChartScale::TickCount() const {
@@ -92,7 +84,7 @@ double TChartScale::Height(double value) const {
 }
 
 TChartScale ScaleOf(const std::vector<TWall> &walls, int steps) {
-    const TRange range = Drawn(RangeOf(walls));
+    const TRange range = Drawn(RangeOf(walls).value_or(TRange{0, 1}));
     TChartScale scale;
     const double size = range.highest - range.lowest;
     for (double wanted = size / std::max(steps, 1);; wanted = scale.step * 1.5) {

@@ -3,6 +3,7 @@
 
 #include "model/MapViews.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,13 @@ struct TChartScale {
 
 /// Whether a point stands for a number: it is not the red -255 of an unreadable cell, and finite.
 bool IsReadable(const TChartValue &point);
+
+struct TRange {
+    double lowest;
+    double highest;
+};
+/// What the readable points reach from and to; none without any.
+std::optional<TRange> RangeOf(const std::vector<TWall> &walls);
 
 /// The scale for all readable points, with at most `steps` (at least 1) steps.
 ///

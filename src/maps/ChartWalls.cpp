@@ -1,7 +1,6 @@
 #include "maps/ChartWalls.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 /// What one point has of its wall: from half-way to the point before to half-way to the next.

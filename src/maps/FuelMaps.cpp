@@ -16,15 +16,6 @@ TfrmFuelMaps::TfrmFuelMaps(QWidget *parent, TWorkspace &sharedWorkspace, TFuelMa
 
 void TfrmFuelMaps::MakeControls() {
     TfrmMaps::MakeControls();
-    MakeRevLimiter();
-}
-
-TRevLimiterBox &TfrmFuelMaps::RevBox() {
-    Prepare();
-    return *revBox_;
-}
-
-void TfrmFuelMaps::MakeRevLimiter() {
     revBox_ = new TRevLimiterBox(this);
     auto *btnSaverev = new QPushButton(tr("Commit"), this);
     btnSaverev->setObjectName("btnSaverev");
@@ -41,8 +32,12 @@ void TfrmFuelMaps::MakeRevLimiter() {
     ConnectGuarded(btnResetRev, &QPushButton::clicked, this, [this] { btnResetPTClick(); });
 }
 
+TRevLimiterBox &TfrmFuelMaps::RevBox() {
+    Prepare();
+    return *revBox_;
+}
+
 void TfrmFuelMaps::ShowPage() {
-    FuelMapSet = &workspace.fuelMapSet;
     RevBox().SetPresent(FuelMapSet->HasRevLimiter());
     ShowRevLimiter();
     TfrmMaps::ShowPage();
@@ -79,7 +74,7 @@ void TfrmFuelMaps::spnRevLimiterChange() {
 
 void TfrmFuelMaps::btnSavePTClick() {
     TfrmMaps::btnSavePTClick();
-    // The text stays blue and DataChanged stays as it is; both are intended.
+    // The text stays blue and DataChanged as it is. Both are intended: see docs/peculiarities.md.
     if (FuelMapSet->HasRevLimiter())
         TakeRevLimiter();
     SetRevChanged(false);
@@ -90,12 +85,4 @@ void TfrmFuelMaps::btnResetPTClick() {
     if (FuelMapSet->HasRevLimiter())
         ShowRevLimiter();
     SetRevChanged(false);
-}
-
-void TfrmFuelMaps::CopyFuel(TMapKind kind) {
-    CopyMap(FuelMapSet->Map(kind), kind, workspace.fuelPasteSlots);
-}
-
-void TfrmFuelMaps::PasteFuel(TMapKind kind) {
-    PasteMap(kind, workspace.fuelPasteSlots, tr("Fuel"));
 }

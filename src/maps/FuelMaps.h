@@ -10,9 +10,8 @@ public:
     /// `mapSet` and `workspace` outlive the page.
     TfrmFuelMaps(QWidget *parent, TWorkspace &workspace, TFuelMapSet &mapSet);
 
-    TFuelMapSet
-        *FuelMapSet; ///< the workspace's set, taken at each show; rev limiter and "Copy Map" use it
-    bool RevChanged = false; ///< the spin edit was changed and not yet committed
+    TFuelMapSet *const FuelMapSet; ///< the workspace's; rev limiter and "Copy Map" use it
+    bool RevChanged = false;       ///< the spin edit was changed and not yet committed
 
     void ShowPage() override;
 
@@ -21,31 +20,24 @@ public:
     // both.
     void btnSavePTClick() override;
     void btnResetPTClick() override;
-    void Copy1Click() override { CopyFuel(TMapKind::PT); }
-    void Copy2Click() override { CopyFuel(TMapKind::Idle); }
-    void Copy3Click() override { CopyFuel(TMapKind::WOT); }
-    void Paste1Click() override { PasteFuel(TMapKind::PT); }
-    void Paste2Click() override { PasteFuel(TMapKind::Idle); }
-    void Paste3Click() override { PasteFuel(TMapKind::WOT); }
 
 protected:
     /// The rev limiter too.
     bool AnyChanged() const override { return TfrmMaps::AnyChanged() || RevChanged; }
     void CommitAll() override;
     void MakeControls() override;
+    void CopyMap(TMapKind kind) override { CopyTo(workspace.fuelPasteSlots, *FuelMapSet, kind); }
+    void PasteMap(TMapKind kind) override { PasteFrom(workspace.fuelPasteSlots, kind, tr("Fuel")); }
     QString DepthTitle() const override { return tr("% Load"); }
 
 private:
-    void MakeRevLimiter();
     void ShowRevLimiter();
     void TakeRevLimiter();
     /// Sets RevChanged and tells screen readers of it.
     void SetRevChanged(bool changed);
-    void CopyFuel(TMapKind kind);
-    void PasteFuel(TMapKind kind);
 
     /// The rev limiter's box; makes the page's controls unless they are made.
     TRevLimiterBox &RevBox();
 
-    TRevLimiterBox *revBox_ = nullptr; ///< for RevBox and MakeRevLimiter alone
+    TRevLimiterBox *revBox_ = nullptr; ///< for RevBox and MakeControls alone
 };

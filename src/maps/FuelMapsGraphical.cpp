@@ -13,8 +13,3 @@ void TfrmFuelMapsGraphical::MakeControls() {
     for (const TMapKind kind : {TMapKind::Idle, TMapKind::WOT})
         Panel(kind).chart->SetTitles({}, tr("Lam. Trim"));
 }
-
-void TfrmFuelMapsGraphical::ShowPage() {
-    MapSet = &workspace.fuelMapSet;
-    TfrmMapsGraphical::ShowPage();
-}

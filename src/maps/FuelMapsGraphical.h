@@ -9,9 +9,6 @@ public:
     /// `workspace` outlives the page.
     TfrmFuelMapsGraphical(QWidget *parent, TWorkspace &workspace);
 
-    /// Shows the workspace's fuel maps.
-    void ShowPage() override;
-
 protected:
     void MakeControls() override;
     QString DepthTitle() const override { return tr("% Load"); }

@@ -4,7 +4,6 @@
 #include "forms/Hint.h"
 #include "maps/MapCellNames.h"
 
-#include <algorithm>
 #include <array>
 #include <initializer_list>
 
@@ -14,61 +13,17 @@
 namespace {
 constexpr int buttonMargin = 4; // pixels, around "Commit" and "Reset"
 
+// In the order of the fields.
 constexpr std::array<TMapPanelTraits, 3> panelTraits{{
-    {
-        .kind = TMapKind::PT,
-        .heading = QT_TRANSLATE_NOOP("TMapPanel", "Partial Throttle %1 Map"),
-        .maxRows = 12,
-        .maxColumns = 12,
-        .panel = "Panel1",
-        .title = "lblPTGrid",
-        .offset = "edtPTOffset",
-        .grid = "grdPTMap",
-        .note = "lblPTNote",
-        .chart = "chtPTMap",
-        .commit = "btnSavePT",
-        .reset = "btnResetPT",
-        .menu = "PopupMenu1",
-        .copy = "Copy1",
-        .paste = "Paste1",
-        .unlock = "UnlockAxis1",
-    },
-    {
-        .kind = TMapKind::Idle,
-        .heading = QT_TRANSLATE_NOOP("TMapPanel", "Idle %1 Map"),
-        .maxRows = 1,
-        .maxColumns = 10,
-        .panel = "Panel2",
-        .title = "lblIdGrid",
-        .offset = "edtIdOffset",
-        .grid = "grdIdMap",
-        .note = "lblIdNote",
-        .chart = "chtIdMap",
-        .commit = "btnSaveIdle",
-        .reset = "btnResetIdle",
-        .menu = "PopupMenu2",
-        .copy = "Copy2",
-        .paste = "Paste2",
-        .unlock = "UnlockAxis2",
-    },
-    {
-        .kind = TMapKind::WOT,
-        .heading = QT_TRANSLATE_NOOP("TMapPanel", "Full Throttle %1 Map"),
-        .maxRows = 1,
-        .maxColumns = 20,
-        .panel = "Panel3",
-        .title = "lblFTGrid",
-        .offset = "edtFTOffset",
-        .grid = "grdFTMap",
-        .note = "lblFTNote",
-        .chart = "chtFTMap",
-        .commit = "btnSaveFT",
-        .reset = "btnResetFT",
-        .menu = "PopupMenu3",
-        .copy = "Copy3",
-        .paste = "Paste3",
-        .unlock = "UnlockAxis3",
-    },
+    {TMapKind::PT, QT_TRANSLATE_NOOP("TMapPanel", "Partial Throttle %1 Map"), 12, 12, "Panel1",
+     "lblPTGrid", "edtPTOffset", "grdPTMap", "lblPTNote", "chtPTMap", "btnSavePT", "btnResetPT",
+     "PopupMenu1", "Copy1", "Paste1", "UnlockAxis1"},
+    {TMapKind::Idle, QT_TRANSLATE_NOOP("TMapPanel", "Idle %1 Map"), 1, 10, "Panel2", "lblIdGrid",
+     "edtIdOffset", "grdIdMap", "lblIdNote", "chtIdMap", "btnSaveIdle", "btnResetIdle",
+     "PopupMenu2", "Copy2", "Paste2", "UnlockAxis2"},
+    {TMapKind::WOT, QT_TRANSLATE_NOOP("TMapPanel", "Full Throttle %1 Map"), 1, 20, "Panel3",
+     "lblFTGrid", "edtFTOffset", "grdFTMap", "lblFTNote", "chtFTMap", "btnSaveFT", "btnResetFT",
+     "PopupMenu3", "Copy3", "Paste3", "UnlockAxis3"},
 }};
 } // namespace
 
@@ -98,8 +53,10 @@ TMapPanel::TMapPanel(QWidget &rows, const TMapPanelTraits &rowTraits)
     MakeMenu();
 }
 
-void TMapPanel::SetTitle(const QString &text) {
+void TMapPanel::SetCaption(const QString &caption) {
+    const QString text = tr(traits.heading).arg(caption);
     title->setText(text);
+    chart->SetTitles(text, caption);
     QString spoken = text;
     spoken.replace("/\\", tr("Lambda")); // what the two strokes draw
     for (QWidget *control : std::initializer_list<QWidget *>{panel, grid, chart})
@@ -134,7 +91,6 @@ void TMapPanel::MakePanel() {
     SetHint(offset, tr("Double-click to enter new offset to map"));
     if (traits.kind == TMapKind::PT)
         SetHint(grid, tr("Right-click for more options"));
-    offset->setFixedWidth(offset->fontMetrics().horizontalAdvance("$FFFFFFFF") + 24);
 
     auto *head = new QHBoxLayout;
     head->addWidget(title);

@@ -68,8 +68,9 @@ public:
     TMapGrid gridView; ///< the grid as the model sees it
     TMapChart chartView;
 
-    /// Shows the map's title above the grid and names the controls after it for screen readers.
-    void SetTitle(const QString &text);
+    /// Shows the map's title, which holds the page's caption, above grid and chart, the caption
+    /// beside the chart, and names the controls after it for screen readers.
+    void SetCaption(const QString &caption);
 
     /// What title and offset box need above the grid, in pixels.
     int HeadWidth() const { return panel->layout()->itemAt(0)->minimumSize().width(); }

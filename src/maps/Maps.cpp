@@ -10,6 +10,8 @@
 #include "maps/WhyNoMap.h"
 #include "model/Numbers.h"
 
+#include <array>
+
 #include <QSignalBlocker>
 
 namespace {
@@ -18,16 +20,11 @@ double SingleLoadPoint(TMapKind kind) {
     return kind == TMapKind::WOT ? 100 : 0;
 }
 
-/// The number of a header cell such as "40%".
-std::string BeforePercent(const std::string &text) {
-    return text.substr(0, text.find('%'));
-}
-
 /// What a cell of the grid says as a number; only the part throttle grid has load headers to edit.
 double CellNumber(const TMapPanel &row, int column, int gridRow) {
     const std::string text = row.gridView.Cell(column, gridRow);
     const bool loadHeader = row.traits.kind == TMapKind::PT && column == 0;
-    return ParseReal(loadHeader ? BeforePercent(text) : text);
+    return ParseReal(loadHeader ? text.substr(0, text.find('%')) : text); // of "40%" the 40
 }
 } // namespace
 
@@ -74,58 +71,30 @@ void TfrmMaps::MakeControls() {
 }
 
 void TfrmMaps::ConnectPanel(TMapPanel &row) {
-    using THandlers = struct {
-        void (TfrmMaps::*beforeEdit)(int, int);
-        void (TfrmMaps::*afterEdit)(int, int);
-        void (TfrmMaps::*commit)();
-        void (TfrmMaps::*reset)();
-        void (TfrmMaps::*offsetExit)();
-        void (TfrmMaps::*copy)();
-        void (TfrmMaps::*paste)();
-        void (TfrmMaps::*unlock)();
+    using T = TfrmMaps;
+    const auto kind = static_cast<std::size_t>(row.traits.kind);
+    const auto connect = [this, kind](auto *control, auto signal,
+                                      const std::array<void (T::*)(), 3> &handlers) {
+        ConnectGuarded(control, signal, this,
+                       [this, handler = handlers[kind]] { (this->*handler)(); });
     };
-    static constexpr std::array<THandlers, 3> handlers{{
-        {
-            .beforeEdit = &TfrmMaps::grdPTMapBeforeEdit,
-            .afterEdit = &TfrmMaps::grdPTMapAfterEdit,
-            .commit = &TfrmMaps::btnSavePTClick,
-            .reset = &TfrmMaps::btnResetPTClick,
-            .offsetExit = &TfrmMaps::edtPTOffsetExit,
-            .copy = &TfrmMaps::Copy1Click,
-            .paste = &TfrmMaps::Paste1Click,
-            .unlock = &TfrmMaps::UnlockAxis1Click,
-        },
-        {
-            .beforeEdit = &TfrmMaps::grdIdMapBeforeEdit,
-            .afterEdit = &TfrmMaps::grdIdMapAfterEdit,
-            .commit = &TfrmMaps::btnSaveIdleClick,
-            .reset = &TfrmMaps::btnResetIdleClick,
-            .offsetExit = &TfrmMaps::edtIdOffsetExit,
-            .copy = &TfrmMaps::Copy2Click,
-            .paste = &TfrmMaps::Paste2Click,
-            .unlock = &TfrmMaps::UnlockAxis2Click,
-        },
-        {
-            .beforeEdit = &TfrmMaps::grdFTMapBeforeEdit,
-            .afterEdit = &TfrmMaps::grdFTMapAfterEdit,
-            .commit = &TfrmMaps::btnSaveFTClick,
-            .reset = &TfrmMaps::btnResetFTClick,
-            .offsetExit = &TfrmMaps::edtFTOffsetExit,
-            .copy = &TfrmMaps::Copy3Click,
-            .paste = &TfrmMaps::Paste3Click,
-            .unlock = &TfrmMaps::UnlockAxis3Click,
-        },
-    }};
-    const THandlers &own = handlers[static_cast<std::size_t>(row.traits.kind)];
-    row.grid->OnBeforeEdit = [this, &own](int c, int r) { (this->*own.beforeEdit)(c, r); };
-    row.grid->OnAfterEdit = [this, &own](int c, int r) { (this->*own.afterEdit)(c, r); };
-    const auto call = [this](auto handler) { return [this, handler] { (this->*handler)(); }; };
-    ConnectGuarded(row.commit, &QPushButton::clicked, this, call(own.commit));
-    ConnectGuarded(row.reset, &QPushButton::clicked, this, call(own.reset));
-    ConnectGuarded(row.copyAction, &QAction::triggered, this, call(own.copy));
-    ConnectGuarded(row.pasteAction, &QAction::triggered, this, call(own.paste));
-    ConnectGuarded(row.unlockAction, &QAction::triggered, this, call(own.unlock));
-    ConnectGuarded(row.offset, &TOffsetEdit::Left, this, call(own.offsetExit));
+    const auto onEdit = [this, kind](const std::array<void (T::*)(int, int), 3> &handlers) {
+        return [this, handler = handlers[kind]](int c, int r) { (this->*handler)(c, r); };
+    };
+    constexpr auto clicked = &QPushButton::clicked;
+    constexpr auto triggered = &QAction::triggered;
+    row.grid->OnBeforeEdit =
+        onEdit({&T::grdPTMapBeforeEdit, &T::grdIdMapBeforeEdit, &T::grdFTMapBeforeEdit});
+    row.grid->OnAfterEdit =
+        onEdit({&T::grdPTMapAfterEdit, &T::grdIdMapAfterEdit, &T::grdFTMapAfterEdit});
+    connect(row.commit, clicked, {&T::btnSavePTClick, &T::btnSaveIdleClick, &T::btnSaveFTClick});
+    connect(row.reset, clicked, {&T::btnResetPTClick, &T::btnResetIdleClick, &T::btnResetFTClick});
+    connect(row.copyAction, triggered, {&T::Copy1Click, &T::Copy2Click, &T::Copy3Click});
+    connect(row.pasteAction, triggered, {&T::Paste1Click, &T::Paste2Click, &T::Paste3Click});
+    connect(row.unlockAction, triggered,
+            {&T::UnlockAxis1Click, &T::UnlockAxis2Click, &T::UnlockAxis3Click});
+    connect(row.offset, &TOffsetEdit::Left,
+            {&T::edtPTOffsetExit, &T::edtIdOffsetExit, &T::edtFTOffsetExit});
     ConnectGuarded(row.offset, &TOffsetEdit::DoubleClicked, this,
                    [this, box = row.offset] { edtOffsetDblClick(*box); });
 }
@@ -187,7 +156,7 @@ void TfrmMaps::LoadMap(TMapKind kind) {
     ShapeRow(kind);
     FillMap(kind);
     RedrawMapChart(kind);
-    ShowTitles(kind);
+    Panel(kind).SetCaption(windowTitle());
     Changed(kind) = false;
 }
 
@@ -206,14 +175,6 @@ void TfrmMaps::FillMap(TMapKind kind) {
     map.FillGrid(row.gridView, location, map.GetCellFormat(), row.traits.maxRows,
                  row.traits.maxColumns);
     row.offset->setText(QString::fromStdString(location));
-}
-
-void TfrmMaps::ShowTitles(TMapKind kind) {
-    TMapPanel &row = Panel(kind);
-    const QString caption = windowTitle();
-    const QString title = TMapPanel::tr(row.traits.heading).arg(caption);
-    row.chart->SetTitles(title, caption);
-    row.SetTitle(title);
 }
 
 void TfrmMaps::RedrawMapChart(TMapKind kind) {
@@ -260,8 +221,8 @@ void TfrmMaps::AfterEdit(TMapKind kind, int column, int row) {
 void TfrmMaps::chkInterpretClick() {
     CloseEditors();
     MapSet->SetShowConverted(InterpretBox().isChecked());
-    // The flags stay although the edits are discarded, and no chart is drawn again: both are
-    // intended.
+    // The flags stay although the edits are discarded, and no chart is drawn again. Both are
+    // intended: see docs/peculiarities.md.
     FillMap(TMapKind::PT);
     FillMap(TMapKind::WOT);
     FillMap(TMapKind::Idle);
@@ -273,7 +234,7 @@ void TfrmMaps::OffsetExit(TMapKind kind) {
     if (kind == TMapKind::WOT)
         map.SizeChart(row.chartView);
     const int offset = ParseInteger(row.offset->text().toStdString());
-    // An unchanged number leaves the box writable; this is intended.
+    // An unchanged number leaves the box writable. This is intended: the user is not done yet.
     if (offset == map.GetLocation())
         return;
     if (Changed(kind)) {
@@ -307,14 +268,14 @@ void TfrmMaps::CloseEditors() {
         Panel(kind).grid->CloseEditor();
 }
 
-void TfrmMaps::CopyMap(TMap &map, TMapKind kind, TPasteSlots &buffer) {
-    std::unique_ptr<TMap> copy = map.CreateCopy();
+void TfrmMaps::CopyTo(TPasteSlots &buffer, TMapSet &from, TMapKind kind) {
+    std::unique_ptr<TMap> copy = from.Map(kind).CreateCopy();
     if (kind != TMapKind::PT)
         copy->axes->throttleAxis->SetSinglePoint(SingleLoadPoint(kind));
     buffer[kind] = std::move(copy);
 }
 
-void TfrmMaps::PasteMap(TMapKind kind, TPasteSlots &buffer, const QString &setName) {
+void TfrmMaps::PasteFrom(TPasteSlots &buffer, TMapKind kind, const QString &setName) {
     const TMap *buffered = buffer[kind].get();
     TMap &map = Map(kind);
     const std::string problem = WhyNoPaste(buffered, map, setName.toStdString(), kind);

@@ -76,13 +76,12 @@ public:
     void UnlockAxis3Click() { UnlockAxis(TMapKind::WOT); }
     void btnCloseClick();
 
-    // Copy and paste get their meaning from the derived pages; here they do nothing.
-    virtual void Copy1Click() {}
-    virtual void Copy2Click() {}
-    virtual void Copy3Click() {}
-    virtual void Paste1Click() {}
-    virtual void Paste2Click() {}
-    virtual void Paste3Click() {}
+    void Copy1Click() { CopyMap(TMapKind::PT); }
+    void Copy2Click() { CopyMap(TMapKind::Idle); }
+    void Copy3Click() { CopyMap(TMapKind::WOT); }
+    void Paste1Click() { PasteMap(TMapKind::PT); }
+    void Paste2Click() { PasteMap(TMapKind::Idle); }
+    void Paste3Click() { PasteMap(TMapKind::WOT); }
 
     TMapPanel &Panel(TMapKind kind) { return Controls().maps.Row(kind); }
     TMap &Map(TMapKind kind) { return MapSet->Map(kind); }
@@ -95,11 +94,14 @@ protected:
     void FormShow() override;
     void FormHide() override;
 
-    /// Puts a copy of `map` into its slot; the copy of a one-axis map gets its one load point anew.
-    static void CopyMap(TMap &map, TMapKind kind, TPasteSlots &buffer);
+    // Copy and paste get their meaning from the derived pages; here they do nothing.
+    virtual void CopyMap(TMapKind) {}
+    virtual void PasteMap(TMapKind) {}
+    /// Puts a copy of a map into its slot; the copy of a one-axis map gets its one load point anew.
+    static void CopyTo(TPasteSlots &buffer, TMapSet &from, TMapKind kind);
     /// Lets the page's map of `kind` take over its slot's map, or says why not. `setName` is "Fuel"
     /// or "Timing".
-    void PasteMap(TMapKind kind, TPasteSlots &buffer, const QString &setName);
+    void PasteFrom(TPasteSlots &buffer, TMapKind kind, const QString &setName);
     /// Whether anything is uncommitted, which is what QueryClose asks about.
     virtual bool AnyChanged() const { return PTChanged || IdleChanged || FTChanged; }
     /// Commits the three maps; derived pages what else is uncommitted, behind them.
@@ -122,7 +124,6 @@ private:
     void LoadMap(TMapKind kind);
     void ShapeRow(TMapKind kind);
     void FillMap(TMapKind kind);
-    void ShowTitles(TMapKind kind);
     void Commit(TMapKind kind);
     void Reset(TMapKind kind);
     void BeforeEdit(TMapKind kind, int column, int row);

@@ -28,7 +28,8 @@ public:
 protected:
     void MakeControls() override;
     /// Also marks the grids hidden: the charts, drawn while these counted as visible, then stay as
-    /// they are until the page is entered again. This is intended; so bulk adjustments do not show.
+    /// they are until the page is entered again. This is intended: users see the committed maps,
+    /// whatever the bulk adjust window tries out behind them.
     void FormShow() override;
 
 private:

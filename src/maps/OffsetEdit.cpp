@@ -3,8 +3,13 @@
 #include <QEvent>
 #include <QKeyEvent>
 
+namespace {
+constexpr int frameRoom = 24; // pixels, beside the longest offset
+} // namespace
+
 TOffsetEdit::TOffsetEdit(QWidget *parent, const QString &name) : TExitEdit(parent) {
     setObjectName(name);
+    setFixedWidth(fontMetrics().horizontalAdvance("$FFFFFFFF") + frameRoom);
     SetWritable(false);
 }
 

@@ -42,7 +42,6 @@ void TfrmQuickChart::MakeControls() {
     QSizePolicy size = chart_->sizePolicy();
     size.setRetainSizeWhenHidden(true);
     chart_->setSizePolicy(size);
-    edtOffset_->setFixedWidth(edtOffset_->fontMetrics().horizontalAdvance("$FFFFFFFF") + 24);
     auto *label = new QLabel(tr("Offset"), pnlMain);
     label->setBuddy(edtOffset_);
     view_->ConnectTo(*this);

@@ -29,7 +29,8 @@ public:
     /// Places the map through the pointer at `pointerOffset`, its high byte ANDed with `mask`.
     void SetMapPointer(int pointerOffset, std::uint8_t mask);
 
-    // One step of the view. Left and right go opposite to the graphical pages' buttons: intended.
+    // One step of the view. Left and right go opposite to the graphical pages' buttons, as the
+    // users of both are used to: intended.
     void btnUpClick();
     void btnDownClick();
     void btnLeftClick();

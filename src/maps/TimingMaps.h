@@ -7,23 +7,20 @@ class TfrmTimingMaps : public TfrmMaps {
     Q_OBJECT
 public:
     /// `mapSet` and `workspace` outlive the page.
-    TfrmTimingMaps(QWidget *parent, TWorkspace &workspace, TTimingMapSet &mapSet);
+    TfrmTimingMaps(QWidget *parent, TWorkspace &sharedWorkspace, TTimingMapSet &mapSet)
+        : TfrmMaps(parent, sharedWorkspace, mapSet), TimingMapSet(&sharedWorkspace.timingMapSet) {
+        setObjectName("frmTimingMaps");
+        setWindowTitle(tr("Ign Timing"));
+    }
 
-    TTimingMapSet *TimingMapSet; ///< the workspace's set, taken at each show; "Copy Map" uses it
-
-    void ShowPage() override;
-
-    void Copy1Click() override { CopyTiming(TMapKind::PT); }
-    void Copy2Click() override { CopyTiming(TMapKind::Idle); }
-    void Copy3Click() override { CopyTiming(TMapKind::WOT); }
-    void Paste1Click() override { PasteTiming(TMapKind::PT); }
-    void Paste2Click() override { PasteTiming(TMapKind::Idle); }
-    void Paste3Click() override { PasteTiming(TMapKind::WOT); }
+    TTimingMapSet *const TimingMapSet; ///< the workspace's; "Copy Map" uses it
 
 protected:
+    void CopyMap(TMapKind kind) override {
+        CopyTo(workspace.timingPasteSlots, *TimingMapSet, kind);
+    }
+    void PasteMap(TMapKind kind) override {
+        PasteFrom(workspace.timingPasteSlots, kind, tr("Timing"));
+    }
     QString DepthTitle() const override { return tr("% Throttle"); }
-
-private:
-    void CopyTiming(TMapKind kind);
-    void PasteTiming(TMapKind kind);
 };

@@ -7,10 +7,11 @@ class TfrmTimingMapsGraphical : public TfrmMapsGraphical {
     Q_OBJECT
 public:
     /// `workspace` outlives the page.
-    TfrmTimingMapsGraphical(QWidget *parent, TWorkspace &workspace);
-
-    /// Shows the workspace's timing maps.
-    void ShowPage() override;
+    TfrmTimingMapsGraphical(QWidget *parent, TWorkspace &sharedWorkspace)
+        : TfrmMapsGraphical(parent, sharedWorkspace, sharedWorkspace.timingMapSet) {
+        setObjectName("frmTimingMapsGraphical");
+        setWindowTitle(tr("Ign Timing"));
+    }
 
 protected:
     QString DepthTitle() const override { return tr("% Throttle"); }

@@ -181,7 +181,8 @@ void TfrmToolWindow::edtValExit() {
 
 void TfrmToolWindow::btnExecClick() {
     const TMapKind kind{DataSet};
-    // The map counts as changed before any cell is touched, and even when none changes: intended.
+    // The map counts as changed before any cell is touched, and even when none changes. This is
+    // intended: see docs/peculiarities.md.
     page_.Changed(kind) = true;
     TStringAlignGrid &grid = *page_.Panel(kind).grid;
     grid.CloseEditor();

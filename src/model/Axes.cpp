@@ -1,9 +1,8 @@
 #include "model/Axes.h"
 
-#include "model/Messages.h"
-#include "model/Numbers.h"
 #include "model/ROMImage.h"
 
+#include <memory>
 #include <utility>
 
 namespace {
@@ -49,7 +48,7 @@ void TAxisData::SaveAxis() {
     TROMImage *image = ROMImage();
     const bool wasLoaded = size > 0 && size < gridModulus && LastByte() <= TROMImage::highestStart;
     if (image && wasLoaded && !WritePoints(*image))
-        ShowOutOfMemory(); // the load's text, intended
+        ShowOutOfMemory(); // the load's text, intended: see docs/peculiarities.md
     SetModified(false);
 }
 

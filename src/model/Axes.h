@@ -10,7 +10,6 @@
 #include "model/Blocks.h"
 
 #include <cstdint>
-#include <memory>
 
 /// One axis: a column of points in raw counts, shown converted, rising from first to last.
 class TAxisData : public TBlockData {

@@ -102,8 +102,8 @@ bool TFuelMapSet::IsModified() const {
 
 void TFuelMapSet::SaveAll() {
     TMapSet::SaveAll();
-    // An unplaced one too, which reports its failure at each save. This is intended: "Save ROM"
-    // thereby tells the user that no rev limiter is known.
+    // An unplaced one too, which reports its failure at each save. This is intended: see
+    // docs/peculiarities.md.
     if (ROMImage())
         revLimiter.Save();
 }

@@ -1,5 +1,5 @@
-// The model's one public include: the ROM image, the typed views over it, the maps and the map
-// sets. Other rooms include this and no single header of the model.
+// All of the model at once: the ROM image, the typed views over it, the maps and the map sets. For
+// tests, tools and whoever works on much of it; other units include the headers that they name.
 #pragma once
 
 #include "model/Axes.h"

@@ -1,6 +1,7 @@
 #include "model/ValCollections.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 void TValCollection::Assign(const TValCollection &source) {

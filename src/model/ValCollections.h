@@ -4,7 +4,6 @@
 
 #include "model/Values.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <utility>
@@ -24,10 +23,6 @@ class TItemOf : public TValCollectionItem {
 public:
     TItemOf() : TValCollectionItem(std::make_unique<TValue>()) {}
 };
-using TRPMValCollectionItem = TItemOf<TRPMVal>;
-using TThrValCollectionItem = TItemOf<TThrVal>;
-using TFuelValCollectionItem = TItemOf<TFuelVal>;
-using TTimingValCollectionItem = TItemOf<TTimingVal>;
 
 /// Makes a fresh item, and so a fresh value, of one class.
 using TValItemClass = std::unique_ptr<TValCollectionItem> (*)();
@@ -77,9 +72,15 @@ class TCollectionOf : public TValCollection {
 public:
     TCollectionOf() : TValCollection(CreateItem<TItemOf<TValue>>) {}
 };
+
+// The items and collections of each class of value.
+using TRPMValCollectionItem = TItemOf<TRPMVal>;
 using TRPMValCollection = TCollectionOf<TRPMVal>;
+using TThrValCollectionItem = TItemOf<TThrVal>;
 using TThrValCollection = TCollectionOf<TThrVal>;
+using TFuelValCollectionItem = TItemOf<TFuelVal>;
 using TFuelValCollection = TCollectionOf<TFuelVal>;
+using TTimingValCollectionItem = TItemOf<TTimingVal>;
 using TTimingValCollection = TCollectionOf<TTimingVal>;
 
 /// Makes an empty collection of one class.

@@ -64,7 +64,7 @@ double TTimingVal::GetConverted() const {
 }
 
 void TTimingVal::SetConverted(double value) {
-    // A failed entry still counts as an edit; this is intended.
+    // A failed entry still counts as an edit; this is intended: see docs/peculiarities.md.
     modified = true;
     const auto [divider, subtractor] = TimingConstants();
     const std::optional<std::int32_t> counts =

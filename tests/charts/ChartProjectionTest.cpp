@@ -101,20 +101,13 @@ TEST(ChartProjection, OffsetsComeLastInThousandthsOfTheArea) {
     EXPECT_NEAR(centre.y, 50 + 1000 + 14, 1e-9);
 }
 
-TEST(ChartProjection, DepthInPercent) {
-    TChartView view = View(270, 360);
-    view.depthPercent = 50;
-    const auto width = [&] {
-        const TChartProjection projection(view, 1, area);
+TEST(ChartProjection, DepthIsAShareOfTheWidth) {
+    const auto width = [](double depth) {
+        const TChartProjection projection(View(270, 360), depth, area);
         return projection.Map({0, 0, 1}).x - projection.Map({0, 0, 0}).x;
     };
-    const double half = width();
-    view.depthPercent = 0;
-    EXPECT_EQ(width(), 0);
-    view.depthPercent = INT_MIN;
-    EXPECT_EQ(width(), 0);
-    view.depthPercent = INT_MAX;
-    EXPECT_GT(width(), half);
+    EXPECT_EQ(width(0), 0);
+    EXPECT_GT(width(1), width(0.5));
 }
 
 TEST(ChartProjection, AnglesOfAnySize) {

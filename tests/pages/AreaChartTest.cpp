@@ -183,7 +183,6 @@ TEST_F(TAreaChartTest, EveryChangeOfTheViewIsSeen) {
         [&] { chart.SetDepthTitle("% Load"); },
         [&] { chart.ZoomBy(-20); },
         [&] { chart.SetBottomInverted(true); },
-        [&] { chart.SetDepthPercent(20); },
         [&] { chart.SetTitles("Title", "Left"); },
         [&] { chart.ShowFirstView(); },
         [&] { chart.SetSeriesLoad(1, "40%"); },
