@@ -18,10 +18,6 @@ struct TSlab {
     double farZ;
 };
 
-double HeightOf(const TChartValue &point, const TChartScale &scale) {
-    return IsReadable(point) ? scale.Height(point.value) : 0;
-}
-
 TPiece Mirrored(const TPiece &piece) {
     return {1 - piece.right, 1 - piece.middle, 1 - piece.left, piece.rightHeight,
             piece.height,    piece.leftHeight, piece.color};
@@ -31,7 +27,7 @@ std::vector<TPiece> PiecesOf(const TWall &wall, int places, const TWallLayout &l
     const int count = static_cast<int>(wall.points.size());
     std::vector<double> heights;
     for (const TChartValue &point : wall.points)
-        heights.push_back(HeightOf(point, layout.scale));
+        heights.push_back(IsReadable(point) ? layout.scale.Height(point.value) : 0);
     // Half the way to a neighbour; a wall of one point is a step of its own.
     const double half = 0.5 / std::max(places - 1, 1);
     std::vector<TPiece> pieces;
@@ -39,7 +35,7 @@ std::vector<TPiece> PiecesOf(const TWall &wall, int places, const TWallLayout &l
         const auto height = [&](int index) {
             return heights[static_cast<std::size_t>(std::clamp(index, 0, count - 1))];
         };
-        const double middle = places > 1 ? PlaceOf(i, places, false) : 0.5;
+        const double middle = PlaceOf(i, places, false);
         const bool alone = count == 1;
         TPiece piece{i > 0 || places == 1 ? middle - half : middle,
                      middle,

@@ -149,8 +149,7 @@ void TMap::SizeChart(IMapChart &chart) const {
 void TMap::FillChart(IMapChart &chart) const {
     if (!chart.Visible() || !Fits())
         return;
-    if (chart.SeriesCount() != LoadCount())
-        chart.RecreateSeries(LoadCount());
+    SizeChart(chart);
     for (int t = 0; t < LoadCount(); ++t)
         FillSeries(chart, t, t);
 }

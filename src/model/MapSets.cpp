@@ -3,6 +3,7 @@
 #include "model/Messages.h"
 #include "model/ROMImage.h"
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <utility>
@@ -76,16 +77,17 @@ void TMapSet::ZeroMaps() {
     constexpr std::int32_t mostLoad = 20;
     // All cells of a map say the same, which is shown once for all of them.
     std::set<std::string> messages;
-    TMessageHook hook = SetMessageHook([&](const std::string &text) { messages.insert(text); });
+    const TMessageHook hook =
+        SetMessageHook([&](const std::string &text) { messages.insert(text); });
     if (PTMap->RPMCount() <= mostRPM && PTMap->LoadCount() <= mostLoad)
         ZeroBody(*PTMap->data);
     if (IdleMap->RPMCount() <= mostRPM)
         ZeroBody(*IdleMap->data);
     if (WOTMap->RPMCount() <= mostRPM)
         ZeroBody(*WOTMap->data);
-    SetMessageHook(std::move(hook));
-    for (const std::string &text : messages)
-        ShowModelMessage(text);
+    SetMessageHook(hook);
+    if (hook)
+        std::for_each(messages.begin(), messages.end(), hook);
 }
 
 TFuelMapSet::TFuelMapSet()
