@@ -38,6 +38,7 @@ TRevLimiterBox &TfrmFuelMaps::RevBox() {
 }
 
 void TfrmFuelMaps::ShowPage() {
+    FuelMapSet = &workspace.fuelMapSet;
     RevBox().SetPresent(FuelMapSet->HasRevLimiter());
     ShowRevLimiter();
     TfrmMaps::ShowPage();

@@ -10,8 +10,9 @@ public:
     /// `mapSet` and `workspace` outlive the page.
     TfrmFuelMaps(QWidget *parent, TWorkspace &workspace, TFuelMapSet &mapSet);
 
-    TFuelMapSet *const FuelMapSet; ///< the workspace's; rev limiter and "Copy Map" use it
-    bool RevChanged = false;       ///< the spin edit was changed and not yet committed
+    // The workspace's set, taken at each show; the rev limiter and "Copy Map" use it.
+    TFuelMapSet *FuelMapSet;
+    bool RevChanged = false; ///< the spin edit was changed and not yet committed
 
     void ShowPage() override;
 

@@ -13,7 +13,12 @@ public:
         setWindowTitle(tr("Ign Timing"));
     }
 
-    TTimingMapSet *const TimingMapSet; ///< the workspace's; "Copy Map" uses it
+    TTimingMapSet *TimingMapSet; ///< the workspace's set, taken at each show; "Copy Map" uses it
+
+    void ShowPage() override {
+        TimingMapSet = &workspace.timingMapSet;
+        TfrmMaps::ShowPage();
+    }
 
 protected:
     void CopyMap(TMapKind kind) override {

@@ -13,6 +13,12 @@ public:
         setWindowTitle(tr("Ign Timing"));
     }
 
+    /// Shows the workspace's timing maps.
+    void ShowPage() override {
+        MapSet = &workspace.timingMapSet;
+        TfrmMapsGraphical::ShowPage();
+    }
+
 protected:
     QString DepthTitle() const override { return tr("% Throttle"); }
 };

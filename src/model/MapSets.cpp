@@ -27,6 +27,10 @@ TMapSet::TMapSet(std::unique_ptr<TMap> partThrottle, std::unique_ptr<TMap> idle,
     : PTMap(std::move(partThrottle)), IdleMap(std::move(idle)), WOTMap(std::move(fullThrottle)) {}
 
 TMap &TMapSet::Map(TMapKind kind) {
+    return const_cast<TMap &>(std::as_const(*this).Map(kind));
+}
+
+const TMap &TMapSet::Map(TMapKind kind) const {
     if (kind == TMapKind::PT)
         return *PTMap;
     return kind == TMapKind::Idle ? *IdleMap : *WOTMap;

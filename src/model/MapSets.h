@@ -24,6 +24,7 @@ public:
     TOwned<TMap> WOTMap;
 
     TMap &Map(TMapKind kind);
+    const TMap &Map(TMapKind kind) const;
 
     /// Whether the body of any map, or the rev limiter, is modified.
     virtual bool IsModified() const;

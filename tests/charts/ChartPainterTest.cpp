@@ -131,9 +131,8 @@ struct TOddCase {
     TChartContents contents;
 };
 
-TChartContents Seen(TChartContents contents, int rotation, int elevation, int zoom,
-                    int depth = 100) {
-    contents.view = {rotation, elevation, zoom, -12, 7, depth};
+TChartContents Seen(TChartContents contents, int rotation, int elevation, int zoom) {
+    contents.view = {rotation, elevation, zoom, -12, 7};
     return contents;
 }
 
@@ -161,8 +160,6 @@ std::vector<TOddCase> OddCharts() {
         {"huge", Plain({{{{DBL_MAX, 1}, {-DBL_MAX, 2}, {1e15, 3}}}})},
         {"tiny", Plain({{{{DBL_MIN, 1}, {DBL_MIN / 4, 2}}}})},
         {"no numbers", Plain({{{{noNumber, 1}, {infinity, 2}, {-infinity, 3}}}})},
-        {"no depth", Seen(sample, 340, 351, 56, 0)},
-        {"negative depth", Seen(sample, 340, 351, 56, INT_MIN)},
         {"zoom 0", Seen(sample, 340, 351, 0)},
         {"zoom far below", Seen(sample, 340, 351, INT_MIN)},
         {"zoom far above", Seen(sample, 340, 351, INT_MAX)},

@@ -32,7 +32,7 @@ struct TMapSetsTest : TModelTest {
         return map.axes->throttleAxis->values->GetItem(0, 0)->GetValue();
     }
     static TVal &Cell(TMap &map) { return *map.data->values->GetItem(0, 0); }
-    static std::vector<std::int32_t> AllRaw(TMapSet &set) {
+    static std::vector<std::int32_t> AllRaw(const TMapSet &set) {
         std::vector<std::int32_t> all;
         for (const TMapKind kind : {TMapKind::PT, TMapKind::Idle, TMapKind::WOT})
             for (const std::int32_t raw : RawOf(*set.Map(kind).data))
@@ -125,6 +125,7 @@ template <class TObject>
 constexpr bool isConstant = std::is_const_v<std::remove_reference_t<TObject>>;
 using TConstantMap = decltype(*std::declval<const TMapSet &>().PTMap);
 static_assert(isConstant<TConstantMap>);
+static_assert(isConstant<decltype(std::declval<const TMapSet &>().Map(TMapKind::PT))>);
 static_assert(isConstant<decltype(*std::declval<TConstantMap>().location)>);
 static_assert(isConstant<decltype(*std::declval<TConstantMap>().axes->rpmAxis)>);
 static_assert(isConstant<decltype(*std::declval<TConstantMap>().data->values->GetItem(0, 0))>);

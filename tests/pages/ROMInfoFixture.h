@@ -95,7 +95,8 @@ protected:
         Choose("Direct");
         ASSERT_EQ(workspace.fuelMapSet.PTMap->GetLocation(), fuelPT);
     }
-    static TVal &Cell(const TMap &map, std::int32_t rpm = 0) {
+    template <class TAnyMap>
+    static auto &Cell(TAnyMap &map, std::int32_t rpm = 0) {
         return *map.data->values->GetItem(rpm, 0);
     }
     /// Whether all cells of both sets are 0.
