@@ -340,7 +340,7 @@ public:
 class TSpecUnplaceable : public TSpecRead, public testing::WithParamInterface<std::string> {};
 
 TEST_P(TSpecUnplaceable, IsNoErrorOfTheSpecFile) {
-    fuel_.IdleMap = std::make_unique<TUnplaceableMap>();
+    fuel_.IdleMap = TOwned<TMap>(std::make_unique<TUnplaceableMap>());
     EXPECT_TRUE(Place(GetParam()));
     EXPECT_EQ(fuel_.revLimiter.offset, 0x1F0);
     EXPECT_EQ(fuel_.PTMap->GetLocation(), 0x100) << "what comes before it is placed";
