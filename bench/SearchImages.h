@@ -2,7 +2,7 @@
 // searches' way of working lets one think of. They are made, not loaded, and the same at each run.
 #pragma once
 
-#include "filedisplay/MapSearch.h"
+#include "filedisplay/Marks.h"
 
 #include <cstddef>
 #include <cstdint>

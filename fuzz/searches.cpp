@@ -87,7 +87,7 @@ private:
             Pointers(static_cast<std::int8_t>(search.byte) * 0x10000 + search.word);
             break;
         default:
-            ClearAllMarkers(real_.colors, counters_);
+            ClearAllMarkers(real_.Grid(), counters_);
             for (std::size_t i = 0; i < real_.colors.size(); ++i)
                 literal_.SetColor(Column(i), Row(i), 0x80000005);
             literal_.linearFound = 0;

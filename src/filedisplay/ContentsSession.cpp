@@ -82,6 +82,6 @@ TContentsOutcome TContentsSession::HighlightFromRecorded(TMapShape shape, TMapCo
 
 TContentsOutcome TContentsSession::ClearAllMarkers() {
     TCells colored =
-        Color([this](const TSearchGrid &grid) { ::ClearAllMarkers(grid.colors, counters_); });
+        Color([this](const TSearchGrid &grid) { ::ClearAllMarkers(grid, counters_); });
     return {std::move(colored), AllMarkersAreCleared()};
 }

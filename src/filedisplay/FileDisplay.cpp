@@ -2,7 +2,7 @@
 
 #include "filedisplay/FileGrid.h"
 #include "filedisplay/FileMenu.h"
-#include "filedisplay/MarkNames.h"
+#include "filedisplay/Marks.h"
 #include "filedisplay/filedisplaykey.h"
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"

@@ -1,5 +1,5 @@
 // The contents view's grid: the whole ROM image as one row of cells per 16 bytes, and the addresses
-// that its headers give. What the cells' colours mean is SearchCells.h's.
+// that its headers give. What the cells' colours mean is Marks.h's.
 #pragma once
 
 #include "filedisplay/SearchCells.h"

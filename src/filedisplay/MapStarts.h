@@ -1,27 +1,18 @@
-// Which cells of the contents view start a map, told by their colour alone, and for which of them
-// "All Highlighted" adds a page. The searches of MapSearch.h leave the colours, FilePlacing.cpp
+// For which cells of the contents view "All Highlighted" adds a page: those that start a map, told
+// by their colour alone (Marks.h). The searches of MapSearch.h leave the colours, FilePlacing.cpp
 // opens the pages.
 #pragma once
 
-#include "filedisplay/MapSearch.h"
+#include "filedisplay/Marks.h"
 
 #include <set>
 #include <span>
 #include <vector>
 
-/// A kind of map whose start is recognised.
-struct TMapStart {
-    TColor color; ///< exactly, unshaded
-    TMapContents contents;
-    TMapShape shape;
-};
-
-/// The kind of map that a cell of this colour starts; nullptr for any other colour.
-///
-/// The searches give 0x008001 and 0x800081 to no linear map's header: the first is the axis colour,
-/// so that zero axis bytes of any found map start one (0x008002 likewise), and the second never
-/// stands anywhere. White maps are never recognised. All of that is intended.
-const TMapStart *MapStartOf(TColor color);
+/// The address that the headers of a cell's row and column give. Only the first three digits of the
+/// row count, so that beyond 64 KiB it is another address than `offset`; intended, see
+/// docs/peculiarities.md.
+std::int32_t HeaderAddress(std::size_t offset);
 
 /// Where the maps of the added pages are: a page shows its part throttle map or its full throttle
 /// one, the other is unplaced, at 0.
@@ -39,6 +30,6 @@ struct TMapToAdd {
 
 /// The maps that start among the cells, in reading order, without those that a page shows already,
 /// one of the same call included. Addresses are HeaderAddress of the cells. A linear map is placed
-/// at `currentAddress`, not where it was found; this is intended.
+/// at `currentAddress`, not where it was found; intended, see docs/peculiarities.md.
 std::vector<TMapToAdd> MapsToAdd(std::span<const TColor> colors, TShownMaps shown,
                                  std::int32_t currentAddress);

@@ -1,9 +1,8 @@
 #include "filedisplay/filedisplaykey.h"
 
+#include "filedisplay/Marks.h"
 #include "forms/Access.h"
 #include "forms/OtherWindows.h"
-
-#include <array>
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -11,23 +10,6 @@
 #include <QVBoxLayout>
 
 namespace {
-struct TLegendRow {
-    const char *text;
-    TColor color; ///< 0x00BBGGRR
-    const char *colorName;
-};
-
-constexpr std::array<TLegendRow, 6> legend{{
-    {QT_TRANSLATE_NOOP("TfrmKey", "Axis Count"), 0xFF0000, QT_TRANSLATE_NOOP("TfrmKey", "blue")},
-    {QT_TRANSLATE_NOOP("TfrmKey", "Axis Values"), 0x008000, QT_TRANSLATE_NOOP("TfrmKey", "green")},
-    {QT_TRANSLATE_NOOP("TfrmKey", "Map Data"), 0x00FFFF, QT_TRANSLATE_NOOP("TfrmKey", "yellow")},
-    {QT_TRANSLATE_NOOP("TfrmKey", "Possible Fuel Val"), 0x00FF00,
-     QT_TRANSLATE_NOOP("TfrmKey", "lime")},
-    {QT_TRANSLATE_NOOP("TfrmKey", "Possible Timing Val"), 0xFF00FF,
-     QT_TRANSLATE_NOOP("TfrmKey", "fuchsia")},
-    {QT_TRANSLATE_NOOP("TfrmKey", "Searched Val"), 0x008080, QT_TRANSLATE_NOOP("TfrmKey", "olive")},
-}};
-
 QString LocationText(const QString &text, std::int32_t location) {
     return text.arg(location < 0 ? TfrmKey::tr("(not specified)") : QString::number(location));
 }
@@ -74,10 +56,12 @@ QWidget *TfrmKey::MakeLegend() {
     auto *box = new QWidget(this);
     auto *grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);
-    for (const TLegendRow &row : legend) {
-        const int place = grid->rowCount();
-        grid->addWidget(ColorBox(box, row.color, tr(row.colorName)), place, 0);
-        grid->addWidget(new QLabel(tr(row.text), box), place, 1);
+    for (const TMark &mark : marks) {
+        if (!mark.legend)
+            continue;
+        const int row = grid->rowCount();
+        grid->addWidget(ColorBox(box, mark.legend->color, tr(mark.legend->colorName)), row, 0);
+        grid->addWidget(new QLabel(tr(mark.legend->text), box), row, 1);
     }
     grid->setColumnStretch(1, 1);
     return box;

@@ -1,9 +1,7 @@
-// The legend of the contents view: what its colours mean and what is searched for. Its colours are
-// fixed and need not be those that the searches set (map data is shown yellow here); this is
-// intended.
+// The legend of the contents view: what its colours mean (Marks.h) and what is searched for.
 #pragma once
 
-#include "filedisplay/SearchCells.h"
+#include "filedisplay/SearchParameters.h"
 #include "forms/baseform.h"
 
 #include <QLabel>

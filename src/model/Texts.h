@@ -17,6 +17,11 @@ TTextTranslator SetTextTranslator(TTextTranslator translator);
 /// literals, so that the tools that collect texts find them.
 std::string Translated(const char *context, const char *english);
 
+/// A text of a table, as it is; what Translated gets later. Both are literals here instead.
+constexpr const char *Translatable(const char * /*context*/, const char *english) {
+    return english;
+}
+
 /// The text with "%1", "%2" ... replaced by `arguments`, which may hold such marks themselves.
 /// Marks without an argument stay.
 std::string Filled(std::string_view text, std::initializer_list<std::string_view> arguments);

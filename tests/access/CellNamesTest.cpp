@@ -2,9 +2,6 @@
 // colours mean, which nobody should have to see.
 #include "access/Scenes.h"
 #include "filedisplay/FileDisplay.h"
-#include "filedisplay/MapStarts.h"
-#include "filedisplay/MarkNames.h"
-#include "filedisplay/SearchCells.h"
 #include "maps/FuelMaps.h"
 #include "maps/ToolWindow.h"
 
@@ -172,39 +169,5 @@ TEST_F(TCellNamesTest, AMarksMeaningIsAlsoItsToolTip) {
     QCoreApplication::sendEvent(grid->viewport(), &asked);
     EXPECT_EQ(QToolTip::text(), "Axis Count");
     QToolTip::hideText();
-}
-
-TEST(MarkNames, KnowEachColourOfASearch) {
-    const std::map<TColor, std::string> plain{
-        {unmarkedColor, ""},
-        {possibleFuelColor, "Possible Fuel Val"},
-        {possibleTimingColor, "Possible Timing Val"},
-        {searchedColor, "Searched Val, or a map's header"},
-        {axisCountColor, "Axis Count"},
-        {fuelMapColor, "Map Data, fuel"},
-        {timingMapColor, "Map Data, timing"},
-        {anyMapColor, "Map Data"},
-        {anyMapColor + 2, "Map Data"},
-        {0x008001, "Start of a 1-D fuel map"},
-        {0x008002, "Start of a 2-D fuel map"},
-        {0x800081, "Start of a 1-D timing map"},
-        {0x800082, "Start of a 2-D timing map"},
-    };
-    for (const auto &[color, name] : plain)
-        EXPECT_EQ(MarkName(color), name) << std::hex << color;
-}
-
-TEST(MarkNames, KnowEachShade) {
-    const std::map<TColor, std::string> runs{{linearAxisColor, "Axis Values"},
-                                             {twoDAxisColor, "Axis Values"},
-                                             {fuelMapColor, "Map Data, fuel"},
-                                             {timingMapColor, "Map Data, timing"},
-                                             {anyMapColor, "Map Data"}};
-    for (const auto &[color, name] : runs)
-        for (TCellValue value = 0; value < 256; ++value)
-            if (!MapStartOf(Shaded(color, value))) {
-                EXPECT_EQ(MarkName(Shaded(color, value)), name)
-                    << std::hex << color << " " << value;
-            }
 }
 } // namespace

@@ -1,6 +1,6 @@
 // What README.md claims, checked at the window and in the files while its steps are walked.
 #include "ReadmeWalk.h"
-#include "filedisplay/SearchCells.h"
+#include "filedisplay/Marks.h"
 #include "forms/PageControl.h"
 #include "model/ROMTypes.h"
 #include "samples/SampleImage.h"

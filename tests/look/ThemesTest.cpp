@@ -1,6 +1,6 @@
 // Everything can be read in every theme: measured on what is painted.
 #include "charts/ChartContents.h"
-#include "filedisplay/SearchCells.h"
+#include "filedisplay/Marks.h"
 #include "forms/Aligrid.h"
 #include "look/LookFixture.h"
 #include "look/Painted.h"

@@ -1,7 +1,8 @@
 // What the colours that the searches leave are called. The colours stand here as numbers, so that
 // none of them changes with the program's own table.
+#include "filedisplay/Marks.h"
+
 #include "filedisplay/MapSearch.h"
-#include "filedisplay/MarkNames.h"
 #include "filedisplay/Searches.h"
 #include "searches/TestCells.h"
 

@@ -1,9 +1,11 @@
 #include "filedisplay/SearchCells.h"
 
+#include "filedisplay/MapStarts.h"
 #include "searches/TestCells.h"
 
 #include <limits>
 #include <ostream>
+#include <random>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -12,7 +14,6 @@ namespace {
 
 using testing::Each;
 using testing::ElementsAre;
-using testing::Test;
 using testing::TestWithParam;
 using testing::ValuesIn;
 
@@ -57,7 +58,7 @@ std::ostream &operator<<(std::ostream &out, const TRangeCase &c) {
     return out << c.name;
 }
 
-class ByteRange : public TestWithParam<TRangeCase> {};
+class CellsInRange : public TestWithParam<TRangeCase> {};
 
 const TRangeCase rangeCases[] = {
     {"fuel", 90, 200, 90, 200},
@@ -75,18 +76,41 @@ const TRangeCase rangeCases[] = {
     {"widest crossed", highest, lowest, 1, 0},
 };
 
-TEST_P(ByteRange, HoldsTheBytesBetweenItsLimits) {
+TEST_P(CellsInRange, AreTheBytesBetweenTheLimits) {
     const TRangeCase &c = GetParam();
-    const TByteRange range(c.minimum, c.maximum);
-    ASSERT_EQ(range.IsEmpty(), c.first > c.last);
-    if (range.IsEmpty())
-        return;
-    EXPECT_FALSE(range.Contains(-1));
-    for (TCellValue value = 0; value <= 255; ++value)
-        EXPECT_EQ(range.Contains(value), c.first <= value && value <= c.last) << value;
+    TTestCells cells(TBytes(257));
+    for (std::size_t i = 0; i < cells.values.size(); ++i)
+        cells.values[i] = static_cast<TCellValue>(i < 256 ? i : -1U);
+    const TCellsInRange inRange(cells.Grid(), c.minimum, c.maximum);
+    for (std::size_t i = 0; i < cells.values.size(); ++i) {
+        const int value = cells.values[i];
+        EXPECT_EQ(inRange.All(i, i + 1), value >= 0 && c.first <= value && value <= c.last)
+            << value;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Limits, ByteRange, ValuesIn(rangeCases));
+INSTANTIATE_TEST_SUITE_P(Limits, CellsInRange, ValuesIn(rangeCases));
+
+TEST(CellsInRange, AreToldOfEachRunOfCells) {
+    std::mt19937 random(1);
+    for (const std::size_t size : {0U, 1U, 15U, 16U, 17U, 63U, 64U, 65U, 127U, 128U, 129U, 200U}) {
+        for (const unsigned kinds : {1U, 2U, 20U, 200U}) {
+            TBytes bytes(size);
+            for (std::uint8_t &byte : bytes)
+                byte = static_cast<std::uint8_t>(random() % kinds);
+            TTestCells cells(bytes, false);
+            const TCellsInRange inRange(cells.Grid(), kinds == 1 ? 0 : 1, 255);
+            for (std::size_t first = 0; first <= size; ++first) {
+                bool all = true;
+                for (std::size_t end = first; end <= size + 2; ++end) {
+                    ASSERT_EQ(inRange.All(first, end), all && end <= size)
+                        << first << " to " << end << " of " << size;
+                    all = all && end < size && (kinds == 1 || bytes[end] != 0);
+                }
+            }
+        }
+    }
+}
 
 struct TShadeCase {
     const char *name;
@@ -131,22 +155,15 @@ INSTANTIATE_TEST_SUITE_P(Colors, Shade, ValuesIn(shadeCases));
 
 TEST(MarkRun, ShadesEachCellOfARunWithItsOwnByte) {
     TTestCells cells({1, 2, 3, 4, 5});
-    MarkRun(cells.Grid(), 1, 3, 0x008000);
+    MarkRun(cells.Grid(), 1, 4, 0x008000);
     cells.colors.resize(5);
     EXPECT_THAT(cells.colors,
                 ElementsAre(unmarkedColor, 0x028000, 0x038000, 0x048000, unmarkedColor));
 }
 
-TEST(MarkRun, GivesASingleCellThePlainColor) {
-    TTestCells cells({1, 2, 3});
-    MarkRun(cells.Grid(), 2, 1, 0x008000);
-    EXPECT_EQ(cells.colors[2], 0x008000U);
-    EXPECT_THAT(cells.Marked(), ElementsAre(2U));
-}
-
 TEST(MarkRun, OfNoCellsMarksNothing) {
     TTestCells cells({1, 2, 3});
-    MarkRun(cells.Grid(), 1, 0, 0x008000);
+    MarkRun(cells.Grid(), 1, 1, 0x008000);
     EXPECT_TRUE(cells.Marked().empty());
 }
 
@@ -160,22 +177,21 @@ TEST(MarkRun, ShadesAsOneCellAfterAnotherWould) {
 }
 
 TEST(ClearAllMarkers, UnmarksEveryCellAndZeroesBothCounters) {
-    std::vector<TColor> colors{0, 0xFFFFFF, 0x1FEFFFF, unmarkedColor};
+    TTestCells cells({1, 2, 3, 4});
+    cells.colors = {0, 0xFFFFFF, 0x1FEFFFF, unmarkedColor};
     TMapCounters counters{3, 4};
-    ClearAllMarkers(colors, counters);
-    EXPECT_THAT(colors, Each(0x80000005U));
+    ClearAllMarkers(cells.Grid(), counters);
+    EXPECT_THAT(cells.colors, Each(0x80000005U));
     EXPECT_EQ(counters.linear, 0);
     EXPECT_EQ(counters.twoD, 0);
 }
 
-TEST(SearchGrid, CountsStartedRowsAndAnswersMinusOneBeyondTheLastCell) {
+TEST(SearchGrid, AnswersMinusOneBehindTheLastCell) {
     const std::vector<TCellValue> values(33, 7);
-    EXPECT_EQ((TSearchGrid{values, {}}.Rows()), 3U);
-    EXPECT_EQ((TSearchGrid{std::span(values).first(32), {}}.Rows()), 2U);
-    EXPECT_EQ((TSearchGrid{{}, {}}.Rows()), 0U);
-    EXPECT_EQ((TSearchGrid{values, {}}.At(32)), 7);
-    EXPECT_EQ((TSearchGrid{values, {}}.At(33)), -1);
-    EXPECT_EQ((TSearchGrid{values, {}}.At(std::numeric_limits<std::size_t>::max())), -1);
+    const TSearchGrid grid{values, {}};
+    EXPECT_EQ(grid.At(32), 7);
+    EXPECT_EQ(grid.At(33), -1);
+    EXPECT_EQ(grid.At(std::numeric_limits<std::size_t>::max()), -1);
 }
 
 } // namespace

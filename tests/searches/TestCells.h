@@ -1,7 +1,7 @@
 // Cells with colours of their own, and small maps to lay into them.
 #pragma once
 
-#include "filedisplay/SearchCells.h"
+#include "filedisplay/Marks.h"
 
 #include <cstddef>
 #include <cstdint>
