@@ -75,16 +75,24 @@ std::function<TNextByte()> Maps(TMapShape shape, unsigned low, unsigned high, un
     };
 }
 
-std::vector<TSearchImage> MakeSearchImages() {
-    const TBytes halfCounts{2, 30, 0, 31};
-    const TBytes countsAndData{2, 3, 4, 5, 100, 100, 100, 100};
-    return {
+std::vector<TSearchImage> MakeOrdinaryImages() {
+    std::vector<TSearchImage> images{
         {"random bytes", Linear, Fuel, Random(0, 255)},
         {"random bytes", TwoD, Fuel, Random(0, 255)},
         {"random bytes, any map", Linear, Any, Random(0, 255)},
         {"random bytes, any map", TwoD, Any, Random(0, 255)},
         {"full of maps", Linear, Fuel, Maps(Linear, 2, 30)},
         {"full of maps", TwoD, Fuel, Maps(TwoD, 2, 30)},
+    };
+    for (TSearchImage &image : images)
+        image.hard = false;
+    return images;
+}
+
+std::vector<TSearchImage> MakeHardImages() {
+    const TBytes halfCounts{2, 30, 0, 31};
+    const TBytes countsAndData{2, 3, 4, 5, 100, 100, 100, 100};
+    return {
         {"full of the smallest maps", Linear, Fuel, Maps(Linear, 2, 2)},
         {"full of the smallest maps", TwoD, Fuel, Maps(TwoD, 2, 2)},
         {"full of small maps of 2 to 5", Linear, Fuel, Maps(Linear, 2, 5)},
@@ -157,6 +165,11 @@ std::vector<TColor> ColorsOf(const TSearchImage &image, std::size_t count) {
 }
 
 const std::vector<TSearchImage> &SearchImages() {
-    static const std::vector<TSearchImage> images = MakeSearchImages();
+    static const std::vector<TSearchImage> images = [] {
+        std::vector<TSearchImage> all = MakeOrdinaryImages();
+        const std::vector<TSearchImage> hard = MakeHardImages();
+        all.insert(all.end(), hard.begin(), hard.end());
+        return all;
+    }();
     return images;
 }

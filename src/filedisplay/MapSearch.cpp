@@ -32,12 +32,11 @@ std::size_t MapEnd(const TSearchGrid &grid, std::size_t start, TMapShape shape,
 }
 
 /// Marks an axis and returns the cell behind it.
-std::size_t MarkAxis(const TSearchGrid &grid, std::size_t header, TColor headerColor,
-                     TColor valueColor) {
+std::size_t MarkAxis(const TSearchGrid &grid, std::size_t header, TColor color, TColor values) {
     const std::size_t end = header + 2 + static_cast<std::size_t>(grid.values[header + 1]);
-    grid.colors[header] = headerColor;
+    grid.colors[header] = color;
     grid.colors[header + 1] = axisCountColor;
-    MarkRun(grid, header + 2, end, valueColor);
+    MarkRun(grid, header + 2, end, values);
     return end;
 }
 
@@ -72,8 +71,7 @@ TFound HighlightAllMaps(const TSearchGrid &grid, TMapShape shape, TMapContents c
     TFound found;
     const TCellsInRange inRange = DataIn(grid, contents, parameters);
     const std::size_t rows = (grid.values.size() + cellsPerRow - 1) / cellsPerRow;
-    std::size_t position = 0;
-    while (position / cellsPerRow + 2 < rows) {
+    for (std::size_t position = 0; position / cellsPerRow + 2 < rows;) {
         const std::size_t end = MapEnd(grid, position, shape, parameters, inRange);
         if (end != 0 && grid.colors[position] == unmarkedColor) {
             MarkMap(grid, position, end, shape, MapColor(contents), counters);

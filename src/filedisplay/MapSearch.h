@@ -1,5 +1,4 @@
-// Finds maps among the cells of the contents view and marks them: headers, counts, axis values and
-// data. Nothing but the colours and the counters tells what was found.
+// Finds whole maps among the cells of the contents view, and marks and counts them.
 #pragma once
 
 #include "filedisplay/Marks.h"

@@ -12,7 +12,7 @@ int SmallestChannel(TColor color) {
 }
 
 bool Fits(const TMark &mark, TColor color) {
-    if (mark.colors == TMarkColors::One)
+    if (!mark.shaded)
         return mark.color == color;
     for (TCellValue byte = 0; byte <= 255; ++byte)
         if (Shaded(mark.color, byte) == color)

@@ -41,6 +41,12 @@ constexpr TColor MapColor(TMapContents contents) {
     return contents == TMapContents::Timing ? timingMapColor : anyMapColor;
 }
 
+/// The maps marked since the last "Clear All Markers".
+struct TMapCounters {
+    int linear = 0;
+    int twoD = 0;
+};
+
 /// Gives every cell the unmarked colour and sets both counters to 0.
 void ClearAllMarkers(const TSearchGrid &grid, TMapCounters &counters);
 
@@ -57,12 +63,9 @@ struct TLegendLine {
     const char *colorName;
 };
 
-/// Which colours a mark has.
-enum class TMarkColors { One, Shades };
-
 struct TMark {
     TColor color;
-    TMarkColors colors;
+    bool shaded;      ///< whether its shades are this mark too
     const char *name; ///< see MarkName
     std::optional<TLegendLine> legend = {};
     std::optional<TMapStart> start = {};
@@ -75,32 +78,32 @@ struct TMark {
 /// axis colour, so that each zero axis byte of a found map starts one (0x008002 likewise), the
 /// second never stands anywhere. White maps start none. Intended; see docs/peculiarities.md.
 inline constexpr TMark marks[] = {
-    {0x008001, TMarkColors::One, Translatable("MarkNames", "Start of a 1-D fuel map"), std::nullopt,
+    {0x008001, false, Translatable("MarkNames", "Start of a 1-D fuel map"), std::nullopt,
      TMapStart{TMapContents::Fuel, TMapShape::Linear}},
-    {0x008002, TMarkColors::One, Translatable("MarkNames", "Start of a 2-D fuel map"), std::nullopt,
+    {0x008002, false, Translatable("MarkNames", "Start of a 2-D fuel map"), std::nullopt,
      TMapStart{TMapContents::Fuel, TMapShape::TwoD}},
-    {0x800081, TMarkColors::One, Translatable("MarkNames", "Start of a 1-D timing map"),
-     std::nullopt, TMapStart{TMapContents::Timing, TMapShape::Linear}},
-    {0x800082, TMarkColors::One, Translatable("MarkNames", "Start of a 2-D timing map"),
-     std::nullopt, TMapStart{TMapContents::Timing, TMapShape::TwoD}},
-    {axisCountColor, TMarkColors::One, Translatable("MarkNames", "Axis Count"),
+    {0x800081, false, Translatable("MarkNames", "Start of a 1-D timing map"), std::nullopt,
+     TMapStart{TMapContents::Timing, TMapShape::Linear}},
+    {0x800082, false, Translatable("MarkNames", "Start of a 2-D timing map"), std::nullopt,
+     TMapStart{TMapContents::Timing, TMapShape::TwoD}},
+    {axisCountColor, false, Translatable("MarkNames", "Axis Count"),
      TLegendLine{Translatable("TfrmKey", "Axis Count"), 0xFF0000, Translatable("TfrmKey", "blue")}},
-    {linearAxisColor, TMarkColors::Shades, Translatable("MarkNames", "Axis Values"),
+    {linearAxisColor, true, Translatable("MarkNames", "Axis Values"),
      TLegendLine{Translatable("TfrmKey", "Axis Values"), 0x008000,
                  Translatable("TfrmKey", "green")}},
-    {twoDAxisColor, TMarkColors::Shades, Translatable("MarkNames", "Axis Values")},
-    {fuelMapColor, TMarkColors::Shades, Translatable("MarkNames", "Map Data, fuel")},
-    {timingMapColor, TMarkColors::Shades, Translatable("MarkNames", "Map Data, timing")},
-    {anyMapColor, TMarkColors::Shades, Translatable("MarkNames", "Map Data"),
+    {twoDAxisColor, true, Translatable("MarkNames", "Axis Values")},
+    {fuelMapColor, true, Translatable("MarkNames", "Map Data, fuel")},
+    {timingMapColor, true, Translatable("MarkNames", "Map Data, timing")},
+    {anyMapColor, true, Translatable("MarkNames", "Map Data"),
      TLegendLine{Translatable("TfrmKey", "Map Data"), 0x00FFFF, Translatable("TfrmKey", "yellow")}},
-    {anyMapColor + 2, TMarkColors::One, Translatable("MarkNames", "Map Data")}, // starts one
-    {possibleFuelColor, TMarkColors::One, Translatable("MarkNames", "Possible Fuel Val"),
+    {anyMapColor + 2, false, Translatable("MarkNames", "Map Data")}, // starts one
+    {possibleFuelColor, false, Translatable("MarkNames", "Possible Fuel Val"),
      TLegendLine{Translatable("TfrmKey", "Possible Fuel Val"), 0x00FF00,
                  Translatable("TfrmKey", "lime")}},
-    {possibleTimingColor, TMarkColors::One, Translatable("MarkNames", "Possible Timing Val"),
+    {possibleTimingColor, false, Translatable("MarkNames", "Possible Timing Val"),
      TLegendLine{Translatable("TfrmKey", "Possible Timing Val"), 0xFF00FF,
                  Translatable("TfrmKey", "fuchsia")}},
-    {searchedColor, TMarkColors::One, Translatable("MarkNames", "Searched Val, or a map's header"),
+    {searchedColor, false, Translatable("MarkNames", "Searched Val, or a map's header"),
      TLegendLine{Translatable("TfrmKey", "Searched Val"), 0x008080,
                  Translatable("TfrmKey", "olive")}},
 };

@@ -1,26 +1,22 @@
-// What the searches of the contents view work on, and what they tell. Single values and pointers
-// are found by Searches.h, whole maps by MapSearch.h; Marks.h gives the cells their colours.
+// What the searches of the contents view (Searches.h, MapSearch.h) work on, and what they tell.
 #pragma once
 
 #include "filedisplay/SearchParameters.h"
 #include "model/MapViews.h"
 
-#include <cstddef>
 #include <span>
 #include <vector>
 
 /// The number that a cell shows: 0 to 255, or -1 for a cell that is no number.
 using TCellValue = std::int16_t;
-
-/// Cells in one row of the contents view.
 inline constexpr std::size_t cellsPerRow = 16;
 
 /// The data cells of the contents view in reading order: position p is the byte at image offset p.
+/// The last row may be filled up with -1; whatever lies behind the last cell counts as -1.
 struct TSearchGrid {
-    std::span<const TCellValue> values; ///< the last row may be filled up with -1
-    std::span<TColor> colors;           ///< at least one for each of `values`
+    std::span<const TCellValue> values;
+    std::span<TColor> colors; ///< at least one for each of `values`
 
-    /// -1 behind the last cell.
     TCellValue At(std::size_t i) const { return i < values.size() ? values[i] : TCellValue{-1}; }
 };
 
@@ -54,10 +50,4 @@ struct TFound {
         if (count++ == 0)
             first = offset;
     }
-};
-
-/// The maps marked since the last "Clear All Markers".
-struct TMapCounters {
-    int linear = 0;
-    int twoD = 0;
 };

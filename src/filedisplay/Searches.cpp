@@ -3,9 +3,7 @@
 #include "filedisplay/Marks.h"
 
 namespace {
-TFound MarkPossible(const TSearchGrid &grid, std::int32_t minimum, std::int32_t maximum,
-                    TColor color) {
-    const TCellsInRange inRange(grid, minimum, maximum);
+TFound MarkPossible(const TSearchGrid &grid, const TCellsInRange &inRange, TColor color) {
     TFound found;
     bool withLast = false;
     for (std::size_t i = 0; i < grid.values.size(); ++i) {
@@ -21,11 +19,12 @@ TFound MarkPossible(const TSearchGrid &grid, std::int32_t minimum, std::int32_t 
 } // namespace
 
 TFound MarkPossibleFuelValues(const TSearchGrid &grid, const TSearchParameters &parameters) {
-    return MarkPossible(grid, parameters.fuelMinimum, parameters.fuelMaximum, possibleFuelColor);
+    return MarkPossible(grid, {grid, parameters.fuelMinimum, parameters.fuelMaximum},
+                        possibleFuelColor);
 }
 
 TFound MarkPossibleTimingValues(const TSearchGrid &grid, const TSearchParameters &parameters) {
-    return MarkPossible(grid, parameters.timingMinimum, parameters.timingMaximum,
+    return MarkPossible(grid, {grid, parameters.timingMinimum, parameters.timingMaximum},
                         possibleTimingColor);
 }
 

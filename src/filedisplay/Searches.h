@@ -1,5 +1,4 @@
-// The searches of the contents view for single values and for pointers. They only add colours, and
-// tell what they found whether it was marked before or not.
+// Marks and counts single values and pointers in the contents view, whether marked before or not.
 #pragma once
 
 #include "filedisplay/SearchCells.h"
@@ -24,8 +23,7 @@ struct TPointerAddress {
 /// Splits an address; none for one that does not fit 16 bits, and so for every negative one.
 std::optional<TPointerAddress> SplitAddress(std::int32_t address);
 
-/// Marks olive each pointer to `address`: a byte that under `mask` equals the high byte (which is
-/// not masked itself), and the low byte behind it. The byte behind a fitting high byte is never
-/// tested as a high byte of its own (intended; see docs/peculiarities.md). Counts pointers, not
-/// cells.
+/// Marks olive each pointer to `address`, and counts pointers, not cells: a byte that under `mask`
+/// equals the high byte, which is not masked itself, and the low byte behind it. What is behind a
+/// fitting high byte is no high byte of its own (intended; see docs/peculiarities.md).
 TFound MarkPointers(const TSearchGrid &grid, TPointerAddress address, std::uint8_t mask);

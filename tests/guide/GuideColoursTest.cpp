@@ -1,7 +1,10 @@
 // Every colour that tells something has its line in the guide, and a colour that is added to the
 // sources without one is noticed.
+#include "filedisplay/Marks.h"
 #include "guide/Guide.h"
 #include "guide/ProgramTexts.h"
+
+#include <map>
 
 #include <QSet>
 #include <gmock/gmock.h>
@@ -16,12 +19,22 @@ struct TColorWord {
 const TColorWord editMarks[] = {
     {"clWindowText", "black"}, {"clBlue", "blue"}, {"clRed", "red"}, {"clGreen", "green"}};
 
-/// Cell colours of the contents view.
-const TColorWord marks[] = {{"unmarkedColor", "white"},         {"possibleFuelColor", "lime"},
-                            {"possibleTimingColor", "fuchsia"}, {"searchedColor", "olive"},
-                            {"axisCountColor", "blue"},         {"linearAxisColor", "green"},
-                            {"twoDAxisColor", "green"},         {"fuelMapColor", "green"},
-                            {"timingMapColor", "purple"},       {"anyMapColor", "yellow to white"}};
+/// Cell colours of the contents view: marks whose word the key window does not say.
+const std::map<TColor, QString> furtherMarks{{fuelMapColor, "green"},
+                                             {twoDAxisColor, "green"},
+                                             {0x008001, "green"},
+                                             {0x008002, "green"},
+                                             {0x800081, "purple"},
+                                             {0x800082, "purple"},
+                                             {timingMapColor, "purple"},
+                                             {anyMapColor, "yellow to white"},
+                                             {anyMapColor + 2, "yellow to white"}};
+
+QString WordOf(const TMark &mark) {
+    if (const auto further = furtherMarks.find(mark.color); further != furtherMarks.end())
+        return further->second;
+    return mark.legend ? mark.legend->colorName : "";
+}
 
 /// The lines of a chapter that explain colours begin with one, a little indented.
 bool Explains(const QString &title, const QString &word) {
@@ -44,15 +57,23 @@ TEST(GuideColours, OfMapGridsAreExplained) {
 }
 
 TEST(GuideColours, OfTheContentsViewAreExplained) {
-    for (const TColorWord &mark : marks)
-        EXPECT_TRUE(Explains("THE COLOURS OF FILE CONTENTS", mark.word)) << mark.constant;
+    const QString chapter = "THE COLOURS OF FILE CONTENTS";
+    EXPECT_TRUE(Explains(chapter, "white"));
+    for (const TMark &mark : marks) {
+        const QString word = WordOf(mark);
+        EXPECT_NE(word, "") << mark.name << ": neither in the key window nor above";
+        EXPECT_TRUE(Explains(chapter, word)) << mark.name << ": " << word.toStdString();
+    }
 }
 
-TEST(GuideColours, AreAllOfThem) {
-    QSet<QString> named;
-    for (const TColorWord &mark : marks)
-        named << mark.constant;
-    EXPECT_EQ(ConstantsOf("SearchCells.h"), named);
+TEST(GuideColours, OfTheContentsViewAreInTheTableOfMarks) {
+    QStringList rows = FoundIn({"Marks.h"}, "^    \\{(\\w+)");
+    rows << "unmarkedColor";
+    for (const QString &constant : ConstantsOf("Marks.h"))
+        EXPECT_TRUE(rows.contains(constant)) << constant.toStdString();
+}
+
+TEST(GuideColours, OfMapGridsAreAllOfThem) {
     // The others tell nothing: backgrounds, and the plain text of a header that was committed.
     QSet<QString> texts{"clBlack", "clWhite", "clWindow", "clBtnFace"};
     for (const TColorWord &mark : editMarks)

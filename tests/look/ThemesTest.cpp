@@ -38,18 +38,13 @@ std::vector<TCellLook> CellLooks() {
                                  {"edited", clWindow, clBlue},
                                  {"not readable", clWindow, clRed},
                                  {"committed", clWindow, clGreen}};
-    const std::pair<std::string, TColor> marks[] = {
-        {"fuel value", possibleFuelColor}, {"timing value", possibleTimingColor},
-        {"searched", searchedColor},       {"axis count", axisCountColor},
-        {"linear axis", linearAxisColor},  {"2-D axis", twoDAxisColor},
-        {"fuel map", fuelMapColor},        {"timing map", timingMapColor},
-        {"any map", anyMapColor}};
-    for (const auto &[name, color] : marks) {
-        looks.push_back({name, color, clWindowText});
+    for (const TMark &mark : marks) {
+        const std::string name = mark.name;
+        looks.push_back({name, mark.color, clWindowText});
         for (const int value : {1, 64, 128, 200, 255})
             looks.push_back({name + " + " + std::to_string(value),
-                             Shaded(color, static_cast<TCellValue>(value)), clWindowText});
-        looks.push_back({name + ", edited", color, clBlue});
+                             Shaded(mark.color, static_cast<TCellValue>(value)), clWindowText});
+        looks.push_back({name + ", edited", mark.color, clBlue});
     }
     return looks;
 }
