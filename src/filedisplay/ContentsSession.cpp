@@ -81,7 +81,6 @@ TContentsOutcome TContentsSession::HighlightFromRecorded(TMapShape shape, TMapCo
 }
 
 TContentsOutcome TContentsSession::ClearAllMarkers() {
-    TCells colored =
-        Color([this](const TSearchGrid &grid) { ::ClearAllMarkers(grid, counters_); });
+    TCells colored = Color([this](const TSearchGrid &grid) { ::ClearAllMarkers(grid, counters_); });
     return {std::move(colored), AllMarkersAreCleared()};
 }

@@ -17,7 +17,7 @@ const QString sources = FERROLYN_SOURCE_DIR "/src";
 void Collect(const QString &folder, const QString &catalogue) {
     QProcess tool;
     tool.setProcessChannelMode(QProcess::MergedChannels);
-    tool.start(FERROLYN_LUPDATE, {"-silent", "-tr-function-alias", "translate+=Translated",
+    tool.start(FERROLYN_LUPDATE, {"-silent", "-tr-function-alias", "translate+=Translated,translate+=Translatable",
                                   "-locations", "none", folder, "-ts", catalogue});
     EXPECT_TRUE(tool.waitForFinished());
     EXPECT_EQ(QString(tool.readAll()), "");
