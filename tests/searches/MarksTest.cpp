@@ -45,6 +45,13 @@ TEST(MarkNames, AreThoseOfEveryColourAndShade) {
                 << std::hex << colors.first << " and " << i << " steps";
 }
 
+TEST(MarkNames, AreNothingForAColourThatIsNoMark) {
+    for (const TColor color :
+         {0x000000U, 0x0000FFU, 0x123456U, 0x008003U, 0x008102U, 0x008081U, 0x00FF01U, 0x800083U,
+          0xFEFFFFU, 0x1FFFFFFU, 0x1000000U, 0x1000002U, 0x80000008U, 0x8000000FU, 0x81000005U})
+        EXPECT_EQ(MarkName(color), "") << std::hex << color;
+}
+
 TEST(MarkNames, KnowWhateverTheSearchesLeave) {
     std::set<TColor> known;
     for (const TNamedColors &colors : named)
