@@ -17,8 +17,9 @@ const QString sources = FERROLYN_SOURCE_DIR "/src";
 void Collect(const QString &folder, const QString &catalogue) {
     QProcess tool;
     tool.setProcessChannelMode(QProcess::MergedChannels);
-    tool.start(FERROLYN_LUPDATE, {"-silent", "-tr-function-alias", "translate+=Translated,translate+=Translatable",
-                                  "-locations", "none", folder, "-ts", catalogue});
+    tool.start(FERROLYN_LUPDATE,
+               {"-silent", "-tr-function-alias", "translate+=Translated,translate+=Translatable",
+                "-locations", "none", folder, "-ts", catalogue});
     EXPECT_TRUE(tool.waitForFinished());
     EXPECT_EQ(QString(tool.readAll()), "");
     EXPECT_EQ(tool.exitCode(), 0);
