@@ -60,6 +60,33 @@ TPair Rebuilding(const std::vector<std::uint8_t> &bytes) {
         [&] { return Time(fill); });
 }
 
+/// The text that "Copy" puts on the clipboard, beside joining as many texts of one vector.
+TPair Copying(const std::vector<std::uint8_t> &bytes) {
+    TStringAlignGrid grid;
+    PrepareFileGrid(grid);
+    FillFileGrid(grid, bytes, false);
+    std::vector<QString> plain;
+    for (int row = 0; row < grid.RowCount(); ++row)
+        for (int column = 0; column < columns; ++column)
+            plain.push_back(grid.Cell(column, row));
+    const auto join = [&plain] {
+        QString text;
+        for (const QString &cell : plain) {
+            text += cell;
+            text += QChar('\t');
+        }
+        return text;
+    };
+    return Measure(
+        rounds,
+        [&] {
+            return Time([&] {
+                grid.RectangleText({0, 0, columns - 1, grid.RowCount() - 1}, '\t');
+            });
+        },
+        [&] { return Time([&] { join(); }); });
+}
+
 /// A repaint of 40 rows after scrolling on, beside drawing their texts directly.
 TPair Repainting(const std::vector<std::uint8_t> &bytes) {
     TStringAlignGrid grid;
@@ -226,6 +253,7 @@ bool MeasureAll(const fs::path &image) {
         const std::string suffix = ", " + std::to_string(size / 1024) + " KiB";
         table.Ratio("rebuild the view / fill a vector, ms" + suffix, Rebuilding(bytes), 2);
         table.Ratio("repaint 40 rows / draw their texts, ms" + suffix, Repainting(bytes), 3);
+        table.Ratio("copy the grid / join its texts, ms" + suffix, Copying(bytes), 3);
         MeasureCommands(table, size);
     }
     table.Ratio("pages for 200 found maps / 200 empty pages, ms", AddingPages(), 3);
