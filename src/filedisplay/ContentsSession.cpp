@@ -2,85 +2,55 @@
 
 #include "filedisplay/ContentsTexts.h"
 
-#include <algorithm>
-#include <utility>
-
 void TContentsSession::Show(std::span<const std::uint8_t> bytes) {
     parameters = {};
     values_.assign(bytes.begin(), bytes.end());
-    colors_.assign(values_.size(), unmarkedColor);
-}
-
-TContentsSession::TCells
-TContentsSession::Color(const std::function<void(const TSearchGrid &)> &change) {
-    const std::vector<TColor> before = colors_;
-    change({values_, colors_});
-    TCells colored;
-    for (std::size_t i = 0; i < colors_.size(); ++i)
-        if (colors_[i] != before[i])
-            colored.push_back({static_cast<std::uint32_t>(i), colors_[i]});
-    return colored;
 }
 
 std::string TContentsSession::Summary(const std::string &found) const {
-    const auto marked =
-        colors_.size() -
-        static_cast<std::size_t>(std::count(colors_.begin(), colors_.end(), unmarkedColor));
+    const TCellColors colors = Colors();
+    std::size_t marked = 0;
+    for (std::size_t i = 0; i < colors.size(); ++i)
+        if (colors[i] != unmarkedColor)
+            ++marked;
     return found + ". " + MarkedInAll(marked, counters_);
 }
 
-TContentsOutcome
-TContentsSession::ScanAll(std::string (*textOf)(const TFound &),
-                          const std::function<TFound(const TSearchGrid &)> &search) {
+std::string TContentsSession::Scanned(const std::string &found) {
     recorded_.reset();
-    TFound found;
-    TCells colored = Color([&](const TSearchGrid &grid) { found = search(grid); });
-    return {std::move(colored), Summary(textOf(found))};
+    return Summary(found);
 }
 
-TContentsOutcome TContentsSession::MarkPossibleFuelValues() {
-    return ScanAll(FoundCells, [this](const TSearchGrid &grid) {
-        return ::MarkPossibleFuelValues(grid, parameters);
-    });
+std::string TContentsSession::MarkPossibleFuelValues() {
+    return Scanned(FoundCells(::MarkPossibleFuelValues(Cells(), parameters)));
 }
 
-TContentsOutcome TContentsSession::MarkPossibleTimingValues() {
-    return ScanAll(FoundCells, [this](const TSearchGrid &grid) {
-        return ::MarkPossibleTimingValues(grid, parameters);
-    });
+std::string TContentsSession::MarkPossibleTimingValues() {
+    return Scanned(FoundCells(::MarkPossibleTimingValues(Cells(), parameters)));
 }
 
-TContentsOutcome TContentsSession::MarkValue(std::int32_t value) {
-    return ScanAll(FoundCells,
-                   [value](const TSearchGrid &grid) { return ::MarkValue(grid, value); });
+std::string TContentsSession::MarkValue(std::int32_t value) {
+    return Scanned(FoundCells(::MarkValue(Cells(), value)));
 }
 
-TContentsOutcome TContentsSession::MarkPointers(TPointerAddress address) {
-    return ScanAll(FoundPointers, [&](const TSearchGrid &grid) {
-        return ::MarkPointers(grid, address, parameters.pointerMask);
-    });
+std::string TContentsSession::MarkPointers(TPointerAddress address) {
+    return Scanned(FoundPointers(::MarkPointers(Cells(), address, parameters.pointerMask)));
 }
 
-TContentsOutcome TContentsSession::HighlightAllMaps(TMapShape shape, TMapContents contents) {
-    return ScanAll(FoundMaps, [&](const TSearchGrid &grid) {
-        return ::HighlightAllMaps(grid, shape, contents, parameters, counters_);
-    });
+std::string TContentsSession::HighlightAllMaps(TMapShape shape, TMapContents contents) {
+    return Scanned(FoundMaps(::HighlightAllMaps(Cells(), shape, contents, parameters, counters_)));
 }
 
-TContentsOutcome TContentsSession::HighlightFromRecorded(TMapShape shape, TMapContents contents) {
+std::string TContentsSession::HighlightFromRecorded(TMapShape shape, TMapContents contents) {
     if (!recorded_)
-        return {{}, NoCellIsSelected()};
+        return NoCellIsSelected();
     const std::size_t start = *recorded_;
-    TMapStep step{};
-    TCells colored = Color([&](const TSearchGrid &grid) {
-        step = HighlightMapAt(grid, start, shape, contents, parameters, counters_);
-    });
+    const TMapStep step = HighlightMapAt(Cells(), start, shape, contents, parameters, counters_);
     recorded_ = step.next;
-    return {std::move(colored),
-            step.found ? Summary(FoundMaps({1, start})) : NoMapAt(start, step.next)};
+    return step.found ? Summary(FoundMaps({1, start})) : NoMapAt(start, step.next);
 }
 
-TContentsOutcome TContentsSession::ClearAllMarkers() {
-    TCells colored = Color([this](const TSearchGrid &grid) { ::ClearAllMarkers(grid, counters_); });
-    return {std::move(colored), AllMarkersAreCleared()};
+std::string TContentsSession::ClearAllMarkers() {
+    ::ClearAllMarkers(Cells(), counters_);
+    return AllMarkersAreCleared();
 }

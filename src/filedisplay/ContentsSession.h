@@ -1,6 +1,7 @@
-// What the contents view holds of its image: the bytes as they are shown, the colours that searches
-// gave them, the search parameters, the counters and the recorded cell. The page of FileDisplay.h
-// asks the user, calls one operation and shows its outcome; it is the page that knows the grid.
+// What the contents view holds of its image: the bytes as they are shown, the search parameters,
+// the counters and the recorded cell; the colours are lent to it. The page of FileDisplay.h asks
+// the user, calls one operation and shows the text that it gives; it is the page that knows the
+// grid.
 #pragma once
 
 #include "filedisplay/MapStarts.h"
@@ -9,27 +10,22 @@
 #include <functional>
 #include <optional>
 #include <string>
-
-/// What an operation did.
-struct TContentsOutcome {
-    struct TCell {
-        std::uint32_t offset; ///< in the image
-        TColor color;
-    };
-    std::vector<TCell> colored; ///< the cells that have another colour than before
-    std::string text;           ///< for the bottom line
-};
+#include <vector>
 
 class TContentsSession {
 public:
+    /// `colors` lends those of the cells that are shown, at least one for each byte, for one
+    /// operation at a time.
+    explicit TContentsSession(std::function<TCellColors()> colors) : colors_(std::move(colors)) {}
+
     TSearchParameters parameters; ///< set back to their defaults by each Show
 
-    /// Begins anew with an image, without marks. Counters and recorded cell stay.
+    /// Begins anew with an image, of which no cell is marked. Counters and recorded cell stay.
     void Show(std::span<const std::uint8_t> bytes);
     /// Whether there is no cell.
     bool IsEmpty() const { return values_.empty(); }
-    /// Of the data cells, in reading order.
-    std::span<const TColor> Colors() const { return colors_; }
+    /// Of the data cells, until others are shown.
+    TCellColors Colors() const { return colors_(); }
     /// Set back by ClearAllMarkers alone.
     const TMapCounters &Counters() const { return counters_; }
 
@@ -38,32 +34,31 @@ public:
     /// As recorded last; none after a search of the whole image.
     std::optional<std::size_t> Recorded() const { return recorded_; }
 
+    // Each gives the text for the bottom line.
+
     // Searches of the whole image; see Searches.h and MapSearch.h.
-    TContentsOutcome MarkPossibleFuelValues();
-    TContentsOutcome MarkPossibleTimingValues();
-    TContentsOutcome MarkValue(std::int32_t value);
+    std::string MarkPossibleFuelValues();
+    std::string MarkPossibleTimingValues();
+    std::string MarkValue(std::int32_t value);
     /// With the mask of the parameters.
-    TContentsOutcome MarkPointers(TPointerAddress address);
-    TContentsOutcome HighlightAllMaps(TMapShape shape, TMapContents contents);
+    std::string MarkPointers(TPointerAddress address);
+    std::string HighlightAllMaps(TMapShape shape, TMapContents contents);
 
     /// Marks the map that starts at the recorded cell and records the cell behind it, or without
     /// such a map the next cell. Says so when no cell is recorded.
-    TContentsOutcome HighlightFromRecorded(TMapShape shape, TMapContents contents);
+    std::string HighlightFromRecorded(TMapShape shape, TMapContents contents);
 
-    TContentsOutcome ClearAllMarkers();
+    std::string ClearAllMarkers();
 
 private:
-    using TCells = std::vector<TContentsOutcome::TCell>;
-
-    /// Gives the cells of which `change` changed the colours.
-    TCells Color(const std::function<void(const TSearchGrid &)> &change);
-    TContentsOutcome ScanAll(std::string (*textOf)(const TFound &),
-                             const std::function<TFound(const TSearchGrid &)> &search);
+    TSearchGrid Cells() const { return {values_, Colors()}; }
     /// `found` and what is marked in all.
     std::string Summary(const std::string &found) const;
+    /// Likewise, of a search of the whole image.
+    std::string Scanned(const std::string &found);
 
+    std::function<TCellColors()> colors_;
     std::vector<TCellValue> values_;
-    std::vector<TColor> colors_;
     TMapCounters counters_;
     std::optional<std::size_t> recorded_;
 };

@@ -17,6 +17,7 @@
 
 TfrmFileContents::TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrinting &printing)
     : TEmbeddedForm(parent),
+      session([this] { return MarksOf(*grdFile_); }),
       workspace_(workspace),
       printing_(printing),
       grdFile_(new TStringAlignGrid(this)),

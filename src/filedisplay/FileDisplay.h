@@ -96,7 +96,7 @@ private:
     void ConnectGrid();
     void Rebuild();
     /// Shows what an operation of the session did: colours in the grid, its text below.
-    void ShowOutcome(const TContentsOutcome &outcome);
+    void ShowOutcome(const std::string &text);
     /// Shows a text in the notebook's bottom line until the next hint.
     void Say(const std::string &text);
     void HighlightFromSelected(TMapShape shape, TMapContents contents);

@@ -6,17 +6,16 @@
 namespace {
 constexpr int columnWidth = 38; // pixels, the address column included
 constexpr int dataColumns = static_cast<int>(cellsPerRow);
-constexpr int byteValues = 256;
 
-/// The 256 texts of one display mode, shared by all cells.
-using TByteTexts = std::array<QString, byteValues>;
+/// The texts of all bytes in one display mode, shared by all cells.
+using TByteTexts = std::array<QString, 256>;
 
-QString Hexadecimal(int value, int digits) {
-    return QString("%1").arg(value, digits, 16, QChar('0')).toUpper();
+QString Hexadecimal(std::size_t value, int digits) {
+    return QString::number(value, 16).toUpper().rightJustified(digits, '0');
 }
 
-/// The address cell of a row: its number in at least three upper-case digits, and an "x". The
-/// largest view has 65,536 of them, so no format does it.
+/// The address cell of a row: its number in at least three upper-case digits, and an "x".
+/// "Copy" asks for 65,536 of them, so no format does it.
 QString AddressText(unsigned row) {
     std::array<QChar, 9> text;
     std::size_t first = text.size();
@@ -28,9 +27,8 @@ QString AddressText(unsigned row) {
 
 TByteTexts MakeByteTexts(bool hexadecimal) {
     TByteTexts texts;
-    for (int value = 0; value < byteValues; ++value)
-        texts[static_cast<std::size_t>(value)] =
-            hexadecimal ? "$" + Hexadecimal(value, 2) : QString::number(value);
+    for (std::size_t value = 0; value < texts.size(); ++value)
+        texts[value] = hexadecimal ? "$" + Hexadecimal(value, 2) : QString::number(value);
     return texts;
 }
 
@@ -39,6 +37,7 @@ const TByteTexts &ByteTexts(bool hexadecimal) {
     static const TByteTexts hexadecimalTexts = MakeByteTexts(true);
     return hexadecimal ? hexadecimalTexts : decimalTexts;
 }
+
 /// Of a column that shows `text`.
 int WidthFor(const TStringAlignGrid &grid, const QString &text) {
     constexpr int leastMargins = 2; // both sides together
@@ -49,7 +48,7 @@ int WidthFor(const TStringAlignGrid &grid, const QString &text) {
 void PrepareFileGrid(TStringAlignGrid &grid) {
     grid.SetShape(dataColumns + 1, 1);
     for (int column = 1; column <= dataColumns; ++column)
-        grid.SetCell(column, 0, Hexadecimal(column - 1, 1));
+        grid.SetCell(column, 0, Hexadecimal(CellOffset(column, 1), 1));
     grid.SetFixedRows(1);
     grid.SetFixedCols(1);
     grid.Alignment = TAlign::Right;
@@ -62,21 +61,26 @@ void PrepareFileGrid(TStringAlignGrid &grid) {
 
 void FillFileGrid(TStringAlignGrid &grid, std::span<const std::uint8_t> bytes, bool hexadecimal) {
     const TGridUpdate update(grid);
-    grid.SetFixedRows(0);
-    grid.SetRowCount(1);
-    grid.SetFixedRows(1);
-    const TByteTexts &texts = ByteTexts(hexadecimal);
+    grid.SetRowCount(1); // takes the marks
     grid.SetRowCount(1 + static_cast<int>((bytes.size() + cellsPerRow - 1) / cellsPerRow));
-    std::array<const QString *, dataColumns + 1> row{};
-    for (std::size_t first = 0; first < bytes.size(); first += cellsPerRow) {
-        const std::size_t index = first / cellsPerRow;
-        const std::size_t count = std::min(cellsPerRow, bytes.size() - first);
-        const QString address = AddressText(static_cast<unsigned>(index));
-        row[0] = &address;
-        for (std::size_t column = 0; column < count; ++column)
-            row[column + 1] = &texts[bytes[first + column]];
-        grid.SetRowTexts(static_cast<int>(index) + 1, std::span(row).first(count + 1));
-    }
+    // Texts for a million cells would cost 25 times what the bytes do.
+    grid.SetTextSource([&texts = ByteTexts(hexadecimal),
+                        shown = std::vector(bytes.begin(), bytes.end())](int column, int row) {
+        if (row == 0)
+            return QString();
+        if (column == 0)
+            return AddressText(static_cast<unsigned>(row) - 1);
+        const std::size_t offset = CellOffset(column, row);
+        if (offset >= shown.size())
+            return QString();
+        // Borrowed from the table, which stays: counting the users of a text takes its time.
+        const QString &text = texts[shown[offset]];
+        return QString::fromRawData(text.constData(), text.size());
+    });
+}
+
+TCellColors MarksOf(TStringAlignGrid &grid) {
+    return TCellColors::InGrid(grid.LendCellColors());
 }
 
 void SizeFileGrid(TStringAlignGrid &grid, int visibleHeight) {

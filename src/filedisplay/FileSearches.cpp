@@ -1,6 +1,5 @@
 // The search commands of the page "File Contents": their questions, and how their outcome is shown.
 #include "filedisplay/FileDisplay.h"
-#include "filedisplay/FileGrid.h"
 #include "forms/Dialogs.h"
 #include "forms/Hourglass.h"
 #include "forms/KelvaneNotebook.h"
@@ -14,15 +13,9 @@ std::optional<std::int32_t> NumberIn(const QString &text) {
 }
 } // namespace
 
-void TfrmFileContents::ShowOutcome(const TContentsOutcome &outcome) {
-    {
-        const TGridUpdate update(*grdFile_);
-        for (const auto &[offset, color] : outcome.colored) {
-            const TGridCell cell = CellAt(offset);
-            grdFile_->SetCellColor(cell.column, cell.row, color);
-        }
-    }
-    Say(outcome.text);
+void TfrmFileContents::ShowOutcome(const std::string &text) {
+    { const TGridUpdate colored(*grdFile_); } // its end announces the new colours
+    Say(text);
 }
 
 void TfrmFileContents::Say(const std::string &text) {

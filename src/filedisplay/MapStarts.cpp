@@ -7,7 +7,7 @@ std::int32_t HeaderAddress(std::size_t offset) {
     return static_cast<std::int32_t>(row * cellsPerRow + offset % cellsPerRow);
 }
 
-std::vector<TMapToAdd> MapsToAdd(std::span<const TColor> colors, TShownMaps shown,
+std::vector<TMapToAdd> MapsToAdd(const TCellColors &colors, TShownMaps shown,
                                  std::int32_t currentAddress) {
     std::vector<TMapToAdd> maps;
     for (std::size_t i = 0; i < colors.size(); ++i) {

@@ -6,7 +6,6 @@
 #include "filedisplay/Marks.h"
 
 #include <set>
-#include <span>
 #include <vector>
 
 /// The address that the headers of a cell's row and column give. Only the first three digits of the
@@ -31,5 +30,5 @@ struct TMapToAdd {
 /// The maps that start among the cells, in reading order, without those that a page shows already,
 /// one of the same call included. Addresses are HeaderAddress of the cells. A linear map is placed
 /// at `currentAddress`, not where it was found; intended, see docs/peculiarities.md.
-std::vector<TMapToAdd> MapsToAdd(std::span<const TColor> colors, TShownMaps shown,
+std::vector<TMapToAdd> MapsToAdd(const TCellColors &colors, TShownMaps shown,
                                  std::int32_t currentAddress);

@@ -11,11 +11,40 @@
 using TCellValue = std::int16_t;
 inline constexpr std::size_t cellsPerRow = 16;
 
+/// The colours of the data cells in reading order, where they are kept: nothing is copied.
+class TCellColors {
+public:
+    TCellColors() = default;
+    /// One beside the other.
+    TCellColors(std::vector<TColor> &colors) : first_(colors.data()), size_(colors.size()) {}
+    /// Of a grid whose first row and first column are headers: those of all its cells, row by row.
+    static TCellColors InGrid(std::span<TColor> colors) {
+        constexpr std::size_t columns = cellsPerRow + 1;
+        TCellColors cells;
+        if (colors.size() > columns) {
+            cells.first_ = &colors[columns + 1];
+            cells.size_ = (colors.size() / columns - 1) * cellsPerRow;
+            cells.headers_ = 1;
+        }
+        return cells;
+    }
+
+    std::size_t size() const { return size_; }
+    TColor &operator[](std::size_t position) const {
+        return first_[position + position / cellsPerRow * headers_];
+    }
+
+private:
+    TColor *first_ = nullptr;
+    std::size_t size_ = 0;
+    std::size_t headers_ = 0; ///< cells between the rows
+};
+
 /// The data cells of the contents view in reading order: position p is the byte at image offset p.
 /// The last row may be filled up with -1; whatever lies behind the last cell counts as -1.
 struct TSearchGrid {
     std::span<const TCellValue> values;
-    std::span<TColor> colors; ///< at least one for each of `values`
+    TCellColors colors; ///< at least one for each of `values`
 
     TCellValue At(std::size_t i) const { return i < values.size() ? values[i] : TCellValue{-1}; }
 };

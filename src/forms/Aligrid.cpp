@@ -9,9 +9,10 @@
 #include <numeric>
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QClipboard>
+#include <QGuiApplication>
 #include <QScrollBar>
+#include <QStringBuilder>
 
 namespace {
 constexpr int scrollBarRoom = 20;
@@ -110,13 +111,13 @@ void TStringAlignGrid::InstallHeaders() {
 
 void TStringAlignGrid::SetShape(int columns, int rows) {
     const TGridUpdate update(*this);
-    shapeChanged_ = true;
+    BeginReset();
     model_->cells.SetShape(columns, rows);
 }
 
 void TStringAlignGrid::SetRowCount(int rows) {
     const TGridUpdate update(*this);
-    shapeChanged_ = true;
+    BeginReset();
     model_->cells.SetRowCount(rows);
 }
 
@@ -148,19 +149,19 @@ void TStringAlignGrid::SortCols() {
 
 void TStringAlignGrid::Rearrange(const TOrder &columns, const TOrder &rows) {
     const TGridUpdate update(*this);
-    shapeChanged_ = true;
+    BeginReset();
     model_->cells.Rearrange(columns, rows);
 }
 
 void TStringAlignGrid::SetFixedRows(int count) {
     const TGridUpdate update(*this);
-    shapeChanged_ = true;
+    BeginReset();
     model_->fixedRows = std::clamp(count, 0, 1);
 }
 
 void TStringAlignGrid::SetFixedCols(int count) {
     const TGridUpdate update(*this);
-    shapeChanged_ = true;
+    BeginReset();
     model_->fixedCols = std::clamp(count, 0, 1);
 }
 
@@ -174,16 +175,24 @@ void TStringAlignGrid::BeginUpdate() {
     updates_ = 1;
 }
 
+/// Announces, inside an update and before it is made, the first change of the shape.
+void TStringAlignGrid::BeginReset() {
+    if (resetting_)
+        return;
+    FinishEdit(false); // tells OnCancelEdit, which may change the shape itself
+    if (!std::exchange(resetting_, true))
+        model_->BeginReset();
+}
+
 void TStringAlignGrid::EndUpdate() {
     if (--updates_ > 0)
         return;
     model_->HoldBack(false);
-    if (!std::exchange(shapeChanged_, false)) {
+    if (!std::exchange(resetting_, false)) {
         model_->NotifyNow();
         return;
     }
-    FinishEdit(false);
-    model_->NotifyReset();
+    model_->EndReset();
     LayOut();
     Restore(place_);
 }
@@ -206,9 +215,9 @@ void TStringAlignGrid::SetCell(int column, int row, const QString &text) {
         model_->Changed(column, row);
 }
 
-void TStringAlignGrid::SetRowTexts(int row, std::span<const QString *const> texts) {
-    model_->cells.SetRowTexts(row, texts);
-    model_->Changed({0, row, static_cast<int>(texts.size()) - 1, row});
+void TStringAlignGrid::SetTextSource(TTextSource source) {
+    model_->cells.SetTextSource(std::move(source));
+    model_->Changed(model_->cells.All());
 }
 
 void TStringAlignGrid::SetCellColor(int column, int row, TColor color) {
@@ -219,6 +228,11 @@ void TStringAlignGrid::SetCellColor(int column, int row, TColor color) {
 void TStringAlignGrid::SetFontColor(int column, int row, TColor color) {
     if (model_->cells.SetFontColor(column, row, color))
         model_->Changed(column, row);
+}
+
+std::span<TColor> TStringAlignGrid::LendCellColors() {
+    model_->Changed(model_->cells.All());
+    return model_->cells.LendColors(DefaultColor);
 }
 
 TCellProperties TStringAlignGrid::PropCell(int column, int row) const {
@@ -329,15 +343,16 @@ int TStringAlignGrid::VisibleRowCount() const {
 }
 
 QString TStringAlignGrid::RectangleText(const TGridRect &rect, QChar separator) const {
-    const TGridRect inside = Common(rect, {0, 0, ColCount() - 1, RowCount() - 1});
+    const TGridRect inside = Common(rect, model_->cells.All());
     QString text;
     if (Empty(inside))
         return text;
+    const qsizetype cells =
+        qsizetype{inside.right - inside.left + 1} * (inside.bottom - inside.top + 1);
+    text.reserve(4 * cells);
     for (int row = inside.top; row <= inside.bottom; ++row) {
-        for (int column = inside.left; column <= inside.right; ++column) {
-            text += Cell(column, row);
-            text += column < inside.right ? separator : QChar('\n');
-        }
+        for (int column = inside.left; column <= inside.right; ++column)
+            text += Cell(column, row) % (column < inside.right ? separator : QChar('\n'));
     }
     return text;
 }

@@ -6,7 +6,6 @@
 #include "forms/AligridModel.h"
 
 #include <functional>
-#include <span>
 #include <vector>
 
 #include <QTableView>
@@ -60,14 +59,17 @@ public:
 
     QString Cell(int column, int row) const { return model_->cells.Text(column, row); }
     void SetCell(int column, int row, const QString &text);
-    /// Sets the row's cells from the first column on, as SetCell would but much faster; texts for
-    /// which there is no cell are left out.
-    void SetRowTexts(int row, std::span<const QString *const> texts);
+    /// Cells without a text of their own, header cells too, show what `source` gives for them,
+    /// which is asked whenever one is read. Moved rows leave such texts behind, SetShape ends them.
+    void SetTextSource(TTextSource source);
     /// Colours read back exactly as written, top byte included.
     TColor CellColor(int column, int row) const { return model_->CellColor({column, row}); }
     void SetCellColor(int column, int row, TColor color);
     TColor FontColor(int column, int row) const { return model_->FontColor({column, row}); }
     void SetFontColor(int column, int row, TColor color);
+    /// The background colours of all cells, row by row, to be read and written until the shape
+    /// changes: each cell gets one of its own. Announced as a change of all cells.
+    std::span<TColor> LendCellColors();
 
     /// What is set for this cell, column or row itself. A cell's goes before its column's, that
     /// before its row's, that before the grid's (TAligridSettings).
@@ -79,8 +81,7 @@ public:
     void SetPropCol(int column, const TCellProperties &properties);
     void SetPropRow(int row, const TCellProperties &properties);
 
-    /// The alignment in force.
-    TAlign AlignCell(int column, int row) const;
+    TAlign AlignCell(int column, int row) const; ///< the one in force
     void SetAlignCell(int column, int row, TAlign align);
     /// What is set for this column or row itself.
     std::optional<TAlign> AlignCol(int column) const { return PropCol(column).align; }
@@ -104,8 +105,7 @@ public:
 
     /// The cells of `rect` that exist, fixed ones too, joined by `separator`; "\n" ends each row.
     QString RectangleText(const TGridRect &rect, QChar separator) const;
-    /// Puts RectangleText on the clipboard.
-    void CopyRectangle(const TGridRect &rect, QChar separator) const;
+    void CopyRectangle(const TGridRect &rect, QChar separator) const; ///< on the clipboard
 
     // ---- editing -----------------------------------------------------------------------------
 
@@ -201,6 +201,7 @@ private:
     };
 
     void InstallHeaders();
+    void BeginReset();
     void Rearrange(const TOrder &columns, const TOrder &rows);
     TGridRect Body() const;
     TGridCell Current() const;
@@ -208,7 +209,6 @@ private:
     void Restore(const TPlace &place);
     void Select(const TGridRect &rect);
     void LayOut();
-    /// ColWidth with the default width given.
     int ColWidthOr(int column, int standard) const;
     int BodyColumnsWidth(int columns) const;
 
@@ -230,8 +230,8 @@ private:
     std::optional<int> defaultColWidth_;
     std::optional<int> defaultRowHeight_;
     int updates_ = 0;
-    bool shapeChanged_ = false;
-    TPlace place_; ///< during updates: what EndUpdate restores
+    bool resetting_ = false; ///< between the announcement of another shape and its end
+    TPlace place_;           ///< during updates: what EndUpdate restores
     bool dragging_ = false;
     QWidget *editor_ = nullptr; ///< the open editor, owned by the view
     TGridCell editCell_;

@@ -44,6 +44,7 @@ int TStringAlignGrid::ColWidth(int column) const {
     return ColWidthOr(column, DefaultColWidth());
 }
 
+/// ColWidth with the default width given.
 int TStringAlignGrid::ColWidthOr(int column, int standard) const {
     const auto position = static_cast<std::size_t>(column);
     if (column < 0 || position >= colWidths_.size())
@@ -102,7 +103,7 @@ void TStringAlignGrid::SetRedrawWhileScroll(bool redraw) {
 /// is, so that with the frame the whole comes to exactly what FitTo asks for.
 void TStringAlignGrid::LayOut() {
     if (updates_ > 0) {
-        shapeChanged_ = true;
+        BeginReset();
         return;
     }
     const int line = GridLineWidth();

@@ -77,11 +77,8 @@ void TAligridModel::NotifyNow() {
         emit dataChanged(index(top, left), index(bottom, right));
 }
 
-void TAligridModel::NotifyReset() {
-    // The cells have changed already: between a change and its notice nobody asks the model, and
-    // so a fill of any length gives one pair of signals.
-    changed_.reset();
-    beginResetModel();
+void TAligridModel::EndReset() {
+    changed_.reset(); // the reset tells of it
     endResetModel();
 }
 
@@ -93,10 +90,7 @@ int TAligridModel::columnCount(const QModelIndex &parent) const {
     return parent.isValid() ? 0 : std::max(cells.ColCount() - fixedCols, 0);
 }
 
-QVariant TAligridModel::data(const QModelIndex &index, int role) const {
-    if (!index.isValid())
-        return {};
-    const TGridCell cell = CellOf(index);
+QVariant TAligridModel::CellData(TGridCell cell, int role) const {
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
@@ -120,33 +114,22 @@ QVariant TAligridModel::data(const QModelIndex &index, int role) const {
     }
 }
 
+QVariant TAligridModel::data(const QModelIndex &index, int role) const {
+    return index.isValid() ? CellData(CellOf(index), role) : QVariant();
+}
+
 QVariant TAligridModel::headerData(int section, Qt::Orientation orientation, int role) const {
     const bool horizontal = orientation == Qt::Horizontal;
     if ((horizontal ? fixedRows : fixedCols) == 0)
         return {};
     const TGridCell cell =
         horizontal ? TGridCell{section + fixedCols, 0} : TGridCell{0, section + fixedRows};
-    switch (role) {
-    case Qt::DisplayRole:
-        return cells.Text(cell.column, cell.row);
-    case Qt::TextAlignmentRole:
-        return static_cast<int>(Alignment(cell));
-    case Qt::BackgroundRole:
-        // The button face is left to the style, which gives headers its own look.
+    // The usual colours are left to the style, which gives headers its own look.
+    if (role == Qt::BackgroundRole)
         return settings_.FixedColor == clBtnFace ? QVariant() : PaintedBrush(settings_.FixedColor);
-    case Qt::ForegroundRole:
-        return FontColor(cell) == clWindowText ? QVariant() : PaintedBrush(FontColor(cell));
-    case BackgroundColorRole:
-        return CellColor(cell);
-    case FontColorRole:
-        return FontColor(cell);
-    case Qt::AccessibleTextRole:
-        return nameOf(cell);
-    case Qt::AccessibleDescriptionRole:
-        return meaningOf(cell);
-    default:
+    if (role == Qt::ForegroundRole && FontColor(cell) == clWindowText)
         return {};
-    }
+    return CellData(cell, role);
 }
 
 Qt::ItemFlags TAligridModel::flags(const QModelIndex &index) const {

@@ -21,8 +21,8 @@ public:
     TAligridModel(const TAligridSettings &settings, QObject *parent);
 
     TAligridCells cells;
-    int fixedRows = 1; ///< 0 or 1; a change needs NotifyReset
-    int fixedCols = 1; ///< 0 or 1; a change needs NotifyReset
+    int fixedRows = 1; ///< 0 or 1
+    int fixedCols = 1; ///< 0 or 1
     /// What screen readers are told of a cell.
     std::function<QString(TGridCell)> nameOf = [](TGridCell) { return QString(); };
     std::function<QString(TGridCell)> meaningOf = [](TGridCell) { return QString(); };
@@ -43,8 +43,9 @@ public:
     /// While held back, changes are collected and no call is queued.
     void HoldBack(bool hold) { heldBack_ = hold; }
     void NotifyNow();
-    /// Announces another shape, other fixed rows or columns.
-    void NotifyReset();
+    /// Around every change of the shape, of the fixed rows and columns.
+    void BeginReset() { beginResetModel(); }
+    void EndReset();
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
@@ -53,6 +54,8 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 private:
+    QVariant CellData(TGridCell cell, int role) const;
+
     const TAligridSettings &settings_;
     bool heldBack_ = false;
     bool queued_ = false;

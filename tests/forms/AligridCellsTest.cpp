@@ -142,6 +142,58 @@ TEST(AligridCells, RearrangingMovesEverything) {
     EXPECT_EQ(cells.Align(1, 0), std::nullopt);
 }
 
+TEST(AligridCells, ASourceGivesTheTextsThatCellsDoNotHave) {
+    TAligridCells cells = Cells(2, 2);
+    cells.SetText(1, 0, "");
+    std::vector<std::pair<int, int>> asked;
+    cells.SetTextSource([&asked](int column, int row) {
+        asked.emplace_back(column, row);
+        return QString("source");
+    });
+    EXPECT_EQ(cells.Text(0, 0), "0,0");
+    EXPECT_EQ(cells.Text(2, 0), "");
+    EXPECT_THAT(asked, testing::IsEmpty());
+    EXPECT_EQ(cells.Text(1, 0), "source");
+    EXPECT_THAT(asked, testing::ElementsAre(std::pair(1, 0)));
+    EXPECT_FALSE(cells.SetText(1, 0, "source"));
+    EXPECT_TRUE(cells.SetText(1, 0, "own"));
+    cells.SetRowCount(3);
+    EXPECT_THAT(Rows(cells), testing::ElementsAre("0,0 own", "0,1 1,1", "source source"));
+    cells.Rearrange({1, 0}, {0, -1});
+    EXPECT_THAT(Rows(cells), testing::ElementsAre("own 0,0", "source source"));
+    cells.SetShape(1, 1);
+    EXPECT_EQ(cells.Text(0, 0), "");
+}
+
+TEST(AligridCells, LentColoursAreTheCellsOwn) {
+    TAligridCells cells = Cells(2, 3);
+    cells.SetColor(1, 0, clRed);
+    cells.SetColumnProperties(0, {clGreen, {}, {}});
+    cells.SetRowProperties(2, {clBlue, {}, {}});
+    EXPECT_THAT(cells.LendColors(clWhite),
+                testing::ElementsAre(clGreen, clRed, clGreen, clWhite, clGreen, clBlue));
+    cells.LendColors(clWhite)[0] = 0x80000005;
+    EXPECT_EQ(cells.Color(0, 0), 0x80000005);
+    EXPECT_EQ(cells.CellProperties(1, 2).color, clBlue);
+    cells.SetRowCount(2);
+    cells.SetRowCount(3);
+    EXPECT_EQ(cells.CellProperties(1, 2).color, std::nullopt) << "a fresh row";
+    EXPECT_EQ(cells.LendColors(clBlack)[5], clBlack);
+    EXPECT_THAT(TAligridCells().LendColors(clBlack), testing::IsEmpty());
+}
+
+TEST(AligridCells, WhatIsSetInOneRowLeavesTheOthersOpen) {
+    TAligridCells cells = Cells(2, 3);
+    cells.SetCellProperties(1, 1, {clRed, clBlue, TAlign::Right});
+    for (const int row : {0, 2})
+        EXPECT_EQ(cells.CellProperties(1, row), TCellProperties());
+    EXPECT_EQ(cells.CellProperties(0, 1), TCellProperties());
+    cells.Rearrange({0, 1}, {2, 1, 0});
+    EXPECT_EQ(cells.CellProperties(1, 1), (TCellProperties{clRed, clBlue, TAlign::Right}));
+    cells.SetCellProperties(1, 1, {});
+    EXPECT_EQ(cells.CellProperties(1, 1), TCellProperties());
+}
+
 TEST(AligridCells, TextsAreShared) {
     TAligridCells cells = Cells(2, 2);
     const QString text = "255 of many";

@@ -1,7 +1,5 @@
 #include "forms/ShownGrid.h"
 
-#include <array>
-
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
@@ -38,23 +36,39 @@ TEST_F(TShownGrid, CellsAreReadAndWrittenByColumnAndRow) {
     EXPECT_EQ(grid.FontColor(-1, 0), clWindowText);
 }
 
-TEST_F(TShownGrid, ARowIsWrittenAtOnceAsFarAsItHasCells) {
-    grid.SetShape(3, 2);
-    const QString a = "a";
-    const QString b = "b";
-    QSignalSpy changes(grid.model(), &QAbstractItemModel::dataChanged);
-    {
-        const TGridUpdate update(grid);
-        grid.SetRowTexts(1, std::array{&a, &b, &a, &b});
-        grid.SetRowTexts(2, std::array{&a});
-        grid.SetRowTexts(-1, std::array{&a});
-        grid.SetRowTexts(0, {});
-    }
-    EXPECT_EQ(changes.size(), 1);
-    EXPECT_EQ(grid.Cell(0, 0), "");
-    EXPECT_EQ(grid.Cell(0, 1), "a");
-    EXPECT_EQ(grid.Cell(1, 1), "b");
-    EXPECT_EQ(grid.Cell(2, 1), "a");
+TEST_F(TShownGrid, CellsWithoutATextOfTheirOwnShowTheSources) {
+    grid.SetCell(2, 2, "");
+    QCoreApplication::processEvents();
+    TSignals heard(grid.model());
+    grid.SetTextSource(
+        [](int column, int row) { return QString("at %1 %2").arg(column).arg(row); });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(heard.changes.size(), 1);
+    EXPECT_EQ(heard.headers.size(), 2);
+    EXPECT_EQ(grid.Cell(1, 1), "11");
+    EXPECT_EQ(grid.model()->index(1, 1).data().toString(), "at 2 2");
+    grid.SetRowCount(6);
+    EXPECT_EQ(grid.model()->headerData(4, Qt::Vertical).toString(), "at 0 5");
+    EXPECT_EQ(grid.RectangleText({1, 4, 2, 5}, ','), "14,24\nat 1 5,at 2 5\n");
+}
+
+TEST_F(TShownGrid, ColoursAreLentRowByRow) {
+    grid.DefaultColor = clGreen;
+    grid.SetCellColor(1, 2, clRed);
+    grid.SetPropRow(3, {clBlue, {}, {}});
+    QCoreApplication::processEvents();
+    TSignals heard(grid.model());
+    const std::span<TColor> colors = grid.LendCellColors();
+    ASSERT_EQ(colors.size(), 20U);
+    EXPECT_EQ(colors[0], clGreen);
+    EXPECT_EQ(colors[2 * 4 + 1], clRed);
+    EXPECT_EQ(colors[3 * 4 + 2], clBlue);
+    colors[4 * 4 + 3] = 0x0100FFFF;
+    QCoreApplication::processEvents();
+    EXPECT_EQ(heard.changes.size(), 1);
+    EXPECT_EQ(ColorRole(grid, 3, 4, Qt::UserRole + 1), 0x0100FFFF);
+    EXPECT_EQ(grid.PropCell(1, 1).color, clGreen) << "a colour of its own";
+    EXPECT_EQ(grid.LendCellColors().data(), colors.data()) << "what is kept, no copy";
 }
 
 TEST_F(TShownGrid, ColoursReadBackExactly) {
@@ -189,6 +203,81 @@ TEST_F(TShownGrid, LargestImageIsFilledWithOneReset) {
     EXPECT_EQ(grid.Cell(16, rows - 1), "255");
     EXPECT_EQ(grid.CellColor(16, rows - 1), 0x0100FFFF);
     EXPECT_EQ(grid.model()->rowCount(), rows - 1);
+}
+
+/// What listeners see of a grid when a change of its shape is announced, and when it is over.
+class TShapeLog {
+public:
+    explicit TShapeLog(const QAbstractItemModel &model) {
+        QObject::connect(&model, &QAbstractItemModel::modelAboutToBeReset, &context_,
+                         [this, &model] { Record("before", model); });
+        QObject::connect(&model, &QAbstractItemModel::modelReset, &context_,
+                         [this, &model] { Record("after", model); });
+    }
+    /// The log so far, which begins anew.
+    std::string Taken() { return std::exchange(log_, {}); }
+
+private:
+    void Record(const char *when, const QAbstractItemModel &model) {
+        const QString last = model.index(model.rowCount() - 1, 0).data().toString();
+        log_ += QString("%1: %2 x %3 to %4; ")
+                    .arg(when)
+                    .arg(model.columnCount())
+                    .arg(model.rowCount())
+                    .arg(last)
+                    .toStdString();
+    }
+    QObject context_;
+    std::string log_;
+};
+
+TEST_F(TShownGrid, AResetIsAnnouncedBeforeTheShapeChanges) {
+    TShapeLog seen(*grid.model());
+    grid.InsertRow(4);
+    EXPECT_EQ(seen.Taken(), "before: 3 x 4 to 14; after: 3 x 5 to ; ");
+    grid.RemoveRow(5);
+    EXPECT_EQ(seen.Taken(), "before: 3 x 5 to ; after: 3 x 4 to 14; ");
+    grid.SetFixedCols(0);
+    EXPECT_EQ(seen.Taken(), "before: 3 x 4 to 14; after: 4 x 4 to 04; ");
+    grid.SetFixedRows(0);
+    EXPECT_EQ(seen.Taken(), "before: 4 x 4 to 04; after: 4 x 5 to 04; ");
+    grid.OnCompareRow = [](int first, int second, int &order) { order = second - first; };
+    grid.SortRows();
+    EXPECT_EQ(seen.Taken(), "before: 4 x 5 to 04; after: 4 x 5 to 00; ");
+    grid.SetRowCount(3);
+    EXPECT_EQ(seen.Taken(), "before: 4 x 5 to 00; after: 4 x 3 to 02; ");
+    grid.SetShape(2, 2);
+    EXPECT_EQ(seen.Taken(), "before: 4 x 3 to 02; after: 2 x 2 to ; ");
+}
+
+TEST_F(TShownGrid, AnUpdateAnnouncesItsResetOnceBeforeTheFirstChangeOfShape) {
+    TShapeLog seen(*grid.model());
+    {
+        const TGridUpdate update(grid);
+        EXPECT_EQ(seen.Taken(), "");
+        grid.SetRowCount(2);
+        EXPECT_EQ(seen.Taken(), "before: 3 x 4 to 14; ");
+        grid.SetShape(3, 3);
+        grid.SetCell(1, 2, "new");
+        EXPECT_EQ(seen.Taken(), "");
+    }
+    EXPECT_EQ(seen.Taken(), "after: 2 x 2 to new; ");
+}
+
+TEST_F(TShownGrid, AnEditIsCancelledBeforeTheShapeChanges) {
+    QString edited;
+    grid.OnCancelEdit = [&](int column, int row) {
+        edited = grid.Cell(column, row);
+        grid.SetRowCount(grid.RowCount() - 1); // a change of its own, inside the other
+    };
+    TShapeLog seen(*grid.model());
+    grid.SetCurrent(1, 4);
+    Type("7");
+    ASSERT_TRUE(grid.IsEditing());
+    grid.SetFixedCols(0);
+    EXPECT_FALSE(grid.IsEditing());
+    EXPECT_EQ(edited, "14");
+    EXPECT_EQ(seen.Taken(), "before: 3 x 4 to 14; after: 4 x 3 to 03; ");
 }
 
 // ---- shape -----------------------------------------------------------------------------------

@@ -6,6 +6,8 @@
 #include <array>
 #include <random>
 
+#include <QSignalSpy>
+
 namespace {
 class TFileSearchesTest : public TFileContentsTest {};
 
@@ -193,6 +195,35 @@ TEST_F(TFileSearchesTest, CommandsBeforeAnyImageDoNothing) {
                              "ClearAllMarkers1", "CopySelected1"})
         Trigger(name);
     EXPECT_EQ(page->session.Counters().twoD, 0);
+}
+
+TEST_F(TFileSearchesTest, ASearchIsAnnouncedAsOneChangeOfTheGrid) {
+    Show(TBytes(0x400, 7));
+    QCoreApplication::processEvents();
+    const QSignalSpy changes(Grid().model(), &QAbstractItemModel::dataChanged);
+    const QSignalSpy resets(Grid().model(), &QAbstractItemModel::modelReset);
+    dialogs.inputs = {"7"};
+    Trigger("HighlightAValue1");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ColorAt(0x3FF), searchedColor);
+    EXPECT_EQ(changes.size(), 1);
+    EXPECT_EQ(resets.size(), 0);
+}
+
+TEST_F(TFileSearchesTest, SearchesReadAndWriteTheGridsOwnColours) {
+    TBytes bytes{1, 2, 5, 6, 1, 2, 7, 8, 100, 100, 100, 100};
+    bytes.resize(0x40, 255);
+    Show(bytes);
+    Grid().SetCellColor(1, 1, possibleFuelColor);
+    Trigger("Fuel5");
+    EXPECT_EQ(page->session.Counters().twoD, 0) << "no map begins at a marked cell";
+    Grid().SetCellColor(1, 1, unmarkedColor);
+    Trigger("Fuel5");
+    EXPECT_EQ(page->session.Counters().twoD, 1);
+    EXPECT_EQ(Grid().CellColor(1, 1), 0x008002U);
+    Trigger("ClearAllMarkers1");
+    EXPECT_EQ(Grid().CellColor(1, 1), unmarkedColor);
+    EXPECT_EQ(Grid().CellColor(0, 1), clWindow);
 }
 
 TEST_F(TFileSearchesTest, TheHourglassStandsWhileAScanRuns) {

@@ -9,29 +9,38 @@
 #include <gmock/gmock.h>
 
 namespace {
+using testing::Each;
+using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 constexpr std::size_t imageSize = 256;
 
-/// A session that shows these bytes.
-TContentsSession Showing(const TBytes &bytes) {
-    TContentsSession session;
-    session.Show(bytes);
-    return session;
-}
-
-std::vector<std::size_t> Offsets(const TContentsOutcome &outcome) {
-    std::vector<std::size_t> offsets;
-    for (const auto &cell : outcome.colored)
-        offsets.push_back(cell.offset);
-    return offsets;
-}
+/// A session that shows these bytes, and their colours beside it.
+class TShownSession : public TContentsSession {
+public:
+    explicit TShownSession(const TBytes &bytes)
+        : TContentsSession([this] { return TCellColors(colors); }) {
+        ShowUnmarked(bytes);
+    }
+    void ShowUnmarked(const TBytes &bytes) {
+        colors.assign(bytes.size(), unmarkedColor);
+        Show(bytes);
+    }
+    /// The offsets of the marked cells.
+    std::vector<std::size_t> Marked() const {
+        std::vector<std::size_t> offsets;
+        for (std::size_t i = 0; i < colors.size(); ++i)
+            if (colors[i] != unmarkedColor)
+                offsets.push_back(i);
+        return offsets;
+    }
+    std::vector<TColor> colors;
+};
 
 struct TScanCase {
     const char *name;
     TBytes bytes;
-    TContentsOutcome (*run)(TContentsSession &);
+    std::string (*run)(TContentsSession &);
     const char *text;
 };
 
@@ -39,35 +48,32 @@ std::ostream &operator<<(std::ostream &out, const TScanCase &item) {
     return out << item.name;
 }
 
-TContentsOutcome RunFuelValues(TContentsSession &session) {
+std::string RunFuelValues(TContentsSession &session) {
     return session.MarkPossibleFuelValues();
 }
-TContentsOutcome RunTimingValues(TContentsSession &session) {
+std::string RunTimingValues(TContentsSession &session) {
     return session.MarkPossibleTimingValues();
 }
-TContentsOutcome RunValue7(TContentsSession &session) {
+std::string RunValue7(TContentsSession &session) {
     return session.MarkValue(7);
 }
-TContentsOutcome RunPointers(TContentsSession &session) {
+std::string RunPointers(TContentsSession &session) {
     return session.MarkPointers({0x02, 0x34});
 }
-TContentsOutcome RunTwoDFuel(TContentsSession &session) {
+std::string RunTwoDFuel(TContentsSession &session) {
     return session.HighlightAllMaps(TMapShape::TwoD, TMapContents::Fuel);
 }
-TContentsOutcome RunLinearTiming(TContentsSession &session) {
+std::string RunLinearTiming(TContentsSession &session) {
     return session.HighlightAllMaps(TMapShape::Linear, TMapContents::Timing);
 }
 
 class ContentsScan : public testing::TestWithParam<TScanCase> {};
 
 TEST_P(ContentsScan, TellsWhatItFoundAndLeavesNoCellRecorded) {
-    TContentsSession session = Showing(GetParam().bytes);
+    TShownSession session(GetParam().bytes);
     session.Record(3);
-    const TContentsOutcome outcome = GetParam().run(session);
-    EXPECT_EQ(outcome.text, GetParam().text);
+    EXPECT_EQ(GetParam().run(session), GetParam().text);
     EXPECT_FALSE(session.Recorded());
-    for (const auto &[offset, color] : outcome.colored)
-        EXPECT_EQ(session.Colors()[offset], color);
 }
 
 /// 2 x 2 fuel maps at 0x20 and 0x40, 12 cells each.
@@ -112,101 +118,100 @@ const TScanCase scanCases[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Searches, ContentsScan, testing::ValuesIn(scanCases));
 
-TEST(ContentsSession, OnlyCellsOfAnotherColourAreGivenButAllAreCounted) {
-    TContentsSession session = Showing({7, 1, 7});
-    EXPECT_EQ(Offsets(session.MarkValue(7)), (std::vector<std::size_t>{0, 2}));
-    const TContentsOutcome again = session.MarkValue(7);
-    EXPECT_THAT(again.colored, IsEmpty());
+TEST(ContentsSession, CellsAreFoundAgainAndCountedOnce) {
+    TShownSession session({7, 1, 7});
+    session.MarkValue(7);
+    EXPECT_THAT(session.colors, ElementsAre(searchedColor, unmarkedColor, searchedColor));
     EXPECT_EQ(
-        again.text,
+        session.MarkValue(7),
         "2 cells, first at $0000. Marked cells in all: 2; 2-D maps counted: 0, linear maps: 0");
-    const TContentsOutcome other = session.MarkValue(1);
-    EXPECT_EQ(Offsets(other), std::vector<std::size_t>{1});
-    EXPECT_EQ(other.text,
+    EXPECT_THAT(session.Marked(), ElementsAre(0, 2));
+    EXPECT_EQ(session.MarkValue(1),
               "1 cell, at $0001. Marked cells in all: 3; 2-D maps counted: 0, linear maps: 0");
 }
 
+TEST(ContentsSession, ColoursAreThoseThatAreLentWhoeverWroteThem) {
+    TShownSession session(TwoFuelMaps());
+    session.colors[0x20] = possibleFuelColor;
+    session.colors[3] = 0x008002;
+    EXPECT_EQ(RunTwoDFuel(session), "1 map, at $0040. Marked cells in all: 14; 2-D maps counted: "
+                                    "1, linear maps: 0")
+        << "a map does not begin at a marked cell";
+    EXPECT_EQ(&session.Colors()[3], &session.colors[3]);
+}
+
 TEST(ContentsSession, MapsAreFoundOnceAndCounted) {
-    TContentsSession session = Showing(TwoFuelMaps());
+    TShownSession session(TwoFuelMaps());
     RunTwoDFuel(session);
-    EXPECT_EQ(RunTwoDFuel(session).text,
+    EXPECT_EQ(RunTwoDFuel(session),
               "No map found. Marked cells in all: 24; 2-D maps counted: 2, linear maps: 0");
     EXPECT_EQ(session.Counters().twoD, 2);
 }
 
-TEST(ContentsSession, AnotherImageTakesMarksAndParametersButNotCountersAndRecordedCell) {
-    TContentsSession session = Showing(TwoFuelMaps());
+TEST(ContentsSession, AnotherImageTakesParametersButNotCountersAndRecordedCell) {
+    TShownSession session(TwoFuelMaps());
     RunTwoDFuel(session);
     session.Record(9);
     session.parameters.fuelMinimum = 1;
     session.parameters.pointerMask = 255;
-    session.Show(TBytes{1, 2, 3});
-    EXPECT_THAT(session.Colors(), testing::ElementsAre(clWindow, clWindow, clWindow));
+    session.ShowUnmarked({1, 2, 3});
     EXPECT_EQ(session.parameters.fuelMinimum, 90);
     EXPECT_EQ(session.parameters.pointerMask, 15);
     EXPECT_EQ(session.Counters().twoD, 2);
     EXPECT_EQ(session.Recorded(), 9U);
     EXPECT_FALSE(session.IsEmpty());
-    EXPECT_EQ(session.MarkValue(3).text,
+    EXPECT_EQ(session.MarkValue(3),
               "1 cell, at $0002. Marked cells in all: 1; 2-D maps counted: 2, linear maps: 0");
-    session.Show({});
+    session.ShowUnmarked({});
     EXPECT_TRUE(session.IsEmpty());
 }
 
 TEST(ContentsSession, ClearingTakesAllMarksAndBothCounters) {
-    TContentsSession session = Showing(TwoFuelMaps());
+    TShownSession session(TwoFuelMaps());
     RunTwoDFuel(session);
     session.HighlightAllMaps(TMapShape::Linear, TMapContents::Any);
     session.Record(5);
-    const TContentsOutcome cleared = session.ClearAllMarkers();
-    EXPECT_EQ(cleared.text, "All markers are cleared");
-    EXPECT_THAT(session.Colors(), testing::Each(clWindow));
-    for (const auto &cell : cleared.colored)
-        EXPECT_EQ(cell.color, clWindow);
+    EXPECT_EQ(session.ClearAllMarkers(), "All markers are cleared");
+    EXPECT_THAT(session.colors, Each(unmarkedColor));
     EXPECT_EQ(session.Counters().twoD, 0);
     EXPECT_EQ(session.Counters().linear, 0);
     EXPECT_EQ(session.Recorded(), 5U);
-    EXPECT_THAT(session.ClearAllMarkers().colored, IsEmpty());
 }
 
 TEST(HighlightFromRecorded, MarksTheMapAndRecordsTheCellBehindIt) {
-    TContentsSession session = Showing(ImageWith(LinearMap(2, 100), 0x22, imageSize));
+    TShownSession session(ImageWith(LinearMap(2, 100), 0x22, imageSize));
     session.Record(0x22);
-    const TContentsOutcome outcome =
-        session.HighlightFromRecorded(TMapShape::Linear, TMapContents::Fuel);
-    EXPECT_THAT(outcome.colored, SizeIs(6));
-    EXPECT_EQ(outcome.text,
+    EXPECT_EQ(session.HighlightFromRecorded(TMapShape::Linear, TMapContents::Fuel),
               "1 map, at $0022. Marked cells in all: 6; 2-D maps counted: 0, linear maps: 1");
+    EXPECT_EQ(session.Marked(), Positions(0x22, 0x28));
     EXPECT_EQ(session.Recorded(), 0x28U);
 }
 
 TEST(HighlightFromRecorded, MarksAMapOnceMoreAndCountsIt) {
-    TContentsSession session = Showing(ImageWith(LinearMap(2, 100), 0x22, imageSize));
+    TShownSession session(ImageWith(LinearMap(2, 100), 0x22, imageSize));
     for (int time = 1; time <= 2; ++time) {
         session.Record(0x22);
-        const TContentsOutcome outcome =
+        const std::string text =
             session.HighlightFromRecorded(TMapShape::Linear, TMapContents::Fuel);
-        EXPECT_EQ(outcome.text.find("1 map, at $0022."), 0U);
+        EXPECT_EQ(text.find("1 map, at $0022."), 0U);
         EXPECT_EQ(session.Counters().linear, time);
     }
 }
 
 TEST(HighlightFromRecorded, WithoutAMapGoesOneByteOn) {
-    TContentsSession session = Showing(TBytes(imageSize, 0xFF));
+    TShownSession session(TBytes(imageSize, 0xFF));
     session.Record(0x2F);
-    const TContentsOutcome outcome =
-        session.HighlightFromRecorded(TMapShape::TwoD, TMapContents::Timing);
-    EXPECT_THAT(outcome.colored, IsEmpty());
-    EXPECT_EQ(outcome.text, "No map begins at $002F; the next try is at $0030");
+    EXPECT_EQ(session.HighlightFromRecorded(TMapShape::TwoD, TMapContents::Timing),
+              "No map begins at $002F; the next try is at $0030");
+    EXPECT_THAT(session.Marked(), IsEmpty());
     EXPECT_EQ(session.Recorded(), 0x30U);
 }
 
 TEST(HighlightFromRecorded, WithoutARecordedCellDoesNothingButSaySo) {
-    TContentsSession session = Showing(ImageWith(LinearMap(2, 100), 0, imageSize));
-    const TContentsOutcome outcome =
-        session.HighlightFromRecorded(TMapShape::Linear, TMapContents::Fuel);
-    EXPECT_THAT(outcome.colored, IsEmpty());
-    EXPECT_EQ(outcome.text, "No cell is selected: click the cell where the map begins");
+    TShownSession session(ImageWith(LinearMap(2, 100), 0, imageSize));
+    EXPECT_EQ(session.HighlightFromRecorded(TMapShape::Linear, TMapContents::Fuel),
+              "No cell is selected: click the cell where the map begins");
+    EXPECT_THAT(session.Marked(), IsEmpty());
     EXPECT_FALSE(session.Recorded());
     EXPECT_EQ(session.Counters().linear, 0);
 }

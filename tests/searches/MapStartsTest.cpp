@@ -75,7 +75,8 @@ class MapsToAddTest : public testing::TestWithParam<TAddCase> {};
 
 TEST_P(MapsToAddTest, LeavesOutWhatIsShown) {
     std::string added;
-    for (const TMapToAdd &map : MapsToAdd(GetParam().colors, GetParam().shown, current))
+    std::vector<TColor> colors = GetParam().colors;
+    for (const TMapToAdd &map : MapsToAdd(colors, GetParam().shown, current))
         added += std::string(map.start.shape == TMapShape::TwoD ? "2" : "1") +
                  (map.start.contents == TMapContents::Fuel ? "F@" : "T@") +
                  std::to_string(map.foundAt) + ">" + std::to_string(map.placedAt) + " ";
