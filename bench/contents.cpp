@@ -251,7 +251,7 @@ bool MeasureAll(const fs::path &image) {
     for (const std::size_t size : {0x10000U, 0x40000U, 0x100000U}) {
         const std::vector<std::uint8_t> bytes = RandomBytes(size);
         const std::string suffix = ", " + std::to_string(size / 1024) + " KiB";
-        table.Ratio("rebuild the view / fill a vector, ms" + suffix, Rebuilding(bytes), 2);
+        table.Ratio("rebuild the view / fill a vector, ms" + suffix, Rebuilding(bytes), 0.75);
         table.Ratio("repaint 40 rows / draw their texts, ms" + suffix, Repainting(bytes), 3);
         table.Ratio("copy the grid / join its texts, ms" + suffix, Copying(bytes), 3);
         MeasureCommands(table, size);
@@ -261,7 +261,7 @@ bool MeasureAll(const fs::path &image) {
     std::ofstream(image, std::ios::binary)
         .write(reinterpret_cast<const char *>(bytes.data()),
                static_cast<std::streamsize>(bytes.size()));
-    table.Difference("memory with 1 MiB shown - without an image, MiB", Memory(image), 40);
+    table.Difference("memory with 1 MiB shown - without an image, MiB", Memory(image), 10);
     return !table.AnyOver();
 }
 } // namespace

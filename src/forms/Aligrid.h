@@ -50,8 +50,8 @@ public:
     void SetFixedRows(int count);
     void SetFixedCols(int count);
 
-    /// Between the outermost pair nothing is announced; the end gives one reset when the shape has
-    /// changed, else one change of cells. See TGridUpdate.
+    /// Between the outermost pair nothing is announced but that the shape will change; the end
+    /// gives one reset when it has, else one change of cells. See TGridUpdate.
     void BeginUpdate();
     void EndUpdate();
 
