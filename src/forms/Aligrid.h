@@ -59,7 +59,7 @@ public:
 
     QString Cell(int column, int row) const { return model_->cells.Text(column, row); }
     void SetCell(int column, int row, const QString &text);
-    /// Cells without a text of their own, header cells too, show what `source` gives for them,
+    /// Cells whose text was never set, header cells too, show what `source` gives for them,
     /// which is asked whenever one is read. Moved rows leave such texts behind, SetShape ends them.
     void SetTextSource(TTextSource source);
     /// Colours read back exactly as written, top byte included.

@@ -56,14 +56,14 @@ void TAligridCells::Rearrange(const TOrder &columns, const TOrder &rows) {
 
 QString TAligridCells::Text(int column, int row) const {
     const QString own = texts_.At(Position(column, row));
-    const bool asks = own.isEmpty() && textSource_ && Contains(column, row);
+    const bool asks = own.isNull() && textSource_ && Contains(column, row);
     return asks ? textSource_(column, row) : own;
 }
 
 bool TAligridCells::SetText(int column, int row, const QString &text) {
     if (!Contains(column, row) || Text(column, row) == text)
         return false;
-    texts_.Set(Position(column, row), text);
+    texts_.Set(Position(column, row), text.isNull() ? QString("") : text); // null: never set
     return true;
 }
 

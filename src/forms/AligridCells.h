@@ -39,7 +39,7 @@ public:
     /// Moves whole columns and rows with all their properties.
     void Rearrange(const TOrder &columns, const TOrder &rows);
 
-    /// The cell's own text; where that is empty, the source's.
+    /// The cell's own text, an empty one too; where none was set, the source's.
     QString Text(int column, int row) const;
     /// True when the text has changed.
     bool SetText(int column, int row, const QString &text);

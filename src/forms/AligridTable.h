@@ -15,11 +15,8 @@ public:
     T At(std::size_t position) const { return position < values_.size() ? values_[position] : T(); }
 
     void Set(std::size_t position, T value) {
-        if (position >= values_.size()) {
-            if (value == T())
-                return;
+        if (position >= values_.size())
             values_.resize(position + 1);
-        }
         values_[position] = std::move(value);
     }
 

@@ -143,8 +143,11 @@ TEST(AligridCells, RearrangingMovesEverything) {
 }
 
 TEST(AligridCells, ASourceGivesTheTextsThatCellsDoNotHave) {
-    TAligridCells cells = Cells(2, 2);
-    cells.SetText(1, 0, "");
+    TAligridCells cells;
+    cells.SetShape(2, 2);
+    cells.SetText(0, 0, "0,0");
+    cells.SetText(0, 1, "0,1");
+    cells.SetText(1, 1, "1,1");
     std::vector<std::pair<int, int>> asked;
     cells.SetTextSource([&asked](int column, int row) {
         asked.emplace_back(column, row);
@@ -156,6 +159,8 @@ TEST(AligridCells, ASourceGivesTheTextsThatCellsDoNotHave) {
     EXPECT_EQ(cells.Text(1, 0), "source");
     EXPECT_THAT(asked, testing::ElementsAre(std::pair(1, 0)));
     EXPECT_FALSE(cells.SetText(1, 0, "source"));
+    EXPECT_TRUE(cells.SetText(1, 0, QString()));
+    EXPECT_EQ(cells.Text(1, 0), "");
     EXPECT_TRUE(cells.SetText(1, 0, "own"));
     cells.SetRowCount(3);
     EXPECT_THAT(Rows(cells), testing::ElementsAre("0,0 own", "0,1 1,1", "source source"));
