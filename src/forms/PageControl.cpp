@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QShortcut>
 #include <QTabBar>
@@ -123,6 +124,27 @@ void TPageControl::SelectByProgram(int index) {
         return;
     accepted_ = widget(index);
     setCurrentIndex(index);
+}
+
+void TPageControl::AddInOneGo(const std::function<void()> &add) {
+    const int first = count();
+    const QPointer<QWidget> focus = QApplication::focusWidget();
+    const auto layOut = qScopeGuard([&] {
+        adding_ = false;
+        for (int index = first; index < count(); ++index)
+            tabBar()->setTabVisible(index, true);
+        show();
+        if (focus)
+            focus->setFocus(); // which hiding has moved
+    });
+    hide();
+    adding_ = true;
+    add();
+}
+
+void TPageControl::tabInserted(int index) {
+    if (adding_)
+        tabBar()->setTabVisible(index, false); // what is not visible is not laid out
 }
 
 void TPageControl::SelectByMouse(int index) {

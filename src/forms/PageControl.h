@@ -34,6 +34,10 @@ public:
     /// SelectByUser and, when that tab is the current one then, OnMouseChoice.
     void SelectByMouse(int index);
 
+    /// Runs `add`, which adds tabs behind those that there are; they come in one go when it ends.
+    /// Each tab that comes by itself has the whole bar laid out anew.
+    void AddInOneGo(const std::function<void()> &add);
+
     /// SelectByUser on the next (+1) or previous (-1) enabled tab; wraps round when told to.
     void StepByUser(int step, bool wrap);
     /// SelectByMouse on the next or previous enabled tab, if there is one.
@@ -41,6 +45,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void tabInserted(int index) override;
 
 private:
     int TabAtStep(int step, bool wrap) const;
@@ -51,4 +56,5 @@ private:
 
     QPointer<QWidget> accepted_; ///< the current tab's widget as the two operations left it
     bool asking_ = false;
+    bool adding_ = false;
 };

@@ -385,6 +385,76 @@ TEST_F(PageControl, RemovingAnotherTabLeavesTheCurrentOne) {
     ExpectCalls({}, {});
 }
 
+namespace {
+/// A second one, to compare with.
+class TOtherPages : public PageControl {
+public:
+    using PageControl::asked;
+    using PageControl::entered;
+    using PageControl::pages;
+    int Current() { return pages.currentIndex(); }
+    void TestBody() override {}
+};
+
+void AddTabs(TPageControl &pages, int count) {
+    for (int i = 0; i < count; ++i)
+        pages.setTabText(pages.addTab(new QWidget, "map"), QString("a longer caption, %1").arg(i));
+}
+} // namespace
+
+TEST_F(PageControl, TabsInOneGoStandWhereTheyDoOneByOne) {
+    TOtherPages other;
+    for (const int current : {2, 0})
+        for (const int more : {1, 2, 40}) {
+            for (TPageControl *control : {&pages, &other.pages})
+                control->SelectByProgram(current);
+            AddTabs(pages, more);
+            other.pages.AddInOneGo([&] { AddTabs(other.pages, more); });
+            ASSERT_EQ(other.pages.count(), pages.count());
+            EXPECT_EQ(other.Current(), current);
+            for (int i = 0; i < pages.count(); ++i) {
+                EXPECT_TRUE(other.pages.isTabVisible(i)) << i;
+                EXPECT_EQ(other.pages.tabBar()->tabRect(i), pages.tabBar()->tabRect(i)) << i;
+            }
+            EXPECT_EQ(other.pages.currentWidget()->geometry(), pages.currentWidget()->geometry());
+        }
+    EXPECT_TRUE(other.asked.isEmpty());
+    EXPECT_TRUE(other.entered.isEmpty());
+}
+
+TEST_F(PageControl, TabsInOneGoAreNotLaidOutOnTheirWay) {
+    pages.AddInOneGo([this] {
+        AddTabs(pages, 5);
+        for (int i = 3; i < 8; ++i)
+            EXPECT_FALSE(pages.isTabVisible(i)) << i;
+        EXPECT_FALSE(pages.isVisible()) << "each tab would be given its place";
+    });
+    EXPECT_TRUE(pages.isVisible());
+    EXPECT_TRUE(pages.tabBar()->isVisible());
+}
+
+TEST_F(PageControl, TabsInOneGoLeaveTheFocus) {
+    auto *edit = pages.findChild<QLineEdit *>("oneEdit");
+    edit->setFocus();
+    pages.AddInOneGo([this] { AddTabs(pages, 3); });
+    EXPECT_TRUE(edit->hasFocus());
+    pages.tabBar()->setFocus();
+    pages.AddInOneGo([this] { AddTabs(pages, 3); });
+    EXPECT_TRUE(pages.tabBar()->hasFocus());
+}
+
+TEST_F(PageControl, TabsThatCameBeforeAnErrorStay) {
+    EXPECT_THROW(pages.AddInOneGo([this] {
+        AddTabs(pages, 2);
+        throw std::runtime_error("no more");
+    }),
+                 std::runtime_error);
+    EXPECT_TRUE(pages.isVisible());
+    EXPECT_TRUE(pages.isTabVisible(3) && pages.isTabVisible(4));
+    AddTabs(pages, 1);
+    EXPECT_TRUE(pages.isTabVisible(5));
+}
+
 TEST_F(PageControl, ATabThatGoesWhileThePageIsAskedIsNotSelected) {
     duringQuestion = [this] { delete pages.widget(2); };
     Press(2);
