@@ -3,6 +3,8 @@
 // it includes dialog classes.
 #pragma once
 
+#include <functional>
+
 #include <QObject>
 #include <QString>
 
@@ -48,6 +50,9 @@ public:
     virtual QString OpenFile(const QString &filter, const QString &initialDir) = 0;
     /// As TSaveDialog::Execute, which is how pages call it.
     virtual bool RunSaveDialog(TSaveDialog &dialog) = 0;
+    /// Calls `take` `count` times behind a window that shows how far it is. The user may cancel,
+    /// which leaves out the calls still to come.
+    virtual void TakeSteps(const QString &text, int count, const std::function<void()> &take) = 0;
 };
 
 /// The dialogs in force: the toolkit's, unless a test has set its own.

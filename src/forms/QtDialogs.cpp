@@ -11,6 +11,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
+#include <QProgressBar>
+#include <QProgressDialog>
 #include <QScreen>
 #include <QTreeView>
 
@@ -164,4 +166,16 @@ bool TQtDialogs::RunSaveDialog(TSaveDialog &save) {
         return false;
     save.fileName = name;
     return true;
+}
+
+void TQtDialogs::TakeSteps(const QString &text, int count, const std::function<void()> &take) {
+    QProgressDialog dialog(WindowBelow());
+    dialog.setObjectName("dlgProgress");
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.setLabelText(text);
+    dialog.findChild<QProgressBar *>()->setAccessibleName(text);
+    dialog.setMinimumDuration(0);
+    dialog.setRange(0, count);
+    for (int taken = 0; taken < count && !dialog.wasCanceled(); dialog.setValue(++taken))
+        take();
 }

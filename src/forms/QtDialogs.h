@@ -18,4 +18,5 @@ public:
     QString InputBox(const QString &caption, const QString &prompt, const QString &text) override;
     QString OpenFile(const QString &filter, const QString &initialDir) override;
     bool RunSaveDialog(TSaveDialog &dialog) override;
+    void TakeSteps(const QString &text, int count, const std::function<void()> &take) override;
 };

@@ -15,6 +15,9 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
+#include <QProgressBar>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -383,4 +386,60 @@ TEST_F(QtDialogs, TheSaveDialogDoesNotAskAboutOverwriting) {
     });
     EXPECT_TRUE(dialogs.RunSaveDialog(save));
     EXPECT_EQ(save.fileName, QDir::toNativeSeparators(folder.filePath("old.BIN")));
+}
+
+namespace {
+class TSteps : public QtDialogs {
+protected:
+    /// Takes up to 9 steps; `during` runs in each of them, once the window is up.
+    int Take(const std::function<void(QProgressDialog &)> &during) {
+        int taken = 0;
+        dialogs.TakeSteps("Counting to nine", 9, [&] {
+            ++taken;
+            if (auto *window = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget()))
+                during(*window);
+        });
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        return taken;
+    }
+};
+} // namespace
+
+TEST_F(TSteps, AreTakenBehindAWindowThatShowsHowFarTheyAre) {
+    QStringList shown;
+    EXPECT_EQ(Take([&shown](QProgressDialog &window) {
+                  shown << QString::number(window.value());
+                  EXPECT_TRUE(window.isVisible());
+                  EXPECT_EQ(window.windowModality(), Qt::ApplicationModal);
+                  EXPECT_EQ(window.objectName(), "dlgProgress");
+                  EXPECT_EQ(window.maximum(), 9);
+                  EXPECT_EQ(window.labelText(), "Counting to nine");
+                  EXPECT_EQ(window.findChild<QProgressBar *>()->accessibleName(),
+                            "Counting to nine");
+                  EXPECT_EQ(window.findChild<QPushButton *>()->text(), "Cancel");
+              }),
+              9);
+    EXPECT_EQ(shown.join(' '), "1 2 3 4 5 6 7 8");
+}
+
+TEST_F(TSteps, AreLeftOutAfterCancel) {
+    EXPECT_EQ(Take([](QProgressDialog &window) {
+                  if (window.value() == 3)
+                      window.findChild<QPushButton *>()->click();
+              }),
+              4);
+}
+
+TEST_F(TSteps, AreLeftOutAfterEscape) {
+    EXPECT_EQ(Take([](QProgressDialog &window) {
+                  if (window.value() == 3)
+                      QTest::keyClick(&window, Qt::Key_Escape);
+              }),
+              4);
+}
+
+TEST_F(TSteps, LetTheUserCancelBetweenTwoOfThem) {
+    QTimer::singleShot(
+        0, qApp, [] { QApplication::activeModalWidget()->findChild<QPushButton *>()->click(); });
+    EXPECT_LT(Take([](QProgressDialog &) {}), 9);
 }

@@ -67,3 +67,12 @@ bool TFakeDialogs::RunSaveDialog(TSaveDialog &dialog) {
     dialog.fileName = name;
     return true;
 }
+
+void TFakeDialogs::TakeSteps(const QString &text, int count, const std::function<void()> &take) {
+    steps << text + "|" + QString::number(count);
+    for (int taken = 0; taken < std::min(count, stepsBeforeCancel); ++taken) {
+        if (duringStep)
+            duringStep();
+        take();
+    }
+}

@@ -4,6 +4,7 @@
 
 #include "forms/Dialogs.h"
 
+#include <climits>
 #include <deque>
 #include <functional>
 
@@ -28,6 +29,9 @@ public:
     std::deque<QString> inputs;          ///< for input boxes; a null QString stands for Cancel
     std::deque<QString> opens;           ///< for open dialogs; an empty text stands for Cancel
     std::deque<QString> saves;           ///< for save dialogs; an empty text stands for Cancel
+    QStringList steps;                   ///< "text|count" of each TakeSteps
+    int stepsBeforeCancel = INT_MAX;     ///< of each TakeSteps
+    std::function<void()> duringStep;    ///< runs in each step of TakeSteps, when set
     std::function<void()> duringMessage; ///< runs while a message is up, when set
 
     void ShowMessage(const QString &text) override;
@@ -37,6 +41,7 @@ public:
     QString InputBox(const QString &caption, const QString &prompt, const QString &text) override;
     QString OpenFile(const QString &filter, const QString &initialDir) override;
     bool RunSaveDialog(TSaveDialog &dialog) override;
+    void TakeSteps(const QString &text, int count, const std::function<void()> &take) override;
 
 private:
     TAnswer NextAnswer(const QString &text, TAnswer otherwise);
