@@ -8,8 +8,6 @@
 #include "Start.h"
 #include "filedisplay/FileDisplay.h"
 #include "filedisplay/FileGrid.h"
-#include "forms/KelvaneNotebook.h"
-#include "forms/TEmbedFm.h"
 #include "model/ROMTypes.h"
 #include "spec/Application.h"
 
@@ -17,7 +15,6 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
-#include <stdexcept>
 
 #include <QApplication>
 #include <QPainter>
@@ -30,7 +27,6 @@ constexpr int rounds = 31;
 constexpr int programRounds = 7;
 constexpr int visibleRows = 40;
 constexpr int columns = 17;
-constexpr int foundMaps = 200;
 
 std::vector<std::uint8_t> RandomBytes(std::size_t size) {
     std::mt19937 random(1);
@@ -149,7 +145,7 @@ public:
     TfrmFileContents page{nullptr, workspace_, printing_};
 };
 
-using TCommand = void (TfrmFileContents::*)();
+using TCommand = void (TFileSearches::*)();
 
 /// A command as the user runs it, its colours given to the grid, beside colouring all cells.
 TPair Commanding(const std::vector<TCellValue> &cells, TCommand command) {
@@ -159,8 +155,8 @@ TPair Commanding(const std::vector<TCellValue> &cells, TCommand command) {
     return Measure(
         rounds,
         [&] {
-            ours.page.ClearAllMarkers1Click();
-            return Time([&] { (ours.page.*command)(); });
+            ours.page.searches.ClearAllMarkers1Click();
+            return Time([&] { (ours.page.searches.*command)(); });
         },
         [&] { return Time([&] { plain.ColorAll(); }); });
 }
@@ -169,70 +165,16 @@ void MeasureCommands(TTable &table, std::size_t size) {
     const std::string suffix = ", " + std::to_string(size / 1024) + " KiB";
     const std::vector<TCellValue> random = RandomCells(size);
     table.Ratio("mark fuel values / colour all cells, ms" + suffix,
-                Commanding(random, &TfrmFileContents::FindConsecutivePossFuelValsClick), 3);
+                Commanding(random, &TFileSearches::FindConsecutivePossFuelValsClick), 3);
     for (const TSearchImage &image : SearchImages()) {
         if (image.contents != TMapContents::Any || image.markedOneIn != 0)
             continue;
         const bool linear = image.shape == TMapShape::Linear;
         table.Ratio((linear ? "linear maps, " : "2-D maps, ") + std::string(image.name) + suffix,
-                    Commanding(CellsOf(image, size), linear ? &TfrmFileContents::Any2Click
-                                                            : &TfrmFileContents::Any1Click),
+                    Commanding(CellsOf(image, size),
+                               linear ? &TFileSearches::Any2Click : &TFileSearches::Any1Click),
                     10);
     }
-}
-
-/// An image of 64 KiB with 200 fuel maps of 2 x 2 points.
-void LoadFoundMaps() {
-    constexpr std::array<std::uint8_t, 12> map{1, 2, 5, 6, 1, 2, 7, 8, 100, 100, 100, 100};
-    ROMImage()->data.fill(255);
-    ROMImage()->size = 0x10000;
-    for (int i = 0; i < foundMaps; ++i)
-        std::copy(map.begin(), map.end(), ROMImage()->data.begin() + 0x100 * (i + 1));
-}
-
-/// The notebook with the contents view, in which the maps have been searched for.
-class TSearchedNotebook {
-public:
-    TSearchedNotebook() {
-        auto page = std::make_unique<TfrmFileContents>(nullptr, workspace_, printing_);
-        page_ = page.get();
-        window_.AddPage(std::move(page), "TabSheet1", "File Contents");
-        window_.show();
-        workspace_.romFileName = "found.BIN";
-        page_->ShowPage();
-        page_->Fuel5Click();
-        QApplication::processEvents();
-    }
-    double AddPages() {
-        const double time = Time([this] { page_->AllHighlighted1Click(); });
-        if (window_.AddedPages().size() != foundMaps)
-            throw std::runtime_error("not all maps got a page");
-        return time;
-    }
-
-private:
-    TWorkspace workspace_;
-    TPrinting printing_;
-    TfrmKelvaneNotebook window_;
-    TfrmFileContents *page_;
-};
-
-double AddEmptyPages() {
-    TfrmKelvaneNotebook window;
-    window.AddPage(std::make_unique<TEmbeddedForm>(), "TabSheet1", "File Contents");
-    window.show();
-    QApplication::processEvents();
-    return Time([&window] {
-        for (int i = 0; i < foundMaps; ++i)
-            window.AddPage(std::make_unique<TEmbeddedForm>(), "tab", "2-D Fuel Map at $0000");
-    });
-}
-
-/// Pages for all found maps beside as many pages without anything on them.
-TPair AddingPages() {
-    LoadFoundMaps();
-    return Measure(
-        rounds, [] { return TSearchedNotebook().AddPages(); }, [] { return AddEmptyPages(); });
 }
 
 /// Resident memory of the program with the image shown, and with the empty view.
@@ -256,7 +198,6 @@ bool MeasureAll(const fs::path &image) {
         table.Ratio("copy the grid / join its texts, ms" + suffix, Copying(bytes), 3);
         MeasureCommands(table, size);
     }
-    table.Ratio("pages for 200 found maps / 200 empty pages, ms", AddingPages(), 3);
     const std::vector<std::uint8_t> bytes = RandomBytes(0x100000);
     std::ofstream(image, std::ios::binary)
         .write(reinterpret_cast<const char *>(bytes.data()),

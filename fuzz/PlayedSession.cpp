@@ -257,9 +257,8 @@ void TPlayedSession::TakeNewPages() {
             const bool fuel = dynamic_cast<TFuelMapSet *>(maps->MapSet) != nullptr;
             TLiteralSet &workspace = fuel ? fuel_ : timing_;
             page.graphical = dynamic_cast<TfrmMapsGraphical *>(maps) != nullptr;
-            const bool added =
-                window.AddedPages().size() > 0 &&
-                index + static_cast<int>(window.AddedPages().size()) >= window.PageCount();
+            const bool added = maps->MapSet != &window.workspace.fuelMapSet &&
+                               maps->MapSet != &window.workspace.timingMapSet;
             if (added) {
                 page.ownSet = std::make_unique<TLiteralSet>(world_, fuel);
                 page.only = window.PageControl1->tabText(index).startsWith("2-D") ? 0 : 2;

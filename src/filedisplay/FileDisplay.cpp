@@ -6,6 +6,7 @@
 #include "filedisplay/filedisplaykey.h"
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
+#include "forms/KelvaneNotebook.h"
 #include "forms/TabOrder.h"
 #include "model/ROMTypes.h"
 
@@ -13,11 +14,13 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
 TfrmFileContents::TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrinting &printing)
     : TEmbeddedForm(parent),
       session([this] { return MarksOf(*grdFile_); }),
+      placing(*this, workspace),
       workspace_(workspace),
       printing_(printing),
       grdFile_(new TStringAlignGrid(this)),
@@ -122,6 +125,20 @@ void TfrmFileContents::Rebuild() {
     FillFileGrid(*grdFile_, bytes, chkDisplayHex_->isChecked());
     SizeFileGrid(*grdFile_, grdFile_->height());
     Say({}); // what was said is of marks that are gone
+}
+
+void TfrmFileContents::ShowOutcome(const std::string &text) {
+    { const TGridUpdate colored(*grdFile_); } // its end announces the new colours
+    Say(text);
+}
+
+void TfrmFileContents::Say(const std::string &text) {
+    if (const TfrmKelvaneNotebook *host = Notebook())
+        host->StatusBar1->showMessage(QString::fromStdString(text));
+}
+
+std::int32_t TfrmFileContents::CurrentAddress() const {
+    return HeaderAddress(CellOffset(grdFile_->Col(), grdFile_->Row()));
 }
 
 void TfrmFileContents::chkDisplayHexClick() {

@@ -1,13 +1,14 @@
 // The page "File Contents": the whole ROM image as a grid of bytes, on which searches leave
 // coloured marks. What it holds of the image is ContentsSession.h's, the menu of its commands
-// FileMenu.h's.
+// FileMenu.h's; what runs its searches and what places found maps are FileSearches.h's and
+// FilePlacing.h's.
 #pragma once
 
-#include "filedisplay/ContentsSession.h"
+#include "filedisplay/FilePlacing.h"
+#include "filedisplay/FileSearches.h"
 #include "forms/Aligrid.h"
 #include "forms/Printing.h"
 #include "forms/TEmbedFm.h"
-#include "model/Workspace.h"
 
 #include <filesystem>
 
@@ -26,6 +27,8 @@ public:
     ~TfrmFileContents() override;
 
     TContentsSession session;
+    TFileSearches searches{*this};
+    TFilePlacing placing;
     QPoint mouseAnchor{-1, -1}; ///< no command reads these two
     QPoint mouseExtent{-1, -1};
 
@@ -33,7 +36,7 @@ public:
     void ShowPage() override;
 
     void chkDisplayHexClick();
-    void Button1Click();
+    void Button1Click(); ///< "Key"
     void grdFileSelectCell(int column, int row);
     void grdFileMouseDown(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
     void grdFileMouseUp(Qt::MouseButton button);
@@ -45,45 +48,12 @@ public:
     void PrintSetup1Click();
     void btnHelpClick() { Help(); }
 
-    /// Asks for one search parameter; what is no number stores -1.
-    void EnterParamClick(std::int32_t TSearchParameters::*parameter, const QString &prompt);
-    void FindConsecutivePossFuelValsClick();
-    void FindConsecutivePossTimeValsClick();
-    void HighlightAValue1Click();
-    void FindMapPointers1Click();
-    void ClearAllMarkers1Click();
-
-    // "Highlight Map From Current Cell"
-    void Fuel3Click() { HighlightFromSelected(TMapShape::TwoD, TMapContents::Fuel); }
-    void Fuel4Click() { HighlightFromSelected(TMapShape::Linear, TMapContents::Fuel); }
-    void Timing3Click() { HighlightFromSelected(TMapShape::TwoD, TMapContents::Timing); }
-    void Timing4Click() { HighlightFromSelected(TMapShape::Linear, TMapContents::Timing); }
-
-    // "Search and Highlight Maps"
-    void Fuel5Click() { HighlightAll(TMapShape::TwoD, TMapContents::Fuel); }
-    void Fuel6Click() { HighlightAll(TMapShape::Linear, TMapContents::Fuel); }
-    void Timing5Click() { HighlightAll(TMapShape::TwoD, TMapContents::Timing); }
-    void Timing6Click() { HighlightAll(TMapShape::Linear, TMapContents::Timing); }
-    void Any1Click() { HighlightAll(TMapShape::TwoD, TMapContents::Any); }
-    void Any2Click() { HighlightAll(TMapShape::Linear, TMapContents::Any); }
-
-    // "Update Notebook Map": moves one map of the workspace to the grid's current cell.
-    void Fuel1Click() { UpdateNotebookMap(TMapContents::Fuel, TMapKind::PT); }
-    void Fuel2Click() { UpdateNotebookMap(TMapContents::Fuel, TMapKind::Idle); }
-    void WOTFuel1Click() { UpdateNotebookMap(TMapContents::Fuel, TMapKind::WOT); }
-    void Timing1Click() { UpdateNotebookMap(TMapContents::Timing, TMapKind::PT); }
-    void Timing2Click() { UpdateNotebookMap(TMapContents::Timing, TMapKind::Idle); }
-    void WOTTiming1Click() { UpdateNotebookMap(TMapContents::Timing, TMapKind::WOT); }
-
-    /// "Add Notebook Map": a page in the notebook for every cell that carries the colour of a map's
-    /// start, unless an added page shows that map already.
-    void AllHighlighted1Click();
-
-    // "Quick Map": a chart of the map at the recorded cell, or at the address that stands there.
-    void SelectedCellisMapOffset1Click() { QuickMap(TMapShape::TwoD, false); }
-    void SelectedCellisLinearMapOffset1Click() { QuickMap(TMapShape::Linear, false); }
-    void SelectedCellisMapPointerOffset1Click() { QuickMap(TMapShape::TwoD, true); }
-    void SelectedCellisLinearMapPointer1Click() { QuickMap(TMapShape::Linear, true); }
+    /// Shows what an operation of the session did: colours in the grid, its text below.
+    void ShowOutcome(const std::string &text);
+    /// Shows a text in the notebook's bottom line until the next hint.
+    void Say(const std::string &text);
+    /// Of the grid's current cell, which is not the session's recorded one.
+    std::int32_t CurrentAddress() const;
 
 protected:
     /// Creates and frees the key window.
@@ -95,17 +65,6 @@ private:
     void LayOut();
     void ConnectGrid();
     void Rebuild();
-    /// Shows what an operation of the session did: colours in the grid, its text below.
-    void ShowOutcome(const std::string &text);
-    /// Shows a text in the notebook's bottom line until the next hint.
-    void Say(const std::string &text);
-    void HighlightFromSelected(TMapShape shape, TMapContents contents);
-    void HighlightAll(TMapShape shape, TMapContents contents);
-    /// The grid's current cell, which is not the session's recorded one.
-    std::int32_t CurrentAddress() const;
-    void UpdateNotebookMap(TMapContents contents, TMapKind kind);
-    void AddMapPage(const TMapToAdd &map);
-    void QuickMap(TMapShape shape, bool throughPointer);
     /// Where a cell is, in the words for screen readers.
     QString PlaceOf(TGridCell cell) const;
 

@@ -1,5 +1,5 @@
 // The popup menu of the contents view: captions, order and what each item starts. The work is the
-// page's.
+// page's, its searches' and its placing's.
 #pragma once
 
 #include <functional>
@@ -7,6 +7,8 @@
 
 #include <QMenu>
 
+class TFilePlacing;
+class TFileSearches;
 class TfrmFileContents;
 
 class TFileMenu : public QMenu {
@@ -16,13 +18,14 @@ public:
     explicit TFileMenu(TfrmFileContents &page);
 
 private:
-    struct TItem;
+    struct TItem {
+        const char *name;
+        QString caption;
+        std::function<void()> handler;
+    };
 
-    QAction &Add(QMenu &menu, const char *name, const QString &caption,
-                 std::function<void()> handler);
+    void AddSearches(TFileSearches &searches);
+    void AddPlacing(TFilePlacing &placing);
     void AddItems(QMenu &menu, std::initializer_list<TItem> items);
-    QMenu &AddSubmenu(const char *name, const QString &caption, std::initializer_list<TItem> items);
-    void AddParameters();
-
-    TfrmFileContents &page_;
+    void AddSubmenu(const char *name, const QString &caption, std::initializer_list<TItem> items);
 };

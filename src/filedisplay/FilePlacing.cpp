@@ -1,9 +1,8 @@
-// What the page "File Contents" does with found maps: it moves a map of the workspace to a cell,
-// opens pages for all that is highlighted, and charts the map at a cell.
-#include "filedisplay/AddedMapPage.h"
+#include "filedisplay/FilePlacing.h"
+
 #include "filedisplay/ContentsTexts.h"
 #include "filedisplay/FileDisplay.h"
-#include "filedisplay/FileGrid.h"
+#include "forms/Dialogs.h"
 #include "forms/Hourglass.h"
 #include "forms/KelvaneNotebook.h"
 #include "forms/PageControl.h"
@@ -14,87 +13,130 @@
 #include <array>
 
 namespace {
-std::unique_ptr<TfrmMaps> MakePage(TMapContents contents, TWorkspace &workspace) {
+constexpr std::size_t quietPages = 200; // more are made behind a window that offers "Cancel"
+
+/// The set of an added page. A base of its own, so that the set is there before the page that
+/// refers to it and goes after it.
+template <class TSet>
+class TMapSetOwner {
+protected:
+    TSet ownSet_;
+};
+
+/// `TPage` is TfrmFuelMaps with TFuelMapSet, or TfrmTimingMaps with TTimingMapSet.
+template <class TPage, class TSet>
+class TAddedMapPage : private TMapSetOwner<TSet>, public TPage {
+public:
+    explicit TAddedMapPage(TWorkspace &sharedWorkspace)
+        : TPage(nullptr, sharedWorkspace, TMapSetOwner<TSet>::ownSet_) {}
+};
+
+std::unique_ptr<TfrmMaps> NewPage(TMapContents contents, TWorkspace &workspace) {
     if (contents == TMapContents::Fuel)
         return std::make_unique<TAddedMapPage<TfrmFuelMaps, TFuelMapSet>>(workspace);
     return std::make_unique<TAddedMapPage<TfrmTimingMaps, TTimingMapSet>>(workspace);
-}
-
-/// Of the map's tab; "%1" is its address of four digits.
-QString CaptionOf(const TMapStart &start) {
-    if (start.contents == TMapContents::Fuel)
-        return start.shape == TMapShape::TwoD ? TfrmFileContents::tr("2-D Fuel Map at $%1")
-                                              : TfrmFileContents::tr("1-D Fuel Map at $%1");
-    return start.shape == TMapShape::TwoD ? TfrmFileContents::tr("2-D Timing Map at $%1")
-                                          : TfrmFileContents::tr("1-D Timing Map at $%1");
 }
 
 TMapKind KindOf(TMapShape shape) {
     return shape == TMapShape::TwoD ? TMapKind::PT : TMapKind::WOT;
 }
 
-TShownMaps MapsShownBy(const TfrmKelvaneNotebook &host) {
-    TShownMaps shown;
-    for (const TEmbeddedForm *page : host.AddedPages()) {
-        const TMapSet &set = *dynamic_cast<const TfrmMaps &>(*page).MapSet;
-        shown.partThrottle.insert(set.PTMap->GetLocation());
-        shown.fullThrottle.insert(set.WOTMap->GetLocation());
-    }
-    return shown;
+/// Places a page's map. The page's own controls come when it is first shown.
+std::unique_ptr<TfrmMaps> MakePage(const TMapToAdd &map, TWorkspace &workspace) {
+    std::unique_ptr<TfrmMaps> page = NewPage(map.start.contents, workspace);
+    const TMapKind kind = KindOf(map.start.shape);
+    page->MapSet->Map(kind).SetOffset(map.placedAt);
+    page->ShowOnly(kind);
+    return page;
+}
+
+/// Of the map's tab; "%1" is its address of four digits.
+QString CaptionOf(const TMapStart &start) {
+    if (start.contents == TMapContents::Fuel)
+        return start.shape == TMapShape::TwoD ? TFilePlacing::tr("2-D Fuel Map at $%1")
+                                              : TFilePlacing::tr("1-D Fuel Map at $%1");
+    return start.shape == TMapShape::TwoD ? TFilePlacing::tr("2-D Timing Map at $%1")
+                                          : TFilePlacing::tr("1-D Timing Map at $%1");
 }
 } // namespace
 
-std::int32_t TfrmFileContents::CurrentAddress() const {
-    return HeaderAddress(CellOffset(grdFile_->Col(), grdFile_->Row()));
-}
-
-void TfrmFileContents::UpdateNotebookMap(TMapContents contents, TMapKind kind) {
-    if (session.IsEmpty()) {
-        Say(NoImageIsLoaded());
+void TFilePlacing::UpdateNotebookMap(TMapContents contents, TMapKind kind) {
+    if (page_.session.IsEmpty()) {
+        page_.Say(NoImageIsLoaded());
         return; // there is no cell
     }
     TMapSet &set = contents == TMapContents::Fuel ? static_cast<TMapSet &>(workspace_.fuelMapSet)
                                                   : workspace_.timingMapSet;
     std::array offsets{set.PTMap->GetLocation(), set.IdleMap->GetLocation(),
                        set.WOTMap->GetLocation()};
-    const std::int32_t address = CurrentAddress();
+    const std::int32_t address = page_.CurrentAddress();
     offsets[static_cast<std::size_t>(kind)] = address;
     set.SetOffsets(offsets[0], offsets[1], offsets[2]);
-    Say(MovedTo(contents, kind, address));
+    page_.Say(MovedTo(contents, kind, address));
 }
 
-void TfrmFileContents::AllHighlighted1Click() {
-    const TfrmKelvaneNotebook *host = Notebook();
-    if (!host || session.IsEmpty())
+void TFilePlacing::AllHighlighted1Click() {
+    TfrmKelvaneNotebook *host = page_.Notebook();
+    if (!host || page_.session.IsEmpty())
         return;
     const THourglass hourglass;
-    for (const TMapToAdd &map : MapsToAdd(session.Colors(), MapsShownBy(*host), CurrentAddress()))
-        AddMapPage(map);
+    const std::vector<TMapToAdd> maps =
+        MapsToAdd(page_.session.Colors(), ShownMaps(), page_.CurrentAddress());
+    std::vector<std::unique_ptr<TfrmMaps>> pages = MakePages(maps);
+    if (pages.empty())
+        return;
+    host->PageControl1->AddInOneGo([&] {
+        for (std::size_t i = 0; i < pages.size(); ++i)
+            AddPage(std::move(pages[i]), maps[i]);
+    });
 }
 
-void TfrmFileContents::AddMapPage(const TMapToAdd &map) {
-    const TMapStart &start = map.start;
+const std::vector<QPointer<TfrmMaps>> &TFilePlacing::AddedPages() {
+    std::erase_if(addedPages_, [](const TfrmMaps *page) { return !page || !page->Notebook(); });
+    return addedPages_;
+}
+
+TShownMaps TFilePlacing::ShownMaps() {
+    TShownMaps shown;
+    for (const TfrmMaps *page : AddedPages()) {
+        shown.partThrottle.insert(page->MapSet->PTMap->GetLocation());
+        shown.fullThrottle.insert(page->MapSet->WOTMap->GetLocation());
+    }
+    return shown;
+}
+
+std::vector<std::unique_ptr<TfrmMaps>> TFilePlacing::MakePages(const std::vector<TMapToAdd> &maps) {
+    std::vector<std::unique_ptr<TfrmMaps>> pages;
+    const auto make = [&] { pages.push_back(MakePage(maps[pages.size()], workspace_)); };
+    if (maps.size() > quietPages)
+        Dialogs().TakeSteps(tr("Adding pages for the highlighted maps"), int(maps.size()), make);
+    else
+        while (pages.size() < maps.size())
+            make();
+    return pages;
+}
+
+void TFilePlacing::AddPage(std::unique_ptr<TfrmMaps> page, const TMapToAdd &map) {
     const QString digits = QString("%1").arg(map.foundAt, 4, 16, QChar('0')).toUpper();
-    const QString caption = CaptionOf(start).arg(digits);
-    std::unique_ptr<TfrmMaps> page = MakePage(start.contents, workspace_);
+    const QString caption = CaptionOf(map.start).arg(digits);
+    const bool fuel = map.start.contents == TMapContents::Fuel;
     page->setObjectName(page->objectName() + "_" + digits);
-    page->MapSet->Map(KindOf(start.shape)).SetOffset(map.placedAt);
-    page->ShowOnly(KindOf(start.shape));
-    const int tab = Notebook()->AddExtraPage(
-        std::move(page), "tabMap_" + digits,
-        start.contents == TMapContents::Fuel ? tr("map at $%1").arg(digits) : caption);
-    Notebook()->PageControl1->setTabText(tab, caption);
+    addedPages_.push_back(page.get());
+    TfrmKelvaneNotebook &host = *page_.Notebook();
+    const int tab = host.AddPage(std::move(page), "tabMap_" + digits,
+                                 fuel ? tr("map at $%1").arg(digits) : caption);
+    host.PageControl1->setTabText(tab, caption);
 }
 
-void TfrmFileContents::QuickMap(TMapShape shape, bool throughPointer) {
-    const std::optional<std::size_t> cell = session.Recorded();
+void TFilePlacing::QuickMap(TMapShape shape, bool throughPointer) {
+    const std::optional<std::size_t> cell = page_.session.Recorded();
     if (!cell)
         return;
     const auto offset = static_cast<std::int32_t>(*cell);
-    auto *chart = new TfrmQuickChart(window()); // frees itself when it is closed
+    auto *chart = new TfrmQuickChart(page_.window()); // frees itself when it is closed
     chart->SetMapKind(shape == TMapShape::TwoD ? 2 : 1);
     if (throughPointer)
-        chart->SetMapPointer(offset, session.parameters.pointerMask);
+        chart->SetMapPointer(offset, page_.session.parameters.pointerMask);
     else
         chart->SetMapOffset(offset);
     chart->show();

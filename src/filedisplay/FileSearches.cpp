@@ -1,11 +1,9 @@
-// The search commands of the page "File Contents": their questions, and how their outcome is shown.
+#include "filedisplay/FileSearches.h"
+
 #include "filedisplay/FileDisplay.h"
 #include "forms/Dialogs.h"
 #include "forms/Hourglass.h"
-#include "forms/KelvaneNotebook.h"
 #include "model/Numbers.h"
-
-#include <QStatusBar>
 
 namespace {
 std::optional<std::int32_t> NumberIn(const QString &text) {
@@ -13,35 +11,25 @@ std::optional<std::int32_t> NumberIn(const QString &text) {
 }
 } // namespace
 
-void TfrmFileContents::ShowOutcome(const std::string &text) {
-    { const TGridUpdate colored(*grdFile_); } // its end announces the new colours
-    Say(text);
-}
-
-void TfrmFileContents::Say(const std::string &text) {
-    if (const TfrmKelvaneNotebook *host = Notebook())
-        host->StatusBar1->showMessage(QString::fromStdString(text));
-}
-
-void TfrmFileContents::EnterParamClick(std::int32_t TSearchParameters::*parameter,
-                                       const QString &prompt) {
-    std::int32_t &value = session.parameters.*parameter;
+void TFileSearches::EnterParamClick(std::int32_t TSearchParameters::*parameter,
+                                    const QString &prompt) {
+    std::int32_t &value = page_.session.parameters.*parameter;
     const QString current = value == -1 ? QString("") : QString::number(value);
     const QString answer = Dialogs().InputBox(tr("Search Parameters"), prompt, current);
     value = NumberIn(answer).value_or(-1);
 }
 
-void TfrmFileContents::FindConsecutivePossFuelValsClick() {
+void TFileSearches::FindConsecutivePossFuelValsClick() {
     const THourglass hourglass;
-    ShowOutcome(session.MarkPossibleFuelValues());
+    page_.ShowOutcome(page_.session.MarkPossibleFuelValues());
 }
 
-void TfrmFileContents::FindConsecutivePossTimeValsClick() {
+void TFileSearches::FindConsecutivePossTimeValsClick() {
     const THourglass hourglass;
-    ShowOutcome(session.MarkPossibleTimingValues());
+    page_.ShowOutcome(page_.session.MarkPossibleTimingValues());
 }
 
-void TfrmFileContents::HighlightAValue1Click() {
+void TFileSearches::HighlightAValue1Click() {
     for (;;) {
         const QString answer =
             Dialogs().InputBox(tr("Find Value"), tr("Enter a value to search for"), "");
@@ -51,16 +39,16 @@ void TfrmFileContents::HighlightAValue1Click() {
         if (!value || *value < 0)
             continue; // asks again
         const THourglass hourglass;
-        ShowOutcome(session.MarkValue(*value));
+        page_.ShowOutcome(page_.session.MarkValue(*value));
         return;
     }
 }
 
-void TfrmFileContents::FindMapPointers1Click() {
+void TFileSearches::FindMapPointers1Click() {
     const QString caption = tr("Indirect Ref Lookup");
     const QString answer = Dialogs().InputBox(caption, tr("Enter Address To Find"), "");
     // The mask is asked for and kept even when there is no address; this is intended.
-    std::uint8_t &mask = session.parameters.pointerMask;
+    std::uint8_t &mask = page_.session.parameters.pointerMask;
     const QString bits = Dialogs().InputBox(caption, tr("Mask Bits"), QString::number(mask));
     mask = static_cast<std::uint8_t>(NumberIn(bits).value_or(0));
     const std::optional<std::int32_t> number = NumberIn(answer);
@@ -72,20 +60,20 @@ void TfrmFileContents::FindMapPointers1Click() {
         return;
     }
     const THourglass hourglass;
-    ShowOutcome(session.MarkPointers(*address));
+    page_.ShowOutcome(page_.session.MarkPointers(*address));
 }
 
-void TfrmFileContents::ClearAllMarkers1Click() {
+void TFileSearches::ClearAllMarkers1Click() {
     const THourglass hourglass;
-    ShowOutcome(session.ClearAllMarkers());
+    page_.ShowOutcome(page_.session.ClearAllMarkers());
 }
 
-void TfrmFileContents::HighlightFromSelected(TMapShape shape, TMapContents contents) {
+void TFileSearches::HighlightFromSelected(TMapShape shape, TMapContents contents) {
     const THourglass hourglass;
-    ShowOutcome(session.HighlightFromRecorded(shape, contents));
+    page_.ShowOutcome(page_.session.HighlightFromRecorded(shape, contents));
 }
 
-void TfrmFileContents::HighlightAll(TMapShape shape, TMapContents contents) {
+void TFileSearches::HighlightAll(TMapShape shape, TMapContents contents) {
     const THourglass hourglass;
-    ShowOutcome(session.HighlightAllMaps(shape, contents));
+    page_.ShowOutcome(page_.session.HighlightAllMaps(shape, contents));
 }

@@ -23,6 +23,28 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+namespace {
+/// The widget of a tab. On a screen too small for its page, the page scrolls and the window still
+/// fits. The scroll area comes with the first show, since of many tabs most are never shown.
+class TTab : public QWidget {
+public:
+    explicit TTab(TEmbeddedForm &page) : page_(page) { page.setParent(this); }
+
+    void setVisible(bool visible) override {
+        if (visible && !layout()) {
+            auto *column = new QVBoxLayout(this);
+            column->setContentsMargins(0, 0, 0, 0);
+            column->addWidget(MakePlainScroll(&page_, this));
+            page_.setVisible(page_.PageVisible()); // the scroll area shows it, entering does
+        }
+        QWidget::setVisible(visible);
+    }
+
+private:
+    TEmbeddedForm &page_;
+};
+} // namespace
+
 TfrmKelvaneNotebook::TfrmKelvaneNotebook(QWidget *parent)
     : QMainWindow(parent),
       PageControl1(new TPageControl(this)),
@@ -101,25 +123,14 @@ void TfrmKelvaneNotebook::FormShow() {
 
 int TfrmKelvaneNotebook::AddPage(std::unique_ptr<TEmbeddedForm> page, const QString &tabName,
                                  const QString &caption) {
-    auto *tab = new QWidget;
+    auto *tab = new TTab(*page);
     tab->setObjectName(tabName);
-    auto *layout = new QVBoxLayout(tab);
-    layout->setContentsMargins(0, 0, 0, 0);
     page->notebook_ = this;
     SetRole(*page, QAccessible::PropertyPage, caption);
-    // On a screen too small for a page, the page scrolls and the window still fits.
-    layout->addWidget(MakePlainScroll(page.get(), tab));
-    page->hide(); // which a scroll area undoes; entering shows it
     pages_.push_back(page.release());
     const int index = PageControl1->addTab(tab, QString(caption).replace('&', "&&"));
     MoveToTabEnd(*this, {btnPrint, btnSave, btnCancel, btnClose});
     return index;
-}
-
-int TfrmKelvaneNotebook::AddExtraPage(std::unique_ptr<TEmbeddedForm> page, const QString &tabName,
-                                      const QString &caption) {
-    addedPages_.push_back(page.get());
-    return AddPage(std::move(page), tabName, caption);
 }
 
 TEmbeddedForm *TfrmKelvaneNotebook::GetPage(int index) const {
@@ -144,7 +155,6 @@ void TfrmKelvaneNotebook::RemovePage(int index) {
     Guarded([page] { page->SetPageVisible(false); });
     page->notebook_ = nullptr;
     pages_.erase(pages_.begin() + index);
-    std::erase(addedPages_, page);
     PageControl1->removeTab(index);
     // The page's own "Close Page" button may be the caller.
     tab->deleteLater();
@@ -206,7 +216,6 @@ bool TfrmKelvaneNotebook::FormCloseQuery() {
         }
     }
     pages_.clear();
-    addedPages_.clear();
     return true;
 }
 

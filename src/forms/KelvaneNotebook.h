@@ -45,13 +45,6 @@ public:
     int AddPage(std::unique_ptr<TEmbeddedForm> page, const QString &tabName,
                 const QString &caption);
 
-    /// AddPage for a page that the user asked for while the program runs: it is also one of
-    /// AddedPages.
-    int AddExtraPage(std::unique_ptr<TEmbeddedForm> page, const QString &tabName,
-                     const QString &caption);
-    /// The extra pages in order of creation; a page that is removed leaves the list.
-    const std::vector<TEmbeddedForm *> &AddedPages() const { return addedPages_; }
-
     /// The page of a tab; never nullptr. Throws EFormNotfound when there is none.
     TEmbeddedForm *GetPage(int index) const;
 
@@ -115,7 +108,6 @@ private:
 
     QWidget *pnlButtons_;
     std::vector<TEmbeddedForm *> pages_; ///< same index as the tabs, whose children they are
-    std::vector<TEmbeddedForm *> addedPages_;
     THintHandler oldHint_;
     bool shown_ = false;
     bool asking_ = false;

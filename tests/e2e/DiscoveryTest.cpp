@@ -30,7 +30,7 @@ TEST(TDiscoveryTest, FromTheUnmappedSampleToASavedImageAndASpecFile) {
     // The found map opens, is edited, and only the edited byte differs in the saved image.
     const int map = found.front();
     session.SelectTab(session.window->PageControl1->tabText(6));
-    const QString page = session.window->AddedPages().front()->objectName();
+    const QString page = session.window->Page(6)->objectName();
     const TGridCell cell{2, 1};
     session.Type(page, TMapKind::PT, cell, "77");
     session.Commit(page, TMapKind::PT);

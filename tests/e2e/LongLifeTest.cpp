@@ -173,9 +173,11 @@ private:
         session_.Trigger(contentsPage, "Fuel6");
         session_.Trigger(contentsPage, "AllHighlighted1");
         TfrmNotebook &window = *session_.window;
-        EXPECT_FALSE(window.AddedPages().empty());
-        while (!window.AddedPages().empty())
-            window.CloseTab(window.PageIndex(window.AddedPages().back()));
+        auto &contents = dynamic_cast<TfrmFileContents &>(*window.CurrentPage());
+        EXPECT_FALSE(contents.placing.AddedPages().empty());
+        while (!contents.placing.AddedPages().empty())
+            window.CloseTab(window.PageIndex(contents.placing.AddedPages().back()));
+        EXPECT_EQ(window.PageCount(), window.PageIndex(&contents) + 1);
     }
 
     /// From the second round on over what the round before has saved.

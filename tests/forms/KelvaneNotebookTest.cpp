@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QStatusBar>
 #include <QStatusTipEvent>
 #include <QTabBar>
@@ -98,6 +99,40 @@ TEST_F(Notebook, APageIsHiddenUntilItIsEntered) {
     auto *late = new QPushButton("made while the page is entered", pages[1]);
     Press(1);
     EXPECT_TRUE(late->isVisible());
+}
+
+TEST_F(Notebook, ATabGetsItsScrollAreaWhenItIsFirstShown) {
+    Show();
+    const auto scrolls = [this](int tab) {
+        return !window->PageControl1->widget(tab)->findChildren<QScrollArea *>().isEmpty();
+    };
+    EXPECT_TRUE(scrolls(0));
+    EXPECT_FALSE(scrolls(1));
+    EXPECT_EQ(pages[1]->window(), window.get());
+    Press(1);
+    EXPECT_TRUE(scrolls(1));
+    EXPECT_TRUE(pages[1]->isVisible());
+    EXPECT_EQ(pages[1]->size(), pages[0]->size());
+}
+
+TEST_F(Notebook, APageThatWasEnteredBeforeItsTabIsShownWithIt) {
+    Show();
+    pages[1]->ShowPage();
+    window->PageControl1->SelectByProgram(1);
+    EXPECT_TRUE(pages[1]->isVisible());
+    window->PageControl1->SelectByProgram(2);
+    EXPECT_FALSE(pages[2]->isVisible()) << "not entered yet";
+}
+
+TEST_F(Notebook, APageThatWasNeverShownIsAskedSavedAndFreedLikeTheOthers) {
+    Show();
+    pages[2]->DataChanged = true;
+    EXPECT_TRUE(window->AnyDataChanged());
+    EXPECT_TRUE(window->CloseTab(1));
+    QTest::qWait(0);
+    EXPECT_EQ(Calls(), QStringList({"b query", "b freed"}));
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(Calls(), QStringList({"a query", "c query"}));
 }
 
 TEST_F(Notebook, ATabCaptionIsShownLetterByLetter) {

@@ -37,7 +37,7 @@ protected:
         return captions;
     }
     TfrmMaps &Added(int index) {
-        return dynamic_cast<TfrmMaps &>(*window.AddedPages().at(static_cast<std::size_t>(index)));
+        return *page->placing.AddedPages().at(static_cast<std::size_t>(index));
     }
     TfrmQuickChart *Chart() { return window.findChild<TfrmQuickChart *>(); }
 

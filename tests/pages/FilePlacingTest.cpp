@@ -3,8 +3,11 @@
 #include "maps/FuelMaps.h"
 #include "maps/TimingMaps.h"
 #include "pages/FilePlacingFixture.h"
+#include "support/FakeMapViews.h"
 
+#include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 
 namespace {
 struct TMoveCase {
@@ -128,7 +131,7 @@ TEST_F(TPlacingTest, AClosedPageLeavesTheListAndMayComeAgain) {
     Trigger("Fuel5");
     Trigger("AllHighlighted1");
     EXPECT_TRUE(window.CloseTab(contentsTab + 1));
-    EXPECT_EQ(window.AddedPages().size(), 1u);
+    EXPECT_EQ(page->placing.AddedPages().size(), 1u);
     Trigger("AllHighlighted1");
     EXPECT_EQ(AddedCaptions(), (QStringList{"2-D Fuel Map at $005C", "2-D Fuel Map at $0020"}));
 }
@@ -207,6 +210,145 @@ TEST_F(TPlacingTest, TheHourglassStandsWhilePagesAreAdded) {
     Trigger("AllHighlighted1");
     EXPECT_TRUE(waiting);
     EXPECT_FALSE(QGuiApplication::overrideCursor());
+}
+
+/// What a grid shows of a map.
+std::vector<std::vector<std::string>> TextsOf(TMap &map) {
+    TFakeMapGrid grid;
+    std::string location;
+    map.SizeGrid(grid);
+    map.FillGrid(grid, location, map.GetCellFormat(), grid.RowCount(), grid.ColCount());
+    std::vector<std::vector<std::string>> rows;
+    for (int row = 0; row < grid.RowCount(); ++row)
+        rows.push_back(grid.Row(row));
+    return rows;
+}
+
+class TManyPagesTest : public TPlacingTest {
+protected:
+    /// The contents page of a window on the screen, in which that many 2-D fuel maps are marked.
+    void Mark(int maps) {
+        std::map<int, TBytes> planted;
+        for (int i = 1; i <= maps; ++i)
+            planted[place * i] = TwoD(fuelValue);
+        window.show();
+        Show(0x10000, planted);
+        Trigger("Fuel5");
+        ASSERT_EQ(page->session.Counters().twoD, maps);
+        Grid().setFocus();
+    }
+    /// Checks that the first `count` maps have got their pages, and nothing else has changed.
+    void ExpectPages(int count) {
+        QStringList captions;
+        for (int i = 1; i <= count; ++i)
+            captions << "2-D Fuel Map at $" +
+                            QString("%1").arg(place * i, 4, 16, QChar('0')).toUpper();
+        EXPECT_EQ(AddedCaptions(), captions);
+        EXPECT_EQ(page->placing.AddedPages().size(), static_cast<std::size_t>(count));
+        EXPECT_EQ(window.PageControl1->currentIndex(), contentsTab);
+        EXPECT_TRUE(page->isVisible());
+        EXPECT_EQ(window.focusWidget(), &Grid());
+        EXPECT_FALSE(QGuiApplication::overrideCursor());
+        for (int tab = 0; tab < window.PageCount(); ++tab)
+            ASSERT_TRUE(window.PageControl1->isTabVisible(tab)) << tab;
+    }
+    static constexpr int place = 0x20; // bytes for each map
+};
+
+TEST_F(TManyPagesTest, UpToTwoHundredComeWithoutAWindow) {
+    Mark(200);
+    Trigger("AllHighlighted1");
+    EXPECT_TRUE(dialogs.steps.isEmpty());
+    ExpectPages(200);
+}
+
+TEST_F(TManyPagesTest, MoreComeBehindAWindow) {
+    Mark(201);
+    Trigger("AllHighlighted1");
+    EXPECT_EQ(dialogs.steps, QStringList("Adding pages for the highlighted maps|201"));
+    ExpectPages(201);
+    Trigger("AllHighlighted1");
+    EXPECT_EQ(dialogs.steps.size(), 1) << "each map has its page";
+    ExpectPages(201);
+}
+
+TEST_F(TManyPagesTest, TheHourglassStandsWhileTheyAreMade) {
+    Mark(201);
+    bool waiting = true;
+    dialogs.duringStep = [&waiting] {
+        const QCursor *cursor = QGuiApplication::overrideCursor();
+        waiting = waiting && cursor && cursor->shape() == Qt::WaitCursor;
+    };
+    Trigger("AllHighlighted1");
+    EXPECT_TRUE(waiting);
+}
+
+TEST_F(TManyPagesTest, CancelKeepsThoseMadeAndTheNextTimeBringsTheOthers) {
+    Mark(300);
+    dialogs.stepsBeforeCancel = 150;
+    Trigger("AllHighlighted1");
+    ExpectPages(150);
+    Trigger("AllHighlighted1");
+    EXPECT_EQ(dialogs.steps.size(), 1) << "the other 150 come without a window";
+    ExpectPages(300);
+}
+
+TEST_F(TManyPagesTest, CancelBeforeTheFirstAddsNone) {
+    Mark(201);
+    dialogs.stepsBeforeCancel = 0;
+    Trigger("AllHighlighted1");
+    ExpectPages(0);
+}
+
+TEST_F(TManyPagesTest, APageOfACancelledRunWorks) {
+    Mark(201);
+    dialogs.stepsBeforeCancel = 150;
+    Trigger("AllHighlighted1");
+    window.PageControl1->SelectByUser(contentsTab + 150);
+    TfrmMaps &last = Added(149);
+    EXPECT_TRUE(last.isVisible());
+    auto &grid = FindControl<TStringAlignGrid>(last, "grdPTMap");
+    grid.SetCurrent(1, 1);
+    QTest::keyClick(grid.viewport(), Qt::Key_F2);
+    auto *editor = grid.viewport()->findChild<QLineEdit *>();
+    ASSERT_TRUE(editor);
+    editor->setText("64");
+    QTest::keyClick(editor, Qt::Key_Enter);
+    QTest::qWait(0);
+    FindControl<QPushButton>(last, "btnSavePT").click();
+    EXPECT_EQ(Image().Peek(place * 150 + 8), 64);
+    EXPECT_TRUE(last.DataChanged);
+    EXPECT_TRUE(window.CloseTab(contentsTab + 150));
+    EXPECT_EQ(page->placing.AddedPages().size(), 149u);
+}
+
+TEST_F(TManyPagesTest, TheWindowOfTheToolkitCanBeCancelled) {
+    Mark(1000);
+    SetDialogs(nullptr);
+    QTimer::singleShot(
+        0, qApp, [] { QApplication::activeModalWidget()->findChild<QPushButton *>()->click(); });
+    Trigger("AllHighlighted1");
+    const auto made = static_cast<int>(page->placing.AddedPages().size());
+    EXPECT_GT(made, 0);
+    EXPECT_LT(made, 1000);
+    ExpectPages(made);
+    SetDialogs(&dialogs);
+}
+
+TEST_F(TManyPagesTest, APageThatWasNeverShownHoldsWhatAShownOneHolds) {
+    Mark(2);
+    Trigger("AllHighlighted1");
+    window.PageControl1->SelectByUser(contentsTab + 1);
+    TMapSet &shown = *Added(0).MapSet;
+    TMapSet &never = *Added(1).MapSet;
+    EXPECT_TRUE(Added(1).findChildren<TStringAlignGrid *>().isEmpty()) << "made when first shown";
+    EXPECT_EQ(shown.PTMap->GetLocation(), place);
+    EXPECT_EQ(never.PTMap->GetLocation(), 2 * place);
+    for (const TMapKind kind : {TMapKind::PT, TMapKind::Idle, TMapKind::WOT})
+        EXPECT_EQ(TextsOf(shown.Map(kind)), TextsOf(never.Map(kind)));
+    EXPECT_FALSE(window.AnyDataChanged());
+    EXPECT_TRUE(window.close());
+    EXPECT_TRUE(dialogs.questions.isEmpty());
 }
 
 struct TQuickCase {

@@ -333,7 +333,7 @@ TEST_P(TItemTest, MarksWhatItsStepsMarkInBothDisplays) {
         }
         ASSERT_EQ(page->session.Counters().linear, literal.linearFound);
         ASSERT_EQ(page->session.Counters().twoD, literal.twoDFound);
-        page->ClearAllMarkers1Click();
+        page->searches.ClearAllMarkers1Click();
     }
     EXPECT_GT(marked, 0u) << "no image tells anything of this search";
 }

@@ -149,7 +149,7 @@ TEST_F(TScreenTest, TheKeyWindowLeavesTheKeysToThePage) {
 
 TEST_F(TScreenTest, AQuickMapLeavesTheKeysToThePage) {
     TfrmFileContents &page = EnterContents();
-    page.SelectedCellisMapOffset1Click();
+    page.placing.SelectedCellisMapOffset1Click();
     auto &chart = FindControl<QWidget>(window, "frmQuickChart");
     ASSERT_TRUE(WaitFor([&] { return IsUp(chart); }));
     ExpectKeysInThePage();

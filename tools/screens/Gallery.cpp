@@ -156,11 +156,11 @@ void TGallery::ShowContents(const TVisitor &visitor) {
     SelectPage(pageContents);
     visitor("09-file-contents", *window_);
     auto &page = dynamic_cast<TfrmFileContents &>(*window_->Page(pageContents));
-    page.FindConsecutivePossFuelValsClick();
-    page.FindConsecutivePossTimeValsClick();
-    page.Fuel5Click();
-    page.Timing5Click();
-    page.Fuel6Click();
+    page.searches.FindConsecutivePossFuelValsClick();
+    page.searches.FindConsecutivePossTimeValsClick();
+    page.searches.Fuel5Click();
+    page.searches.Timing5Click();
+    page.searches.Fuel6Click();
     auto &grid = Find<TStringAlignGrid>("grdFile", pageContents);
     grid.SetCurrent(5, mapCell / 16 + 8);
     grid.SetSelection({4, mapCell / 16 + 8, 8, mapCell / 16 + 10});
@@ -169,8 +169,8 @@ void TGallery::ShowContents(const TVisitor &visitor) {
     Find<QAbstractButton>("chkDisplayHex", pageContents).click();
     Settle();
     visitor("11-file-contents-hex", *window_);
-    page.Fuel5Click();
-    page.AllHighlighted1Click();
+    page.searches.Fuel5Click();
+    page.placing.AllHighlighted1Click();
     SelectPage(pageContents + 1);
     visitor("12-added-page", *window_);
 }
