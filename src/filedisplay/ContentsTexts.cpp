@@ -20,23 +20,6 @@ std::string Counted(const TFound &found, const std::string &none, const std::str
     return Filled(found.count == 1 ? one : many,
                   {Address(found.first), std::to_string(found.count)});
 }
-
-/// As the menu calls it.
-std::string NameOf(TMapContents contents, TMapKind kind) {
-    const bool fuel = contents == TMapContents::Fuel;
-    switch (kind) {
-    case TMapKind::PT:
-        return fuel ? Translated("TFileMenu", "Fuel Maps - Part Throttle")
-                    : Translated("TFileMenu", "Timing Maps - Part Throttle");
-    case TMapKind::Idle:
-        return fuel ? Translated("TFileMenu", "Fuel Maps - Idle")
-                    : Translated("TFileMenu", "Timing Maps - Idle");
-    case TMapKind::WOT:
-        break;
-    }
-    return fuel ? Translated("TFileMenu", "Fuel Maps - WOT")
-                : Translated("TFileMenu", "Timing Maps - WOT");
-}
 } // namespace
 
 std::string FoundCells(const TFound &found) {
@@ -81,10 +64,26 @@ std::string AllMarkersAreCleared() {
     return Translated("ContentsTexts", "All markers are cleared");
 }
 
+std::string MapName(TMapContents contents, TMapKind kind) {
+    const bool fuel = contents == TMapContents::Fuel;
+    switch (kind) {
+    case TMapKind::PT:
+        return fuel ? Translated("TFileMenu", "Fuel Maps - Part Throttle")
+                    : Translated("TFileMenu", "Timing Maps - Part Throttle");
+    case TMapKind::Idle:
+        return fuel ? Translated("TFileMenu", "Fuel Maps - Idle")
+                    : Translated("TFileMenu", "Timing Maps - Idle");
+    case TMapKind::WOT:
+        break;
+    }
+    return fuel ? Translated("TFileMenu", "Fuel Maps - WOT")
+                : Translated("TFileMenu", "Timing Maps - WOT");
+}
+
 std::string MovedTo(TMapContents contents, TMapKind kind, std::int32_t address) {
     const std::string place = Address(static_cast<std::size_t>(address));
     if (address == 0)
         return Filled(Translated("ContentsTexts", "%1 was not moved: no map begins at %2"),
-                      {NameOf(contents, kind), place});
-    return Filled(Translated("ContentsTexts", "%1 is at %2 now"), {NameOf(contents, kind), place});
+                      {MapName(contents, kind), place});
+    return Filled(Translated("ContentsTexts", "%1 is at %2 now"), {MapName(contents, kind), place});
 }

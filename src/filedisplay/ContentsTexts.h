@@ -21,5 +21,8 @@ std::string NoCellIsSelected();
 std::string NoImageIsLoaded();
 std::string AllMarkersAreCleared();
 
+/// As the menu calls one of the notebook's maps.
+std::string MapName(TMapContents contents, TMapKind kind);
+
 /// Which map of the notebook went to `address`; 0 moves none.
 std::string MovedTo(TMapContents contents, TMapKind kind, std::int32_t address);

@@ -96,7 +96,7 @@ QString TfrmFileContents::PlaceOf(TGridCell cell) const {
 
 void TfrmFileContents::ShowPage() {
     // Another file name is what counts: commits and reloads of the same file do not refresh the
-    // view. Intended.
+    // view; intended, see docs/peculiarities.md.
     if (workspace_.romFileName != shownFile_) {
         Rebuild();
         shownFile_ = workspace_.romFileName;
@@ -139,10 +139,6 @@ void TfrmFileContents::Say(const std::string &text) {
 
 std::int32_t TfrmFileContents::CurrentAddress() const {
     return HeaderAddress(CellOffset(grdFile_->Col(), grdFile_->Row()));
-}
-
-void TfrmFileContents::chkDisplayHexClick() {
-    Rebuild();
 }
 
 void TfrmFileContents::Button1Click() {
@@ -192,18 +188,10 @@ void TfrmFileContents::Copy1Click() {
     grdFile_->CopyRectangle({0, 0, grdFile_->ColCount() - 1, grdFile_->RowCount() - 1}, '\t');
 }
 
-void TfrmFileContents::CopySelected1Click() {
-    grdFile_->CopyRectangle(grdFile_->Selection(), ',');
-}
-
 void TfrmFileContents::Print1Click() {
     redPrint_->clear();
     Copy1Click();
     redPrint_->setPlainText("\nFerrolyn\n" + tr("Contents of the ROM image, 16 bytes a row") +
                             "\n\n\n" + QGuiApplication::clipboard()->text());
     printing_.Print(*redPrint_->document(), "Ferrolyn");
-}
-
-void TfrmFileContents::PrintSetup1Click() {
-    printing_.RunSetup();
 }

@@ -35,17 +35,17 @@ public:
     /// Rebuilds the grid when the image's file name is another one than that shown; shows the page.
     void ShowPage() override;
 
-    void chkDisplayHexClick();
+    void chkDisplayHexClick() { Rebuild(); }
     void Button1Click(); ///< "Key"
     void grdFileSelectCell(int column, int row);
     void grdFileMouseDown(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
     void grdFileMouseUp(Qt::MouseButton button);
     void grdFileDblClick();
     void Copy1Click();
-    void CopySelected1Click();
+    void CopySelected1Click() { grdFile_->CopyRectangle(grdFile_->Selection(), ','); }
     /// @throws EFileError when there is no printer
     void Print1Click();
-    void PrintSetup1Click();
+    void PrintSetup1Click() { printing_.RunSetup(); }
     void btnHelpClick() { Help(); }
 
     /// Shows what an operation of the session did: colours in the grid, its text below.

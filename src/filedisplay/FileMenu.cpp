@@ -1,5 +1,6 @@
 #include "filedisplay/FileMenu.h"
 
+#include "filedisplay/ContentsTexts.h"
 #include "filedisplay/FileDisplay.h"
 #include "forms/Guard.h"
 
@@ -66,27 +67,32 @@ void TFileMenu::AddSearches(TFileSearches &searches) {
 }
 
 void TFileMenu::AddPlacing(TFilePlacing &placing) {
-    using TPlace = TFilePlacing;
-    const auto run = [&](auto handler) { return std::bind_front(handler, &placing); };
+    using enum TMapContents;
+    const auto move = [&](const char *name, TMapContents contents, TMapKind kind) {
+        return TItem{name, QString::fromStdString(MapName(contents, kind)),
+                     [=, &placing] { placing.UpdateNotebookMap(contents, kind); }};
+    };
+    const auto chart = [&](TMapShape shape, bool throughPointer) {
+        return [=, &placing] { placing.QuickMap(shape, throughPointer); };
+    };
     AddSubmenu("mnuGraphPT", tr("Update Notebook Map"),
-               {{"Fuel1", tr("Fuel Maps - Part Throttle"), run(&TPlace::Fuel1Click)},
-                {"Fuel2", tr("Fuel Maps - Idle"), run(&TPlace::Fuel2Click)},
-                {"WOTFuel1", tr("Fuel Maps - WOT"), run(&TPlace::WOTFuel1Click)},
-                {"Timing1", tr("Timing Maps - Part Throttle"), run(&TPlace::Timing1Click)},
-                {"Timing2", tr("Timing Maps - Idle"), run(&TPlace::Timing2Click)},
-                {"WOTTiming1", tr("Timing Maps - WOT"), run(&TPlace::WOTTiming1Click)}});
+               {move("Fuel1", Fuel, TMapKind::PT), move("Fuel2", Fuel, TMapKind::Idle),
+                move("WOTFuel1", Fuel, TMapKind::WOT), move("Timing1", Timing, TMapKind::PT),
+                move("Timing2", Timing, TMapKind::Idle),
+                move("WOTTiming1", Timing, TMapKind::WOT)});
     AddSubmenu("AddNotebookMap1", tr("Add Notebook Map"),
-               {{"AllHighlighted1", tr("All Highlighted"), run(&TPlace::AllHighlighted1Click)}});
+               {{"AllHighlighted1", tr("All Highlighted"),
+                 [&placing] { placing.AllHighlighted1Click(); }}});
     AddSubmenu(
         "QuickMap1", tr("Quick Map"),
         {{"SelectedCellisMapOffset1", tr("Selected Cell is 2D Map Offset"),
-          run(&TPlace::SelectedCellisMapOffset1Click)},
+          chart(TMapShape::TwoD, false)},
          {"SelectedCellisLinearMapOffset1", tr("Selected Cell is Linear Map Offset"),
-          run(&TPlace::SelectedCellisLinearMapOffset1Click)},
+          chart(TMapShape::Linear, false)},
          {"SelectedCellisMapPointerOffset1", tr("Selected Cell is address of 2D Map Address"),
-          run(&TPlace::SelectedCellisMapPointerOffset1Click)},
+          chart(TMapShape::TwoD, true)},
          {"SelectedCellisLinearMapPointer1", tr("Selected Cell is address of Linear Map Offset"),
-          run(&TPlace::SelectedCellisLinearMapPointer1Click)}});
+          chart(TMapShape::Linear, true)}});
 }
 
 void TFileMenu::AddItems(QMenu &menu, std::initializer_list<TItem> items) {

@@ -15,26 +15,16 @@
 namespace {
 constexpr std::size_t quietPages = 200; // more are made behind a window that offers "Cancel"
 
-/// The set of an added page. A base of its own, so that the set is there before the page that
-/// refers to it and goes after it.
-template <class TSet>
-class TMapSetOwner {
-protected:
-    TSet ownSet_;
-};
-
-/// `TPage` is TfrmFuelMaps with TFuelMapSet, or TfrmTimingMaps with TTimingMapSet.
+/// A page with a map set of its own.
 template <class TPage, class TSet>
-class TAddedMapPage : private TMapSetOwner<TSet>, public TPage {
-public:
-    explicit TAddedMapPage(TWorkspace &sharedWorkspace)
-        : TPage(nullptr, sharedWorkspace, TMapSetOwner<TSet>::ownSet_) {}
-};
-
-std::unique_ptr<TfrmMaps> NewPage(TMapContents contents, TWorkspace &workspace) {
-    if (contents == TMapContents::Fuel)
-        return std::make_unique<TAddedMapPage<TfrmFuelMaps, TFuelMapSet>>(workspace);
-    return std::make_unique<TAddedMapPage<TfrmTimingMaps, TTimingMapSet>>(workspace);
+std::unique_ptr<TfrmMaps> NewPage(TWorkspace &workspace) {
+    struct TOwnSet : QObject {
+        TSet set;
+    };
+    auto *own = new TOwnSet;
+    auto page = std::make_unique<TPage>(nullptr, workspace, own->set);
+    own->setParent(page.get());
+    return page;
 }
 
 TMapKind KindOf(TMapShape shape) {
@@ -43,7 +33,9 @@ TMapKind KindOf(TMapShape shape) {
 
 /// Places a page's map. The page's own controls come when it is first shown.
 std::unique_ptr<TfrmMaps> MakePage(const TMapToAdd &map, TWorkspace &workspace) {
-    std::unique_ptr<TfrmMaps> page = NewPage(map.start.contents, workspace);
+    std::unique_ptr<TfrmMaps> page = map.start.contents == TMapContents::Fuel
+                                         ? NewPage<TfrmFuelMaps, TFuelMapSet>(workspace)
+                                         : NewPage<TfrmTimingMaps, TTimingMapSet>(workspace);
     const TMapKind kind = KindOf(map.start.shape);
     page->MapSet->Map(kind).SetOffset(map.placedAt);
     page->ShowOnly(kind);
@@ -82,7 +74,13 @@ void TFilePlacing::AllHighlighted1Click() {
     const THourglass hourglass;
     const std::vector<TMapToAdd> maps =
         MapsToAdd(page_.session.Colors(), ShownMaps(), page_.CurrentAddress());
-    std::vector<std::unique_ptr<TfrmMaps>> pages = MakePages(maps);
+    std::vector<std::unique_ptr<TfrmMaps>> pages;
+    const auto make = [&] { pages.push_back(MakePage(maps[pages.size()], workspace_)); };
+    if (maps.size() > quietPages)
+        Dialogs().TakeSteps(tr("Adding pages for the highlighted maps"), int(maps.size()), make);
+    else
+        while (pages.size() < maps.size())
+            make();
     if (pages.empty())
         return;
     host->PageControl1->AddInOneGo([&] {
@@ -103,17 +101,6 @@ TShownMaps TFilePlacing::ShownMaps() {
         shown.fullThrottle.insert(page->MapSet->WOTMap->GetLocation());
     }
     return shown;
-}
-
-std::vector<std::unique_ptr<TfrmMaps>> TFilePlacing::MakePages(const std::vector<TMapToAdd> &maps) {
-    std::vector<std::unique_ptr<TfrmMaps>> pages;
-    const auto make = [&] { pages.push_back(MakePage(maps[pages.size()], workspace_)); };
-    if (maps.size() > quietPages)
-        Dialogs().TakeSteps(tr("Adding pages for the highlighted maps"), int(maps.size()), make);
-    else
-        while (pages.size() < maps.size())
-            make();
-    return pages;
 }
 
 void TFilePlacing::AddPage(std::unique_ptr<TfrmMaps> page, const TMapToAdd &map) {

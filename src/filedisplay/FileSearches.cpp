@@ -19,35 +19,22 @@ void TFileSearches::EnterParamClick(std::int32_t TSearchParameters::*parameter,
     value = NumberIn(answer).value_or(-1);
 }
 
-void TFileSearches::FindConsecutivePossFuelValsClick() {
-    const THourglass hourglass;
-    page_.ShowOutcome(page_.session.MarkPossibleFuelValues());
-}
-
-void TFileSearches::FindConsecutivePossTimeValsClick() {
-    const THourglass hourglass;
-    page_.ShowOutcome(page_.session.MarkPossibleTimingValues());
-}
-
 void TFileSearches::HighlightAValue1Click() {
     for (;;) {
         const QString answer =
             Dialogs().InputBox(tr("Find Value"), tr("Enter a value to search for"), "");
-        if (answer.isEmpty())
-            return;
         const std::optional<std::int32_t> value = NumberIn(answer);
-        if (!value || *value < 0)
-            continue; // asks again
-        const THourglass hourglass;
-        page_.ShowOutcome(page_.session.MarkValue(*value));
-        return;
+        if (value && *value >= 0)
+            Run([=](TContentsSession &own) { return own.MarkValue(*value); });
+        if (answer.isEmpty() || (value && *value >= 0))
+            return; // otherwise asks again
     }
 }
 
 void TFileSearches::FindMapPointers1Click() {
     const QString caption = tr("Indirect Ref Lookup");
     const QString answer = Dialogs().InputBox(caption, tr("Enter Address To Find"), "");
-    // The mask is asked for and kept even when there is no address; this is intended.
+    // The mask is asked for and kept even when there is no address; see docs/peculiarities.md.
     std::uint8_t &mask = page_.session.parameters.pointerMask;
     const QString bits = Dialogs().InputBox(caption, tr("Mask Bits"), QString::number(mask));
     mask = static_cast<std::uint8_t>(NumberIn(bits).value_or(0));
@@ -59,21 +46,10 @@ void TFileSearches::FindMapPointers1Click() {
         Dialogs().ShowMessage(tr("Address out of range"));
         return;
     }
-    const THourglass hourglass;
-    page_.ShowOutcome(page_.session.MarkPointers(*address));
+    Run([=](TContentsSession &own) { return own.MarkPointers(*address); });
 }
 
-void TFileSearches::ClearAllMarkers1Click() {
+void TFileSearches::Run(const std::function<TContentsOutcome(TContentsSession &)> &operation) {
     const THourglass hourglass;
-    page_.ShowOutcome(page_.session.ClearAllMarkers());
-}
-
-void TFileSearches::HighlightFromSelected(TMapShape shape, TMapContents contents) {
-    const THourglass hourglass;
-    page_.ShowOutcome(page_.session.HighlightFromRecorded(shape, contents));
-}
-
-void TFileSearches::HighlightAll(TMapShape shape, TMapContents contents) {
-    const THourglass hourglass;
-    page_.ShowOutcome(page_.session.HighlightAllMaps(shape, contents));
+    page_.ShowOutcome(operation(page_.session));
 }

@@ -18,11 +18,11 @@ public:
 
     /// Asks for one search parameter; what is no number stores -1.
     void EnterParamClick(std::int32_t TSearchParameters::*parameter, const QString &prompt);
-    void FindConsecutivePossFuelValsClick();
-    void FindConsecutivePossTimeValsClick();
+    void FindConsecutivePossFuelValsClick() { Run(&TContentsSession::MarkPossibleFuelValues); }
+    void FindConsecutivePossTimeValsClick() { Run(&TContentsSession::MarkPossibleTimingValues); }
     void HighlightAValue1Click();
     void FindMapPointers1Click();
-    void ClearAllMarkers1Click();
+    void ClearAllMarkers1Click() { Run(&TContentsSession::ClearAllMarkers); }
 
     // "Highlight Map From Current Cell": 3 is a part throttle map, 4 one of full throttle or idle.
     void Fuel3Click() { HighlightFromSelected(TMapShape::TwoD, TMapContents::Fuel); }
@@ -39,8 +39,14 @@ public:
     void Any2Click() { HighlightAll(TMapShape::Linear, TMapContents::Any); }
 
 private:
-    void HighlightFromSelected(TMapShape shape, TMapContents contents);
-    void HighlightAll(TMapShape shape, TMapContents contents);
+    /// Has the page show what an operation of its session did.
+    void Run(const std::function<TContentsOutcome(TContentsSession &)> &operation);
+    void HighlightFromSelected(TMapShape shape, TMapContents contents) {
+        Run([=](TContentsSession &own) { return own.HighlightFromRecorded(shape, contents); });
+    }
+    void HighlightAll(TMapShape shape, TMapContents contents) {
+        Run([=](TContentsSession &own) { return own.HighlightAllMaps(shape, contents); });
+    }
 
     TfrmFileContents &page_;
 };

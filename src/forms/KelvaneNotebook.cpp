@@ -238,10 +238,6 @@ void TfrmKelvaneNotebook::btnCancelClick() {
     CurrentPage()->CancelPage();
 }
 
-void TfrmKelvaneNotebook::btnCloseClick() {
-    close();
-}
-
 void TfrmKelvaneNotebook::showEvent(QShowEvent *event) {
     QMainWindow::showEvent(event);
     if (std::exchange(shown_, true))

@@ -85,7 +85,7 @@ public:
     void btnPrintClick();
     void btnSaveClick();
     void btnCancelClick();
-    void btnCloseClick(); ///< closes the window
+    void btnCloseClick() { close(); }
 
 protected:
     /// Runs once, with the first show event: selects the first tab and enters its page. Overriders

@@ -35,16 +35,16 @@ protected:
         const int notches = turned_ / wheelNotch;
         turned_ %= wheelNotch;
         if (notches != 0)
-            pages_.StepByMouse(notches > 0 ? -1 : 1);
+            pages_.SelectByMouse(pages_.TabAtStep(notches > 0 ? -1 : 1, false));
     }
 
     void keyPressEvent(QKeyEvent *event) override {
         const int forward = isRightToLeft() ? -1 : 1;
         switch (event->key()) {
         case Qt::Key_Left:
-            return pages_.StepByUser(-forward, false);
+            return pages_.SelectByUser(pages_.TabAtStep(-forward, false));
         case Qt::Key_Right:
-            return pages_.StepByUser(forward, false);
+            return pages_.SelectByUser(pages_.TabAtStep(forward, false));
         case Qt::Key_Home:
             return pages_.SelectByUser(0);
         case Qt::Key_End:
@@ -59,24 +59,21 @@ private:
     int turned_ = 0;
 };
 
-/// +1 and -1 for the keys that go to the next and the previous tab from anywhere in a page.
+/// The keys that go to the next (+1) and the previous (-1) tab from anywhere in a page.
+constexpr std::pair<QKeyCombination, int> tabKeys[] = {{Qt::CTRL | Qt::Key_Tab, 1},
+                                                       {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, -1},
+                                                       {Qt::CTRL | Qt::Key_PageDown, 1},
+                                                       {Qt::CTRL | Qt::Key_PageUp, -1}};
+
 int StepOfKey(const QKeyEvent &event) {
+    const bool back = event.key() == Qt::Key_Backtab; // which is Shift and Tab
     const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
-    const bool shift = held == (Qt::ControlModifier | Qt::ShiftModifier);
-    if (held != Qt::ControlModifier && !shift)
-        return 0;
-    switch (event.key()) {
-    case Qt::Key_Tab:
-        return shift ? -1 : 1;
-    case Qt::Key_Backtab:
-        return -1;
-    case Qt::Key_PageDown:
-        return shift ? 0 : 1;
-    case Qt::Key_PageUp:
-        return shift ? 0 : -1;
-    default:
-        return 0;
-    }
+    const QKeyCombination pressed(back ? held | Qt::ShiftModifier : held,
+                                  back ? Qt::Key_Tab : Qt::Key(event.key()));
+    for (const auto &[keys, step] : tabKeys)
+        if (keys == pressed)
+            return step;
+    return 0;
 }
 } // namespace
 
@@ -86,16 +83,12 @@ TPageControl::TPageControl(QWidget *parent) : QTabWidget(parent) {
     connect(this, &QTabWidget::currentChanged, this, [this] { CurrentTabChanged(); });
     // Grids and memos keep some of these keys for themselves, hence shortcuts and not key events
     // alone.
-    AddTabShortcut(Qt::CTRL | Qt::Key_Tab, 1);
-    AddTabShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, -1);
-    AddTabShortcut(Qt::CTRL | Qt::Key_PageDown, 1);
-    AddTabShortcut(Qt::CTRL | Qt::Key_PageUp, -1);
-}
-
-void TPageControl::AddTabShortcut(const QKeySequence &keys, int step) {
-    auto *shortcut = new QShortcut(keys, this);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, this, [this, step] { StepByUser(step, true); });
+    for (const auto &[keys, step] : tabKeys) {
+        auto *shortcut = new QShortcut(keys, this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this,
+                [this, by = step] { SelectByUser(TabAtStep(by, true)); });
+    }
 }
 
 void TPageControl::SelectByUser(int index) {
@@ -153,15 +146,6 @@ void TPageControl::SelectByMouse(int index) {
         Guarded(OnMouseChoice);
 }
 
-void TPageControl::StepByUser(int step, bool wrap) {
-    SelectByUser(TabAtStep(step, wrap));
-}
-
-void TPageControl::StepByMouse(int step) {
-    SelectByMouse(TabAtStep(step, false));
-}
-
-/// The next tab in that direction that can be selected; -1 when there is none.
 int TPageControl::TabAtStep(int step, bool wrap) const {
     for (int tried = 1, index = currentIndex(); tried < count(); ++tried) {
         index += step;
@@ -177,7 +161,7 @@ void TPageControl::keyPressEvent(QKeyEvent *event) {
     const int step = StepOfKey(*event);
     event->setAccepted(step != 0);
     if (step != 0)
-        StepByUser(step, true);
+        SelectByUser(TabAtStep(step, true));
 }
 
 /// Accessibility tools set the index directly. Such a change is taken back and asked for in the

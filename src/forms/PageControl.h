@@ -38,18 +38,15 @@ public:
     /// Each tab that comes by itself has the whole bar laid out anew.
     void AddInOneGo(const std::function<void()> &add);
 
-    /// SelectByUser on the next (+1) or previous (-1) enabled tab; wraps round when told to.
-    void StepByUser(int step, bool wrap);
-    /// SelectByMouse on the next or previous enabled tab, if there is one.
-    void StepByMouse(int step);
+    /// The next (+1) or previous (-1) tab that can be selected, behind the last the first when told
+    /// to wrap round; -1 when there is none.
+    int TabAtStep(int step, bool wrap) const;
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void tabInserted(int index) override;
 
 private:
-    int TabAtStep(int step, bool wrap) const;
-    void AddTabShortcut(const QKeySequence &keys, int step);
     void CurrentTabChanged();
     void TakeFocusOutOfPage();
     bool MayChange();

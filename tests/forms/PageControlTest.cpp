@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QTabBar>
 #include <QTableView>
 #include <QTest>
@@ -434,6 +435,11 @@ TEST_F(PageControl, TabsInOneGoAreNotLaidOutOnTheirWay) {
 }
 
 TEST_F(PageControl, TabsInOneGoLeaveTheFocus) {
+    QMainWindow window;
+    window.setCentralWidget(&pages);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     auto *edit = pages.findChild<QLineEdit *>("oneEdit");
     edit->setFocus();
     pages.AddInOneGo([this] { AddTabs(pages, 3); });
@@ -441,6 +447,7 @@ TEST_F(PageControl, TabsInOneGoLeaveTheFocus) {
     pages.tabBar()->setFocus();
     pages.AddInOneGo([this] { AddTabs(pages, 3); });
     EXPECT_TRUE(pages.tabBar()->hasFocus());
+    window.takeCentralWidget();
 }
 
 TEST_F(PageControl, TabsThatCameBeforeAnErrorStay) {

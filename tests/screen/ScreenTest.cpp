@@ -149,7 +149,7 @@ TEST_F(TScreenTest, TheKeyWindowLeavesTheKeysToThePage) {
 
 TEST_F(TScreenTest, AQuickMapLeavesTheKeysToThePage) {
     TfrmFileContents &page = EnterContents();
-    page.placing.SelectedCellisMapOffset1Click();
+    page.placing.QuickMap(TMapShape::TwoD, false);
     auto &chart = FindControl<QWidget>(window, "frmQuickChart");
     ASSERT_TRUE(WaitFor([&] { return IsUp(chart); }));
     ExpectKeysInThePage();
