@@ -49,7 +49,7 @@ void TFileSearches::FindMapPointers1Click() {
     Run([=](TContentsSession &own) { return own.MarkPointers(*address); });
 }
 
-void TFileSearches::Run(const std::function<TContentsOutcome(TContentsSession &)> &operation) {
+void TFileSearches::Run(const std::function<std::string(TContentsSession &)> &operation) {
     const THourglass hourglass;
     page_.ShowOutcome(operation(page_.session));
 }

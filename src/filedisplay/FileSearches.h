@@ -40,7 +40,7 @@ public:
 
 private:
     /// Has the page show what an operation of its session did.
-    void Run(const std::function<TContentsOutcome(TContentsSession &)> &operation);
+    void Run(const std::function<std::string(TContentsSession &)> &operation);
     void HighlightFromSelected(TMapShape shape, TMapContents contents) {
         Run([=](TContentsSession &own) { return own.HighlightFromRecorded(shape, contents); });
     }
