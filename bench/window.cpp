@@ -32,9 +32,8 @@ void ShowContents(TfrmNotebook &window) {
 int main(int argc, char **argv) {
     TLibraryLoader loader;
     LoadNetworkFunctions(loader, false);
-    const std::unique_ptr<IWindowFinder> finder = DesktopWindowFinder();
-    TSingleInstanceGuard guard(*finder);
-    if (guard.Check() == TStart::End)
+    TSingleInstanceGuard guard;
+    if (guard.Check(*DesktopWindowFinder()) == TStart::End)
         return 1;
     QApplication application(argc, argv);
     SetUpApplication();

@@ -6,7 +6,7 @@
 #include "model/Numbers.h"
 
 #include "FuzzInput.h"
-#include "model/Errors.h"
+#include "system/Errors.h"
 
 #include <algorithm>
 #include <array>

@@ -7,8 +7,8 @@
 #include "spec/SpecFile.h"
 
 #include "FuzzInput.h"
-#include "spec/PlainText.h"
 #include "support/TemporaryFolder.h"
+#include "system/PlainText.h"
 
 #include <array>
 #include <cstring>

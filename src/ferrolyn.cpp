@@ -5,25 +5,16 @@
 #include "spec/NetUtils.h"
 #include "spec/SingleInstance.h"
 #include "spec/main.h"
+#include "system/NtFamily.h"
 
 #include <QApplication>
 
-namespace {
-TNetFunctions LookUpNetworkFunctions() {
-    TLibraryLoader loader;
-#ifdef Q_OS_WIN
-    return LoadNetworkFunctions(loader, true);
-#else
-    return LoadNetworkFunctions(loader, false);
-#endif
-}
-} // namespace
-
 int main(int argc, char **argv) {
-    const TNetFunctions networkFunctions = LookUpNetworkFunctions();
-    const std::unique_ptr<IWindowFinder> finder = DesktopWindowFinder();
-    TSingleInstanceGuard guard(*finder);
-    if (guard.Check() == TStart::End)
+    TLibraryLoader loader;
+    const TNetFunctions networkFunctions = LoadNetworkFunctions(loader, IsNtFamily());
+    TSingleInstanceGuard guard;
+    // The finder goes at once: from here on the toolkit alone talks to the desktop.
+    if (guard.Check(*DesktopWindowFinder()) == TStart::End)
         return 0;
 
     QApplication application(argc, argv);

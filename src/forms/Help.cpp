@@ -3,7 +3,7 @@
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
 #include "forms/Paths.h"
-#include "model/Errors.h"
+#include "system/Errors.h"
 
 #include <filesystem>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "forms/Printing.h"
 
 #include "forms/QtDialogs.h"
-#include "model/Errors.h"
+#include "system/Errors.h"
 
 #include <QPrintDialog>
 #include <QPrinter>

@@ -1,8 +1,8 @@
 #include "maps/BulkAdjust.h"
 
-#include "model/Errors.h"
 #include "model/Numbers.h"
-#include "model/Texts.h"
+#include "system/Errors.h"
+#include "system/Texts.h"
 
 #include <cmath>
 

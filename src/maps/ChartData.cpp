@@ -1,6 +1,7 @@
 #include "maps/ChartData.h"
 
 #include "model/Numbers.h"
+#include "system/Errors.h"
 
 namespace {
 void AddCell(const IMapGrid &grid, int column, int row, IMapChart &chart, int series) {

@@ -1,6 +1,6 @@
 #include "maps/PasteBuffer.h"
 
-#include "model/Texts.h"
+#include "system/Texts.h"
 
 namespace {
 std::string KindName(TMapKind kind) {

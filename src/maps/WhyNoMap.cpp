@@ -1,7 +1,7 @@
 #include "maps/WhyNoMap.h"
 
 #include "model/Numbers.h"
-#include "model/Texts.h"
+#include "system/Texts.h"
 
 namespace {
 bool IsPlaced(const TMap &map) {

@@ -3,7 +3,7 @@
 #include "model/Messages.h"
 #include "model/Numbers.h"
 #include "model/ROMImage.h"
-#include "model/Texts.h"
+#include "system/Texts.h"
 
 #include <exception>
 #include <new>

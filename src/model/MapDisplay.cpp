@@ -2,7 +2,7 @@
 #include "model/MapTypes.h"
 #include "model/Messages.h"
 #include "model/Numbers.h"
-#include "model/Texts.h"
+#include "system/Texts.h"
 
 #include <exception>
 #include <optional>

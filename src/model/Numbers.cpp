@@ -1,7 +1,7 @@
 #include "model/Numbers.h"
 
-#include "model/Errors.h"
-#include "model/Texts.h"
+#include "system/Errors.h"
+#include "system/Texts.h"
 
 #include <algorithm>
 #include <array>

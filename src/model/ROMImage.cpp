@@ -1,6 +1,7 @@
 #include "model/ROMImage.h"
 
-#include "model/SafeFile.h"
+#include "system/ReadFile.h"
+#include "system/SafeFile.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,17 +1,13 @@
 #include "spec/IniFile.h"
 
 #include "model/ROMTypes.h"
-#include "spec/PlainText.h"
+#include "system/PlainText.h"
+#include "system/ReadFile.h"
+#include "system/SafeFile.h"
 
 #include <algorithm>
 
 namespace {
-
-bool SameName(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char left, char right) { return lower(left) == lower(right); });
-}
 
 // A header without its closing bracket heads nothing and is kept as an unknown line.
 bool IsHeader(std::string_view line) {

@@ -26,8 +26,6 @@ struct TMainThreadCall::TMailbox {
 
 TMainThreadCall::TMainThreadCall() : mailbox_(std::make_shared<TMailbox>()) {}
 
-TMainThreadCall::~TMainThreadCall() = default;
-
 bool TMainThreadCall::Run(const std::stop_token &stop, std::function<void()> work) {
     if (stop.stop_requested())
         return false;

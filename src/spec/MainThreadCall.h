@@ -15,7 +15,6 @@ class TMainThreadCall : public QObject {
     Q_OBJECT
 public:
     TMainThreadCall();
-    ~TMainThreadCall() override;
 
     /// Called by the worker: has `work` run by the main thread's event loop and waits for its end.
     ///

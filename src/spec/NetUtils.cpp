@@ -1,7 +1,7 @@
 #include "spec/NetUtils.h"
 
 #include "model/Messages.h"
-#include "model/Texts.h"
+#include "system/Texts.h"
 
 #include <span>
 
@@ -11,12 +11,6 @@ constexpr const char *ntFunctions[] = {
     "NetFileEnum",   "NetFileGetInfo",      "NetFileClose",     "NetSessionEnum",
     "NetSessionDel", "NetWkstaUserGetInfo", "NetUserGetGroups", "NetUserGetLocalGroups"};
 constexpr const char *otherFunctions[] = {"NetShareAdd", "NetShareDel", "NetShareGetInfo"};
-
-std::span<const char *const> FunctionNames(bool ntFamily) {
-    if (ntFamily)
-        return ntFunctions;
-    return otherFunctions;
-}
 } // namespace
 
 bool TLibraryLoader::Load(const std::string &library) {
@@ -32,7 +26,8 @@ TNetFunctions LoadNetworkFunctions(ILibraryLoader &loader, bool ntFamily) {
     TNetFunctions functions;
     if (!loader.Load(ntFamily ? "NETAPI32.DLL" : "SVRAPI.DLL"))
         return functions;
-    for (const char *name : FunctionNames(ntFamily))
+    using TNames = std::span<const char *const>;
+    for (const char *name : ntFamily ? TNames(ntFunctions) : TNames(otherFunctions))
         functions[name] = loader.Resolve(name);
     return functions;
 }

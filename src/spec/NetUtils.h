@@ -1,5 +1,5 @@
 // The look-up of the network-management functions, done once before the program's entry. Nothing
-// else uses what is found here; that is intended.
+// else uses what is found here: see docs/peculiarities.md.
 #pragma once
 
 #include <map>

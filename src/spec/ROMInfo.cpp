@@ -2,11 +2,11 @@
 
 #include "forms/KelvaneNotebook.h"
 #include "forms/Paths.h"
-#include "model/Errors.h"
 #include "model/ROMTypes.h"
-#include "model/SafeFile.h"
 #include "spec/MappingChoice.h"
 #include "spec/offsetentry.h"
+#include "system/Errors.h"
+#include "system/SafeFile.h"
 
 #include <exception>
 #include <system_error>

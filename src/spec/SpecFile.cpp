@@ -1,6 +1,7 @@
 #include "spec/SpecFile.h"
 
-#include "spec/PlainText.h"
+#include "system/PlainText.h"
+#include "system/ReadFile.h"
 
 #include <algorithm>
 #include <exception>

@@ -22,27 +22,24 @@ class TTimerThread {
 public:
     explicit TTimerThread(TThreadedTimer &owner);
 
-    /// Lets the thread sleep and tick, every `interval` milliseconds. The interval starts anew when
-    /// the thread was suspended or slept for another one.
-    void Resume(std::uint16_t interval);
-    /// Wakes a sleeping thread and holds it until Resume.
-    void Suspend();
-    /// Sets the thread's scheduling as far as the platform allows it; otherwise does nothing.
+    /// Lets the thread sleep and tick, every `interval` milliseconds; 0 suspends it, out of its
+    /// sleep too. The interval starts anew when the thread slept for another one.
+    void SetInterval(std::uint16_t interval);
+    /// The idle priority lets the thread run only when no other wants to. The others are one: a
+    /// program without special rights cannot tell its threads apart further.
     void SetPriority(QThread::Priority priority);
 
 private:
-    void SetPace(bool suspended, std::uint16_t interval);
     void Execute(const std::stop_token &stop);
     bool SleepInterval(const std::stop_token &stop);
 
     TThreadedTimer &owner_;
     TMainThreadCall handOver_;
-    std::mutex mutex_; ///< guards the four fields below
+    std::mutex mutex_; ///< guards the three fields below
     std::condition_variable_any changed_;
-    bool suspended_ = true;
-    std::uint16_t interval_ = 0;
-    std::uint64_t pace_ = 0; ///< counts the changes of suspended_ and interval_
-    std::jthread thread_;    ///< last: it ends before anything that it uses
+    std::uint16_t interval_ = 0; ///< 0: suspended
+    std::uint64_t changes_ = 0;  ///< of interval_
+    std::jthread thread_;        ///< last: it ends before anything that it uses
 };
 
 /// Belongs to the main thread, which alone calls it. May be destroyed at any moment, also by its

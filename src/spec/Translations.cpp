@@ -1,6 +1,6 @@
 #include "spec/Translations.h"
 
-#include "model/Texts.h"
+#include "system/Texts.h"
 
 #include <memory>
 

@@ -2,7 +2,7 @@
 // message that says why; what is shown is shown quickly.
 #include "forms/Help.h"
 #include "forms/ProgramFile.h"
-#include "model/Errors.h"
+#include "system/Errors.h"
 
 #include <filesystem>
 #include <functional>

@@ -30,8 +30,8 @@ const std::string lockName = "SingleInstanceProgramHMutex";
 class TCopy {
 public:
     explicit TCopy(const fs::path &folder)
-        : guard_(nothing_, QString::fromStdString(folder.string()), milliseconds(0)) {}
-    TStart Check() { return guard_.Check(); }
+        : guard_(QString::fromStdString(folder.string()), milliseconds(0)) {}
+    TStart Check() { return guard_.Check(nothing_); }
 
 private:
     TNothingFound nothing_;

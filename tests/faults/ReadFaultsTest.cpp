@@ -3,11 +3,11 @@
 #include "FaultCases.h"
 #include "forms/Help.h"
 #include "forms/ProgramFile.h"
-#include "model/Errors.h"
 #include "model/ROMImage.h"
 #include "spec/IniFile.h"
 #include "spec/SpecFile.h"
 #include "support/TemporaryFolder.h"
+#include "system/Errors.h"
 
 #include <algorithm>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "Savings.h"
 
-#include "model/Errors.h"
+#include "system/Errors.h"
 
 #include <algorithm>
 #include <sys/stat.h>

@@ -1,7 +1,7 @@
 // What is no plain file, under the names of images and spec files: links, pipes, devices, sockets,
 // folders. It is left out of the list or refused with a message, at once, and nothing is lost.
-#include "model/SafeFile.h"
 #include "pages/ROMInfoFixture.h"
+#include "system/SafeFile.h"
 
 #include <cerrno>
 #include <functional>

@@ -1,9 +1,10 @@
 // The temporary file of a save, as somebody who watches the folder sees it: its name, who may read
 // it, and what of its kind a later save removes.
 #include "Savings.h"
-#include "model/Errors.h"
-#include "model/SafeFile.h"
 #include "support/TemporaryFolder.h"
+#include "system/Errors.h"
+#include "system/ReadFile.h"
+#include "system/SafeFile.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -165,7 +166,7 @@ TEST_F(TTemporaryFileTest, AFileThatGrowsOrShrinksWhileItIsReadIsRefused) {
         TFault fault{TEffect::ComesLate, 0, {TCall::Read}};
         fault.meanwhile = [&] { fs::resize_file(target, length); };
         const TFaultInjection injection(folder.Path(), {fault});
-        EXPECT_THROW(ReadWholeFile(target), EFileError) << length;
+        EXPECT_THROW(ReadWholeFile(target, 100000), EFileError) << length;
     }
 }
 

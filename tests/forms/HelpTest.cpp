@@ -1,8 +1,8 @@
 #include "forms/Help.h"
 
 #include "forms/ProgramFile.h"
-#include "model/Errors.h"
 #include "support/FakeDialogs.h"
+#include "system/Errors.h"
 
 #include <memory>
 

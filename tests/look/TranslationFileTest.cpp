@@ -1,7 +1,7 @@
 // Finding the user's translation: which file for which language, and what stays as it is.
-#include "model/Texts.h"
 #include "spec/Translations.h"
 #include "support/TemporaryFolder.h"
+#include "system/Texts.h"
 
 #include <QApplication>
 #include <QDataStream>

@@ -7,10 +7,10 @@
 #include "look/VisibleTexts.h"
 #include "maps/AreaChart.h"
 #include "maps/PasteBuffer.h"
-#include "model/Texts.h"
 #include "spec/SpecFile.h"
 #include "spec/main.h"
 #include "support/FakeDialogs.h"
+#include "system/Texts.h"
 
 #include <regex>
 

@@ -1,9 +1,9 @@
 // The bulk adjust tool's ranges and arithmetic, and what it does to a grid's texts and colours.
 #include "maps/BulkAdjust.h"
 
-#include "model/Errors.h"
 #include "model/Numbers.h"
 #include "support/FakeMapViews.h"
+#include "system/Errors.h"
 
 #include <limits>
 

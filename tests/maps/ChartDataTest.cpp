@@ -2,11 +2,11 @@
 // rules on random grids and maps.
 #include "maps/ChartData.h"
 
-#include "model/Errors.h"
 #include "model/Numbers.h"
 #include "support/FailingVals.h"
 #include "support/FakeMapViews.h"
 #include "support/ModelFixture.h"
+#include "system/Errors.h"
 
 #include <random>
 #include <span>

@@ -1,7 +1,7 @@
 #include "model/Numbers.h"
 
-#include "model/Errors.h"
 #include "support/ModelFixture.h"
+#include "system/Errors.h"
 
 #include <cmath>
 #include <cstdint>

@@ -1,8 +1,8 @@
 // Edits on the map pages that are cut, refused, discarded or fail, up to the commit; and the timing
 // page's own numbers.
-#include "model/Errors.h"
 #include "model/Numbers.h"
 #include "pages/MapPageFixture.h"
+#include "system/Errors.h"
 
 namespace {
 using TMapsEditTest = TFuelPageTest;

@@ -1,6 +1,6 @@
 #include "filedisplay/ContentsTexts.h"
 
-#include "model/Texts.h"
+#include "system/Texts.h"
 
 #include <ostream>
 

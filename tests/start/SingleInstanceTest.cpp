@@ -44,10 +44,11 @@ struct TWithoutApplication {
 const TWithoutApplication withoutApplication = [] {
     const QTemporaryDir folder;
     TNothingFound finder;
-    TSingleInstanceGuard first(finder, folder.path(), shortWait);
-    const TStart firstStart = first.Check();
-    TSingleInstanceGuard second(finder, folder.path(), shortWait);
-    return TWithoutApplication{QCoreApplication::instance() != nullptr, firstStart, second.Check()};
+    TSingleInstanceGuard first(folder.path(), shortWait);
+    const TStart firstStart = first.Check(finder);
+    TSingleInstanceGuard second(folder.path(), shortWait);
+    return TWithoutApplication{QCoreApplication::instance() != nullptr, firstStart,
+                               second.Check(finder)};
 }();
 
 class SingleInstance : public testing::Test {
@@ -65,8 +66,8 @@ protected:
 
 TEST_F(SingleInstance, AFreeLockLetsThisCopyGoAndIsHeldUntilReleased) {
     ExpectSearch(0);
-    TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
-    EXPECT_EQ(guard.Check(), TStart::Go);
+    TSingleInstanceGuard guard(folder_.path(), shortWait);
+    EXPECT_EQ(guard.Check(finder_), TStart::Go);
     EXPECT_TRUE(QFile::exists(LockFile()));
     guard.Release();
     EXPECT_FALSE(QFile::exists(LockFile()));
@@ -75,19 +76,19 @@ TEST_F(SingleInstance, AFreeLockLetsThisCopyGoAndIsHeldUntilReleased) {
 
 TEST_F(SingleInstance, AHeldLockEndsThisCopyWithoutASearch) {
     ExpectSearch(0);
-    TSingleInstanceGuard first(finder_, folder_.path(), shortWait);
-    ASSERT_EQ(first.Check(), TStart::Go);
-    TSingleInstanceGuard second(finder_, folder_.path(), shortWait);
-    EXPECT_EQ(second.Check(), TStart::End);
+    TSingleInstanceGuard first(folder_.path(), shortWait);
+    ASSERT_EQ(first.Check(finder_), TStart::Go);
+    TSingleInstanceGuard second(folder_.path(), shortWait);
+    EXPECT_EQ(second.Check(finder_), TStart::End);
     EXPECT_TRUE(QFile::exists(LockFile())) << "the first copy's lock";
 }
 
 TEST_F(SingleInstance, TheSecondCopyGoesOnceTheFirstHasReleased) {
     TNothingFound nothing;
-    TSingleInstanceGuard first(nothing, folder_.path(), shortWait);
-    ASSERT_EQ(first.Check(), TStart::Go);
+    TSingleInstanceGuard first(folder_.path(), shortWait);
+    ASSERT_EQ(first.Check(nothing), TStart::Go);
     auto second = std::async(std::launch::async,
-                             [&] { return TSingleInstanceGuard(nothing, folder_.path()).Check(); });
+                             [&] { return TSingleInstanceGuard(folder_.path()).Check(nothing); });
     first.Release();
     EXPECT_EQ(second.get(), TStart::Go);
 }
@@ -95,8 +96,8 @@ TEST_F(SingleInstance, TheSecondCopyGoesOnceTheFirstHasReleased) {
 TEST_F(SingleInstance, TheDestructorReleases) {
     TNothingFound nothing;
     for (int copy = 0; copy < 2; ++copy) {
-        TSingleInstanceGuard guard(nothing, folder_.path(), shortWait);
-        EXPECT_EQ(guard.Check(), TStart::Go);
+        TSingleInstanceGuard guard(folder_.path(), shortWait);
+        EXPECT_EQ(guard.Check(nothing), TStart::Go);
     }
 }
 
@@ -106,14 +107,14 @@ TEST_F(SingleInstance, TheLockOfADeadProcessIsTaken) {
     file.write("2147483647\nferrolyn\n" + QSysInfo::machineHostName().toUtf8() + "\n");
     file.close();
     ExpectSearch(0);
-    TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
-    EXPECT_EQ(guard.Check(), TStart::Go);
+    TSingleInstanceGuard guard(folder_.path(), shortWait);
+    EXPECT_EQ(guard.Check(finder_), TStart::Go);
 }
 
 TEST_F(SingleInstance, AFolderThatCannotBeUsedIsNoReasonNotToStart) {
     ExpectSearch(0);
-    TSingleInstanceGuard guard(finder_, folder_.filePath("missing/folder"), shortWait);
-    EXPECT_EQ(guard.Check(), TStart::Go);
+    TSingleInstanceGuard guard(folder_.filePath("missing/folder"), shortWait);
+    EXPECT_EQ(guard.Check(finder_), TStart::Go);
     guard.Release();
 }
 
@@ -122,8 +123,8 @@ TEST_F(SingleInstance, AMinimisedRunningCopyIsShown) {
     EXPECT_CALL(finder_, OwnerOf(notebookWindow)).WillOnce(Return(owner));
     EXPECT_CALL(finder_, IsMinimised(owner)).WillOnce(Return(true));
     EXPECT_CALL(finder_, ShowNormal(owner));
-    TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
-    EXPECT_EQ(guard.Check(), TStart::End);
+    TSingleInstanceGuard guard(folder_.path(), shortWait);
+    EXPECT_EQ(guard.Check(finder_), TStart::End);
     EXPECT_FALSE(QFile::exists(LockFile()));
 }
 
@@ -132,15 +133,15 @@ TEST_F(SingleInstance, ANormalRunningCopyIsBroughtToTheForeground) {
     EXPECT_CALL(finder_, OwnerOf(notebookWindow)).WillOnce(Return(owner));
     EXPECT_CALL(finder_, IsMinimised(owner)).WillOnce(Return(false));
     EXPECT_CALL(finder_, BringToForeground(owner));
-    TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
-    EXPECT_EQ(guard.Check(), TStart::End);
+    TSingleInstanceGuard guard(folder_.path(), shortWait);
+    EXPECT_EQ(guard.Check(finder_), TStart::End);
 }
 
 TEST_F(SingleInstance, ARunningCopyWithoutAnOwnerWindowIsLeftAlone) {
     ExpectSearch(notebookWindow);
     EXPECT_CALL(finder_, OwnerOf(notebookWindow)).WillOnce(Return(0U));
-    TSingleInstanceGuard guard(finder_, folder_.path(), shortWait);
-    EXPECT_EQ(guard.Check(), TStart::End);
+    TSingleInstanceGuard guard(folder_.path(), shortWait);
+    EXPECT_EQ(guard.Check(finder_), TStart::End);
 }
 
 TEST_F(SingleInstance, TheLockLiesInTheRuntimeFolder) {

@@ -1,4 +1,4 @@
-#include "spec/X11WindowFinder.h"
+#include "system/WindowFinder.h"
 
 #include "start/WaitFor.h"
 #include "start/XServer.h"
@@ -14,7 +14,7 @@
 
 namespace {
 /// An X server of its own and, on a second connection, another program's windows.
-class X11WindowFinder : public testing::Test {
+class WindowFinder : public testing::Test {
 protected:
     static void SetUpTestSuite() { server = std::make_unique<TXServer>(); }
     static void TearDownTestSuite() { server.reset(); }
@@ -24,8 +24,7 @@ protected:
         other_ = xcb_connect(server->Display().constData(), nullptr);
         ASSERT_EQ(xcb_connection_has_error(other_), 0);
         root_ = xcb_setup_roots_iterator(xcb_get_setup(other_)).data->root;
-        finder_ = TX11WindowFinder::Connect();
-        ASSERT_TRUE(finder_);
+        finder_ = DesktopWindowFinder();
     }
     void TearDown() override {
         if (finder_)
@@ -78,12 +77,12 @@ protected:
     QByteArray before_;
     xcb_connection_t *other_ = nullptr;
     TWindowId root_ = 0;
-    std::unique_ptr<TX11WindowFinder> finder_;
+    std::unique_ptr<IWindowFinder> finder_;
 };
-std::unique_ptr<TXServer> X11WindowFinder::server;
+std::unique_ptr<TXServer> WindowFinder::server;
 } // namespace
 
-TEST_F(X11WindowFinder, FindsClassAndTitleExactly) {
+TEST_F(WindowFinder, FindsClassAndTitleExactly) {
     EXPECT_EQ(Search(), 0U);
     NewWindow(root_, "TfrmNotebook", "Ferrolyn");
     NewWindow(root_, "TfrmNotebook", "Ferrolyn - map.bin");
@@ -95,13 +94,13 @@ TEST_F(X11WindowFinder, FindsClassAndTitleExactly) {
     EXPECT_EQ(Search(), notebook);
 }
 
-TEST_F(X11WindowFinder, FindsAWindowInsideAFrame) {
+TEST_F(WindowFinder, FindsAWindowInsideAFrame) {
     const TWindowId frame = NewWindow(root_, "frame", "frame");
     const TWindowId notebook = NewWindow(frame, "TfrmNotebook", "Ferrolyn ");
     EXPECT_EQ(Search(), notebook);
 }
 
-TEST_F(X11WindowFinder, TheNewerTitleRules) {
+TEST_F(WindowFinder, TheNewerTitleRules) {
     const TWindowId notebook = NewNotebook();
     SetText(notebook, Atom("_NET_WM_NAME"), "Ferrolyn");
     EXPECT_EQ(Search(), 0U);
@@ -110,7 +109,7 @@ TEST_F(X11WindowFinder, TheNewerTitleRules) {
     EXPECT_EQ(Search(), notebook);
 }
 
-TEST_F(X11WindowFinder, LooksOnlyAtWhatTheWindowManagerLists) {
+TEST_F(WindowFinder, LooksOnlyAtWhatTheWindowManagerLists) {
     const TWindowId unlisted = NewNotebook();
     const TWindowId listed = NewNotebook();
     const TWindowId gone = listed + 1000;
@@ -120,7 +119,7 @@ TEST_F(X11WindowFinder, LooksOnlyAtWhatTheWindowManagerLists) {
     EXPECT_EQ(Search(), unlisted);
 }
 
-TEST_F(X11WindowFinder, TheOwnerIsTheParentOfADialogOrTheGroupLeader) {
+TEST_F(WindowFinder, TheOwnerIsTheParentOfADialogOrTheGroupLeader) {
     constexpr std::uint32_t leaderGiven = 64;
     const TWindowId notebook = NewNotebook();
     const TWindowId leader = NewWindow(root_, "leader", "leader");
@@ -136,7 +135,7 @@ TEST_F(X11WindowFinder, TheOwnerIsTheParentOfADialogOrTheGroupLeader) {
     EXPECT_EQ(finder_->OwnerOf(notebook), parent);
 }
 
-TEST_F(X11WindowFinder, OnlyTheIconicStateIsMinimised) {
+TEST_F(WindowFinder, OnlyTheIconicStateIsMinimised) {
     const TWindowId notebook = NewNotebook();
     const xcb_atom_t state = Atom("WM_STATE");
     EXPECT_FALSE(finder_->IsMinimised(notebook));
@@ -146,7 +145,7 @@ TEST_F(X11WindowFinder, OnlyTheIconicStateIsMinimised) {
     EXPECT_TRUE(finder_->IsMinimised(notebook));
 }
 
-TEST_F(X11WindowFinder, ShowingNormallyMapsTheWindow) {
+TEST_F(WindowFinder, ShowingNormallyMapsTheWindow) {
     const TWindowId notebook = NewNotebook();
     finder_->ShowNormal(notebook);
     const auto mapped = [&] {
@@ -159,7 +158,7 @@ TEST_F(X11WindowFinder, ShowingNormallyMapsTheWindow) {
     EXPECT_TRUE(WaitFor(mapped));
 }
 
-TEST_F(X11WindowFinder, BringingToTheForegroundAsksTheWindowManager) {
+TEST_F(WindowFinder, BringingToTheForegroundAsksTheWindowManager) {
     const TWindowId notebook = NewNotebook();
     const xcb_atom_t request = Atom("_NET_ACTIVE_WINDOW");
     const std::uint32_t listen = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
@@ -181,7 +180,7 @@ TEST_F(X11WindowFinder, BringingToTheForegroundAsksTheWindowManager) {
     EXPECT_TRUE(WaitFor(seen));
 }
 
-TEST_F(X11WindowFinder, AWindowThatHasGoneIsNone) {
+TEST_F(WindowFinder, AWindowThatHasGoneIsNone) {
     const TWindowId gone = NewNotebook();
     xcb_destroy_window(other_, gone);
     Sync();
@@ -192,15 +191,21 @@ TEST_F(X11WindowFinder, AWindowThatHasGoneIsNone) {
     EXPECT_EQ(Search(), 0U);
 }
 
-TEST_F(X11WindowFinder, WithoutAServerThereIsNoFinderAndNothingIsFound) {
-    for (const char *nowhere : {"", ":63999"}) {
-        qputenv("DISPLAY", nowhere);
-        EXPECT_FALSE(TX11WindowFinder::Connect());
+TEST_F(WindowFinder, WithoutAServerNothingIsFound) {
+    const auto expectNothing = [] {
         const auto finder = DesktopWindowFinder();
         EXPECT_EQ(finder->Find("TfrmNotebook", "Ferrolyn "), 0U);
         EXPECT_EQ(finder->OwnerOf(1), 0U);
         EXPECT_FALSE(finder->IsMinimised(1));
+        finder->ShowNormal(1);
+        finder->BringToForeground(1);
+    };
+    for (const char *nowhere : {"", "nonsense", ":63999"}) {
+        qputenv("DISPLAY", nowhere);
+        expectNothing();
     }
+    qunsetenv("DISPLAY");
+    expectNothing();
     qputenv("DISPLAY", server->Display());
     const TWindowId notebook = NewNotebook();
     EXPECT_EQ(DesktopWindowFinder()->Find("TfrmNotebook", "Ferrolyn "), notebook);

@@ -1,4 +1,4 @@
-#include "model/Texts.h"
+#include "system/Texts.h"
 
 #include <utility>
 

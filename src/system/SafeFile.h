@@ -1,22 +1,10 @@
-// Whole files: read in one go, and written so that a reader sees the old contents or the new ones,
-// never a half. Knows nothing of what is in them; ROMImage.h and the spec files sit on top.
+// Writing whole files, so that a reader sees the old contents or the new ones, never a half. Knows
+// nothing of what is in them; ROMImage.h and the spec files sit on top. Reading is ReadFile.h's.
 #pragma once
 
 #include <cstdint>
 #include <filesystem>
-#include <limits>
 #include <span>
-#include <vector>
-
-/// Reads all bytes of a regular file.
-///
-/// @param limit  largest length accepted, in bytes; a longer file is refused before it is read
-/// Throws EFileError (file and system's reason, or file, length and limit) for a missing or
-/// unreadable file, one over the limit, one whose length changes meanwhile, and anything but a
-/// regular file. Never waits for a pipe.
-std::vector<std::uint8_t>
-ReadWholeFile(const std::filesystem::path &file,
-              std::uint64_t limit = std::numeric_limits<std::uint64_t>::max());
 
 /// Replaces the contents of `file`, or creates it, through a temporary file in the same folder that
 /// is flushed to the disk and renamed over the target. A symbolic link is followed; an existing
@@ -32,3 +20,7 @@ ReadWholeFile(const std::filesystem::path &file,
 /// error. Only what is written in place can be lost: when the process is killed meanwhile, or when
 /// the old contents cannot be put back after a failure, which the error then says.
 void WriteFileSafely(const std::filesystem::path &file, std::span<const std::uint8_t> bytes);
+
+/// Throws the error of WriteFileSafely where that can be told without writing: for a target that
+/// may not be written, and for a new file that its folder does not take. Leaves nothing behind.
+void CheckCanWrite(const std::filesystem::path &file);

@@ -1,18 +1,12 @@
-#include "model/SafeFile.h"
+#include "system/SafeFile.h"
 
-#include "model/Errors.h"
 #include "support/TemporaryFolder.h"
+#include "system/FileErrors.h"
 
 #include <cerrno>
-#include <csignal>
 #include <cstdint>
 #include <fcntl.h>
-#include <filesystem>
-#include <string>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <system_error>
 #include <unistd.h>
 #include <vector>
 
@@ -28,102 +22,14 @@ using testing::HasSubstr;
 const TBytes oldBytes{1, 2, 3};
 const TBytes newBytes{9, 8, 7, 6, 5};
 
-std::string Reason(int code) {
-    return std::generic_category().message(code);
-}
-
-/// The text of the file error that `step` throws; empty when it throws none.
-template <class TStep>
-std::string ErrorOf(TStep step) {
-    try {
-        step();
-    } catch (const EFileError &error) {
-        return error.what();
-    }
-    return "";
-}
-
 std::string WriteError(const fs::path &file, const TBytes &bytes = newBytes) {
     return ErrorOf([&] { WriteFileSafely(file, bytes); });
-}
-
-std::string ReadError(const fs::path &file, std::uint64_t limit = 1000) {
-    return ErrorOf([&] { ReadWholeFile(file, limit); });
 }
 
 unsigned ModeOf(const fs::path &file) {
     struct stat status {};
     EXPECT_EQ(stat(file.c_str(), &status), 0);
     return status.st_mode & 07777;
-}
-
-/// Runs `step` in a child without an administrator's rights, whom permission bits bind, and with
-/// files limited to `fileLimit` bytes. Returns the error's text, as ErrorOf.
-template <class TStep>
-std::string ErrorInChild(TStep step, rlim_t fileLimit = RLIM_INFINITY) {
-    int ends[2];
-    if (pipe(ends) != 0)
-        return "no pipe";
-    const pid_t child = fork();
-    if (child == 0) {
-        const rlimit limit{fileLimit, RLIM_INFINITY};
-        signal(SIGXFSZ, SIG_IGN);
-        const bool ready =
-            setrlimit(RLIMIT_FSIZE, &limit) == 0 && (geteuid() != 0 || setuid(65534) == 0);
-        const std::string text = ready ? ErrorOf(step) : "the child could not be set up";
-        const bool sent = write(ends[1], text.data(), text.size()) >= 0;
-        _exit(sent ? 0 : 1);
-    }
-    close(ends[1]);
-    std::string text;
-    char buffer[512];
-    for (ssize_t count; (count = read(ends[0], buffer, sizeof buffer)) > 0;)
-        text.append(buffer, static_cast<std::size_t>(count));
-    close(ends[0]);
-    int status = -1;
-    waitpid(child, &status, 0);
-    return status == 0 ? text : "the child failed: " + text;
-}
-
-/// Opens a folder and its files to the child above.
-void GiveAway(const fs::path &path, mode_t mode) {
-    ASSERT_EQ(chmod(path.c_str(), mode), 0);
-}
-
-TEST(SafeFileTest, ReadsWholeFiles) {
-    const TTemporaryFolder folder;
-    for (const std::size_t length : {0U, 1U, 15U, 100000U}) {
-        const TBytes bytes(length, 0x5A);
-        PutFile(folder / "a.bin", bytes);
-        EXPECT_EQ(ReadWholeFile(folder / "a.bin"), bytes);
-        EXPECT_EQ(ReadWholeFile(folder / "a.bin", length), bytes);
-    }
-}
-
-TEST(SafeFileTest, RefusesFilesOverTheLimitNamingBoth) {
-    const TTemporaryFolder folder;
-    PutFile(folder / "a.bin", TBytes(1001));
-    const std::string error = ReadError(folder / "a.bin");
-    EXPECT_THAT(error, HasSubstr((folder / "a.bin").string()));
-    EXPECT_THAT(error, HasSubstr("1001 bytes"));
-    EXPECT_THAT(error, HasSubstr("limit of 1000"));
-}
-
-TEST(SafeFileTest, RefusesToReadWhatIsNoRegularFile) {
-    const TTemporaryFolder folder;
-    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
-    EXPECT_THAT(ReadError(folder / "pipe"), HasSubstr("pipe': not a regular file"));
-    EXPECT_THAT(ReadError("/dev/zero"), HasSubstr("not a regular file"));
-    EXPECT_THAT(ReadError(folder.Path()), HasSubstr(Reason(EISDIR)));
-    EXPECT_THAT(ReadError(folder / "none.bin"), HasSubstr("none.bin': " + Reason(ENOENT)));
-}
-
-TEST(SafeFileTest, RefusesToReadWithoutPermission) {
-    const TTemporaryFolder folder;
-    GiveAway(folder.Path(), 0755);
-    PutFile(folder / "a.bin", oldBytes);
-    GiveAway(folder / "a.bin", geteuid() == 0 ? 0600 : 0000);
-    EXPECT_THAT(ErrorInChild([&] { ReadWholeFile(folder / "a.bin"); }), HasSubstr(Reason(EACCES)));
 }
 
 TEST(SafeFileTest, CreatesAFileWithTheProcessesMask) {
@@ -313,6 +219,50 @@ TEST(SafeFileTest, InAStickyFolderAForeignFileIsWrittenInPlace) {
     EXPECT_EQ(ErrorInChild([&] { WriteFileSafely(folder / "a.bin", newBytes); }), "");
     EXPECT_EQ(GetFile(folder / "a.bin"), newBytes);
     EXPECT_THAT(folder.Names(), ElementsAre("a.bin"));
+}
+
+// Asking whether a file can be written
+
+TEST(CheckCanWriteTest, LeavesNothingBehindAndChangesNothing) {
+    const TTemporaryFolder folder;
+    PutFile(folder / "a.bin", oldBytes);
+    fs::create_symlink("later.bin", folder / "link");
+    CheckCanWrite(folder / "a.bin");
+    CheckCanWrite(folder / "new.bin");
+    CheckCanWrite(folder / "link");
+    CheckCanWrite("/dev/null");
+    EXPECT_EQ(GetFile(folder / "a.bin"), oldBytes);
+    EXPECT_THAT(folder.Names(), testing::UnorderedElementsAre("a.bin", "link"));
+}
+
+TEST(CheckCanWriteTest, RefusesWhatTheSaveWouldRefuse) {
+    const TTemporaryFolder folder;
+    PutFile(folder / "file", oldBytes);
+    fs::create_symlink("endless", folder / "endless");
+    for (const fs::path &target :
+         {folder / "none/a.bin", folder / "file/a.bin", folder / std::string(300, 'x'),
+          folder / "endless", folder.Path(), fs::path()}) {
+        const std::string error = ErrorOf([&] { CheckCanWrite(target); });
+        EXPECT_THAT(error, HasSubstr("Cannot write '" + target.string() + "': "));
+        EXPECT_EQ(error, WriteError(target));
+    }
+    EXPECT_THAT(folder.Names(), testing::UnorderedElementsAre("file", "endless"));
+}
+
+TEST(CheckCanWriteTest, AsksForTheFoldersPermissionOnlyWhereTheFileIsNew) {
+    const TTemporaryFolder folder;
+    PutFile(folder / "open.bin", oldBytes);
+    PutFile(folder / "closed.bin", oldBytes);
+    GiveAway(folder / "open.bin", 0666);
+    GiveAway(folder / "closed.bin", 0444);
+    GiveAway(folder.Path(), 0555);
+    const auto errorOf = [&](const char *name) {
+        return ErrorInChild([&] { CheckCanWrite(folder / name); });
+    };
+    EXPECT_EQ(errorOf("open.bin"), "");
+    EXPECT_THAT(errorOf("closed.bin"), HasSubstr(Reason(EACCES)));
+    EXPECT_THAT(errorOf("new.bin"), HasSubstr(Reason(EACCES)));
+    GiveAway(folder.Path(), 0755);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "spec/PlainText.h"
+#include "system/PlainText.h"
 
 #include <gtest/gtest.h>
 
@@ -54,6 +54,16 @@ TEST(Trim, TakesBlanksAndControlCharactersOffBothEnds) {
     EXPECT_EQ(Trim("\t a \x01 b \r"), "a \x01 b");
     EXPECT_EQ(Trim(std::string_view("\0x\0", 3)), "x");
     EXPECT_EQ(Trim("\xC2\xA0"), "\xC2\xA0") << "a no-break space stays";
+}
+
+TEST(SameName, IgnoresTheCaseOfTheLettersAToZOnly) {
+    EXPECT_TRUE(SameName("", ""));
+    EXPECT_TRUE(SameName(".SpC", ".sPc"));
+    EXPECT_TRUE(SameName("azAZ", "AZaz"));
+    EXPECT_FALSE(SameName("a", ""));
+    EXPECT_FALSE(SameName("a", "ab"));
+    EXPECT_FALSE(SameName("@[`{", "`{@["));
+    EXPECT_FALSE(SameName("\xC3\xBC", "\xC3\x9C"));
 }
 
 TEST(FirstCharacters, CountsCodePoints) {

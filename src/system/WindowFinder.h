@@ -23,6 +23,7 @@ public:
     virtual void BringToForeground(TWindowId window) = 0;
 };
 
-/// A finder for the desktop that the program is to run on: X11 where DISPLAY names a server that
-/// answers, elsewhere one that finds nothing. Needs no application object.
+/// A finder for the desktop that the program is to run on; where it has no way to look at other
+/// programs' windows, or does not answer, one that finds nothing. Needs no application object. On
+/// X11 it is a connection of its own to the server that DISPLAY names, closed with the object.
 std::unique_ptr<IWindowFinder> DesktopWindowFinder();

@@ -1,0 +1,5 @@
+// Which family of systems this one belongs to.
+#pragma once
+
+/// Whether this is a system of the NT family.
+bool IsNtFamily();
