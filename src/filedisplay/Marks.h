@@ -3,7 +3,7 @@
 #pragma once
 
 #include "filedisplay/SearchCells.h"
-#include "model/Texts.h"
+#include "system/Texts.h"
 
 #include <optional>
 

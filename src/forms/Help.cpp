@@ -3,60 +3,24 @@
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
 #include "forms/Paths.h"
-#include "system/Errors.h"
+#include "system/PlainText.h"
+#include "system/ReadFile.h"
 
-#include <filesystem>
 #include <utility>
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QShortcut>
-#include <QStringDecoder>
 #include <QTextDocument>
 #include <QTextLayout>
 #include <QVBoxLayout>
 
 namespace {
-[[noreturn]] void Fail(const QFile &file, const QString &reason) {
-    const QString text = TfrmHelp::tr("Cannot open file \"%1\": %2")
-                             .arg(QDir::toNativeSeparators(file.fileName()), reason);
-    throw EFileError(text.toStdString());
-}
-
-QByteArray ReadFile(QFile &file) {
-    // Opening a pipe would wait for somebody to write into it.
-    std::error_code error;
-    const std::filesystem::file_status status =
-        std::filesystem::status(ToPath(file.fileName()), error);
-    if (exists(status) && !is_regular_file(status))
-        Fail(file, TfrmHelp::tr("not a regular file"));
-    if (!file.open(QIODevice::ReadOnly))
-        Fail(file, file.errorString());
-    const qint64 length = file.size();
-    if (length > maxHelpFileSize)
-        Fail(file, TfrmHelp::tr("it has %1 bytes, more than the limit of %2")
-                       .arg(length)
-                       .arg(maxHelpFileSize));
-    QByteArray bytes = file.read(maxHelpFileSize + 1);
-    if (file.error() != QFileDevice::NoError)
-        Fail(file, file.errorString());
-    if (bytes.size() != length)
-        Fail(file, TfrmHelp::tr("its length changed while it was read"));
-    return bytes;
-}
-
-QString Decode(const QByteArray &bytes) {
-    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = utf8(bytes);
-    return utf8.hasError() ? QString::fromLatin1(bytes) : text;
-}
-
 /// The lines of a text, whatever ends them, as a memo keeps them.
 QString Lines(QString text) {
     text.replace("\r\n", "\n").replace('\r', '\n');
@@ -65,24 +29,18 @@ QString Lines(QString text) {
     return text;
 }
 
-bool HasLongLine(const QString &lines) {
-    for (qsizetype start = 0, end = 0; end >= 0; start = end + 1) {
-        end = lines.indexOf('\n', start);
-        if ((end < 0 ? lines.size() : end) - start > maxHelpLineLength)
-            return true;
-    }
-    return false;
-}
-
-QString ReadText(const QString &name) {
-    QFile file(name);
-    const QByteArray bytes = ReadFile(file);
-    if (bytes.contains('\0'))
-        Fail(file, TfrmHelp::tr("it is not a plain text"));
-    QString lines = Lines(Decode(bytes));
+QString ReadText(const std::filesystem::path &file) {
+    const std::vector<std::uint8_t> bytes = ReadWholeFile(file, maxHelpFileSize);
+    const std::string text = ToUtf8(std::string(bytes.begin(), bytes.end()));
+    if (text.find('\0') != std::string::npos)
+        throw CannotRead(file, TfrmHelp::tr("it is not a plain text").toStdString());
+    const QString lines = Lines(QString::fromStdString(text));
     // The time that a line takes to be laid out grows with the square of its length.
-    if (HasLongLine(lines))
-        Fail(file, TfrmHelp::tr("it has a line of more than %1 characters").arg(maxHelpLineLength));
+    for (const QString &line : lines.split('\n'))
+        if (line.size() > maxHelpLineLength)
+            throw CannotRead(file, TfrmHelp::tr("it has a line of more than %1 characters")
+                                       .arg(maxHelpLineLength)
+                                       .toStdString());
     return lines;
 }
 
@@ -151,7 +109,7 @@ TfrmHelp::TfrmHelp(const QString &fileName, QWidget *parent)
     ConnectGuarded(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this,
                    [this] { FindAgain(); });
 
-    Memo1->setPlainText(ReadText(ProgramDirectory() + fileName));
+    Memo1->setPlainText(ReadText(ToPath(ProgramDirectory() + fileName)));
 }
 
 void TfrmHelp::FindText() {

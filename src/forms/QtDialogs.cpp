@@ -158,7 +158,8 @@ bool TQtDialogs::RunSaveDialog(TSaveDialog &save) {
     Prepare(dialog, save.filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(save.defaultExt);
-    dialog.setDirectory(QDir::currentPath());
+    const QString current = QDir::currentPath(); // empty when that folder has been deleted
+    dialog.setDirectory(current.isEmpty() ? QDir::homePath() : current);
     if (const QString offered = save.OfferedName(); !offered.isEmpty())
         dialog.selectFile(offered);
     const QString name = Chosen(dialog);

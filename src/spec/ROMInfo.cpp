@@ -5,7 +5,6 @@
 #include "model/ROMTypes.h"
 #include "spec/MappingChoice.h"
 #include "spec/offsetentry.h"
-#include "system/Errors.h"
 #include "system/SafeFile.h"
 
 #include <exception>
@@ -25,26 +24,15 @@ bool MayExist(const fs::path &name) {
     return type != fs::file_type::not_found && error != std::errc::filename_too_long;
 }
 
-/// Takes away the empty file that a failed save has made under a new name, or behind a link of that
-/// name; nothing else.
-void RemoveIfEmpty(const fs::path &name) {
+/// The folder whose spec files are listed: the process's current one. One that has been deleted
+/// gives way to the folder of `image`, else to the user's own.
+fs::path ListedFolder(const fs::path &image) {
     std::error_code error;
-    const fs::path file = fs::canonical(name, error);
-    if (!error && fs::is_regular_file(file, error) && fs::file_size(file, error) == 0)
-        fs::remove(file, error);
-}
-
-/// The process's current folder. One that has been deleted gives way to the folder of `image`, else
-/// to the user's own; empty when they are gone as well.
-fs::path CurrentFolder(const fs::path &image) {
-    std::error_code error;
-    fs::path folder = fs::current_path(error);
+    const fs::path current = fs::current_path(error);
     if (!error)
-        return folder;
-    fs::current_path(image.parent_path(), error);
-    if (error)
-        fs::current_path(ToPath(QDir::homePath()), error);
-    return fs::current_path(error);
+        return current;
+    const fs::path folder = image.parent_path();
+    return fs::is_directory(folder, error) ? folder : ToPath(QDir::homePath());
 }
 
 QString ROMFilter() {
@@ -60,7 +48,7 @@ void TfrmROMInformation::ShowPage() {
 void TfrmROMInformation::ScanSpecDirectory() {
     rdoROMtemplate_->Clear();
     templateIndex_ = -1;
-    const TSpecScan scan = ScanSpecFiles(CurrentFolder(romFileName_));
+    const TSpecScan scan = ScanSpecFiles(ListedFolder(romFileName_));
     specTable_ = scan.entries;
     for (const TSpecEntry &entry : specTable_)
         rdoROMtemplate_->AddItem(QString::fromStdString(entry.label));
@@ -207,8 +195,6 @@ std::optional<fs::path> TfrmROMInformation::ChooseTarget() {
 }
 
 void TfrmROMInformation::WriteROM(const fs::path &target) {
-    // A new name needs no copy of the loaded file first: the image comes there in one step or not
-    // at all.
     workspace_.fuelMapSet.SaveAll();
     workspace_.timingMapSet.SaveAll();
     ROMImage()->SaveToFile(target);
@@ -225,19 +211,10 @@ void TfrmROMInformation::btnSaveSpecClick() {
 }
 
 void TfrmROMInformation::WriteSpec(const fs::path &target) {
-    const bool isNew = !MayExist(target);
-    try {
-        if (isNew)
-            WriteFileSafely(target, {}); // what cannot be created is told before the question
-        const QString label =
-            Dialogs().InputBox(tr("Display label"), tr("Display As: "), tr("User Defined"));
-        SaveNewSpecFile(target, label.toStdString(), workspace_.fuelMapSet,
-                        workspace_.timingMapSet);
-    } catch (...) {
-        if (isNew)
-            RemoveIfEmpty(target);
-        throw;
-    }
+    CheckCanWrite(target); // what cannot be written is told before the question
+    const QString label =
+        Dialogs().InputBox(tr("Display label"), tr("Display As: "), tr("User Defined"));
+    SaveNewSpecFile(target, label.toStdString(), workspace_.fuelMapSet, workspace_.timingMapSet);
 }
 
 void TfrmROMInformation::btnOffsetEntryClick() {

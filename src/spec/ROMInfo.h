@@ -90,7 +90,8 @@ private:
     /// cancelled dialog whose earlier target is to be overwritten.
     std::optional<std::filesystem::path> ChooseTarget();
     void WriteROM(const std::filesystem::path &target);
-    /// Asks for the label; leaves nothing of a new file when it fails.
+    /// Asks for the label. @throws EFileError, before the question where that can be told then;
+    /// nothing of a new file is left.
     void WriteSpec(const std::filesystem::path &target);
     /// The manual offset dialog, then places the maps; false when it was left by anything but OK.
     /// @throws EConvertError for a text that is no integer

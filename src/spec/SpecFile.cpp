@@ -19,30 +19,28 @@ constexpr std::string_view revLimitKey = "revlimit_offset";
 
 bool IsSpecFile(const fs::path &path) {
     constexpr std::string_view ending = ".spc";
-    std::string name = path.filename().string();
-    std::transform(name.begin(), name.end(), name.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
+    const std::string name = path.filename().string();
     std::error_code error;
-    return name.ends_with(ending) && fs::is_regular_file(path, error);
+    return name.size() >= ending.size() &&
+           SameName(std::string_view(name).substr(name.size() - ending.size()), ending) &&
+           fs::is_regular_file(path, error);
 }
 
 // Nothing for a file that is not to be listed.
-std::optional<std::string> ReadFirstLine(const fs::path &path) {
+std::optional<std::string> Label(const fs::path &path) {
+    std::string text;
     try {
-        const std::vector<std::uint8_t> bytes = ReadWholeFile(path, maxIniFileSize);
-        const std::string text = ToUtf8(std::string(bytes.begin(), bytes.end()));
-        const std::string_view line = Trim(std::string_view(text).substr(0, text.find('\n')));
-        return line.empty() ? std::nullopt : std::optional<std::string>(line);
+        text = ToUtf8(ReadFirstLine(path, maxIniFileSize));
     } catch (const EFileError &) {
         return std::nullopt;
     }
-}
-
-std::string Label(std::string firstLine, const fs::path &path) {
-    if (firstLine.starts_with('['))
-        firstLine = ToUtf8(path.filename().string());
-    std::string_view label = firstLine;
+    std::string_view label = Trim(text);
+    if (label.empty())
+        return std::nullopt;
+    if (label.starts_with('[')) {
+        text = ToUtf8(path.filename().string());
+        label = text;
+    }
     if (label.starts_with(';'))
         label.remove_prefix(1);
     return std::string(FirstCharacters(Trim(label), maxSpecLabelLength));
@@ -128,8 +126,8 @@ TSpecScan ScanSpecFiles(const fs::path &folder) {
             scan.moreRemain = true;
             break;
         }
-        if (const auto firstLine = ReadFirstLine(file->path()))
-            scan.entries.push_back({Label(*firstLine, file->path()), file->path()});
+        if (auto label = Label(file->path()))
+            scan.entries.push_back({std::move(*label), file->path()});
     }
     return scan;
 }

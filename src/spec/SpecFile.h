@@ -33,8 +33,9 @@ inline constexpr std::size_t maxSpecLabelLength = 40;
 
 /// The spec files of `folder`: regular files whose names end in ".spc" in any letter case, in the
 /// order the file system gives. A file that cannot be read, or whose first line is empty, is left
-/// out. The label is the first line without the ";" that begins it; the file name where that line
-/// is a section's. A folder that cannot be read has no entries. Never throws for what it finds.
+/// out; nothing behind that line is read. The label is the first line without the ";" that begins
+/// it; the file name where that line is a section's. A folder that cannot be read has no entries.
+/// Never throws for what it finds.
 TSpecScan ScanSpecFiles(const std::filesystem::path &folder);
 
 /// Three map offsets, absolute.

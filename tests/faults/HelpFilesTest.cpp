@@ -35,7 +35,7 @@ std::string ErrorOf() {
 }
 
 std::string Refusal(const std::string &reason) {
-    return "Cannot open file \"" + File().string() + "\": " + reason;
+    return "Cannot read '" + File().string() + "': " + reason;
 }
 
 struct TText {
@@ -92,7 +92,7 @@ const TThing things[] = {
      "it has 209715200 bytes, more than the limit of 262144"},
     {"pipe", [] { EXPECT_EQ(mkfifo(File().c_str(), 0600), 0); }, "not a regular file"},
     {"endless_device", [] { fs::create_symlink("/dev/zero", File()); }, "not a regular file"},
-    {"folder", [] { fs::create_directory(File()); }, "not a regular file"},
+    {"folder", [] { fs::create_directory(File()); }, "Is a directory"},
     {"file_that_lies_about_its_length", [] { fs::create_symlink("/proc/self/status", File()); },
      "its length changed while it was read"},
     {"link_to_nothing", [] { fs::create_symlink("nowhere", File()); }, "No such file or directory"},

@@ -1,8 +1,11 @@
-// The program's current folder is deleted while it runs, or was before it started: it goes on in
-// the folder of the loaded image, else in the user's own.
+// The program's current folder is deleted while it runs, or was before it started: spec files are
+// listed from the folder of the loaded image, else from the user's own, and nobody is moved there.
+#include "forms/QtDialogs.h"
 #include "pages/ROMInfoFixture.h"
 #include "spec/main.h"
 
+#include <QFileDialog>
+#include <QTimer>
 #include <gmock/gmock.h>
 
 namespace {
@@ -29,6 +32,12 @@ protected:
         fs::remove_all(lost);
     }
 
+    /// Nobody was moved into another folder.
+    static bool IsNowhere() {
+        std::error_code error;
+        return fs::current_path(error).empty();
+    }
+
     const fs::path home = folder / "home";
     const fs::path lost = folder / "lost";
     const QByteArray oldHome = qgetenv("HOME");
@@ -38,7 +47,7 @@ TEST_F(TLostFolder, AtTheStartTheUsersOwnTakesItsPlace) {
     Move(MakeSpec(), home);
     EnterAndLoseIt();
     TfrmROMInformation started(nullptr, workspace);
-    EXPECT_EQ(fs::current_path(), home);
+    EXPECT_TRUE(IsNowhere());
     EXPECT_EQ(FindControl<TRadioGroup>(started, "rdoROMtemplate").Item(0), "Direct");
     EXPECT_EQ(dialogs.messages, QStringList());
 }
@@ -70,7 +79,7 @@ TEST_F(TLostFolder, ThatIsMadeAnewIsFoundThroughTheImage) {
     Move(MakeSpec(), lost);
     dialogs.opens = {""}; // cancelled: the same file again
     Button("btnLoad").click();
-    EXPECT_EQ(fs::current_path(), lost);
+    EXPECT_TRUE(IsNowhere());
     EXPECT_EQ(Items().front(), "Direct");
     EXPECT_EQ(dialogs.messages, QStringList());
 }
@@ -80,8 +89,24 @@ TEST_F(TLostFolder, WithTheImageLeavesTheUsersOwn) {
     Move(MakeSpec(), home);
     EnterAndLoseIt();
     page->ScanSpecDirectory();
-    EXPECT_EQ(fs::current_path(), home);
+    EXPECT_TRUE(IsNowhere());
     EXPECT_EQ(Items().front(), "Direct");
+    Choose("Direct");
+    EXPECT_EQ(page->CurrentSpecFileName(), home / "DIRECT.SPC");
+}
+
+TEST_F(TLostFolder, TheSaveDialogOpensInTheUsersOwn) {
+    EnterAndLoseIt();
+    QString opened;
+    QTimer::singleShot(0, qApp, [&] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        opened = dialog->directory().path();
+        dialog->reject();
+    });
+    TSaveDialog save(page, "dlgSave");
+    EXPECT_FALSE(TQtDialogs().RunSaveDialog(save));
+    EXPECT_EQ(opened, Name(home));
 }
 
 TEST_F(TLostFolder, WithNoOtherTheListIsEmpty) {

@@ -160,6 +160,20 @@ TEST_P(TScanFaults, ListWholeLabelsOrNoneAndSayNothing) {
 }
 INSTANTIATE_TEST_SUITE_P(All, TScanFaults, testing::ValuesIn(FaultCases()), Name);
 
+TEST(TScannedFile, IsNotReadBehindItsFirstLine) {
+    const TTemporaryFolder folder;
+    const fs::path file = folder / "a.spc";
+    std::string text = "; Label\n";
+    text.resize(1 << 20, 'x');
+    PutFile(file, {text.begin(), text.end()});
+    TFault fault{TEffect::ComesLate, 0, {TCall::Read}};
+    fault.meanwhile = [&] { fs::resize_file(file, 4096); }; // fewer would be missed
+    const TFaultInjection injection(folder.Path(), {fault});
+    ASSERT_EQ(ScanSpecFiles(folder.Path()).entries.size(), 1U);
+    EXPECT_EQ(ScanSpecFiles(folder.Path()).entries[0].label, "Label");
+    EXPECT_EQ(injection.Hits(), 1);
+}
+
 using THelpFaults = TReadFaults;
 
 TEST_P(THelpFaults, ShowTheWholeTextOrNone) {
@@ -177,7 +191,7 @@ TEST_P(THelpFaults, ShowTheWholeTextOrNone) {
             shown.clear();
         });
     using enum TCall;
-    ExpectHit(sweep, {Open, Status, Read, Close}, {Open, Read});
+    ExpectHit(sweep, {Open, Status, Read, Close}, {Open, Status, Read});
 }
 INSTANTIATE_TEST_SUITE_P(All, THelpFaults, testing::ValuesIn(FaultCases()), Name);
 

@@ -136,7 +136,7 @@ protected:
     void FailBehindTheLabel(const fs::path &target) {
         dialogs.inputs = {"Label"};
         const TFaultInjection injection(folder.Path(),
-                                        {{TEffect::Fails, ENOSPC, {TCall::Rename}, true, 2}});
+                                        {{TEffect::Fails, ENOSPC, {TCall::Rename}, true}});
         Save("btnSaveSpec", target);
         EXPECT_EQ(dialogs.inputBoxes.size(), 1);
         EXPECT_EQ(dialogs.messages,
@@ -163,7 +163,7 @@ TEST_F(TFailedSpec, LeavesWhatSomebodyElseWroteThereMeanwhile) {
     const auto write = [&] { PutFile(target, others); };
     const TFaultInjection injection(folder.Path(),
                                     {{TEffect::ComesLate, 0, {TCall::Create}, false, 2, write},
-                                     {TEffect::Fails, ENOSPC, {TCall::Rename}, false, 2}});
+                                     {TEffect::Fails, ENOSPC, {TCall::Rename}}});
     Save("btnSaveSpec", target);
     EXPECT_EQ(dialogs.messages.size(), 1);
     EXPECT_EQ(GetFile(target), others);

@@ -75,9 +75,9 @@ TEST(TfrmHelp, AMissingFileIsAFileErrorWithNameAndReason) {
         const TfrmHelp help("no-such-help.txt");
         FAIL() << "no error";
     } catch (const EFileError &error) {
-        EXPECT_EQ(error.what(), "Cannot open file \"" +
+        EXPECT_EQ(error.what(), "Cannot read '" +
                                     (ProgramDirectory() + "no-such-help.txt").toStdString() +
-                                    "\": No such file or directory");
+                                    "': No such file or directory");
     }
 }
 
