@@ -202,8 +202,8 @@ void ReadConstants(const TIniFile &ini, const TLines &lines, bool comma) {
            "another timing subtractor");
 }
 
-void Scan(const std::filesystem::path &folder, const TLines &lines) {
-    const std::string first = lines.empty() ? "" : Trimmed(lines.front());
+void Scan(const std::filesystem::path &folder, const std::string &firstLine) {
+    const std::string first = Trimmed(firstLine);
     const TSpecScan scan = ScanSpecFiles(folder);
     Demand(scan.entries.size() == (first.empty() ? 0U : 1U) && !scan.moreRemain,
            "another list of spec files");
@@ -273,7 +273,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const std::string text = ToUtf8(bytes);
     const TLines lines = LinesOf(text);
     PutFile(folder / "fuzz.SPC", {bytes.begin(), bytes.end()});
-    Scan(folder.Path(), lines);
+    Scan(folder.Path(), ToUtf8(bytes.substr(0, bytes.find('\n'))));
     const TIniFile ini = TIniFile::Load(folder / "fuzz.SPC");
     TSets sets;
     Place(ini, Ask(lines), sets);

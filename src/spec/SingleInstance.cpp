@@ -10,8 +10,7 @@
 namespace {
 constexpr auto mutexName = "SingleInstanceProgramHMutex";
 constexpr auto windowClass = "TfrmNotebook";
-constexpr auto windowTitle =
-    "Ferrolyn "; // the trailing blank is intended: no caption of ours has it
+constexpr auto windowTitle = "Ferrolyn "; // no caption of ours ends so: docs/peculiarities.md
 constexpr std::chrono::milliseconds retryPause(20); // between two looks at a lock that is busy
 
 /// Whether a running copy was found; one without an application window is left as it is.
