@@ -12,7 +12,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QScrollBar>
-#include <QStringBuilder>
 
 namespace {
 constexpr int scrollBarRoom = 20;
@@ -336,25 +335,8 @@ void TStringAlignGrid::Select(const TGridRect &rect) {
                              QItemSelectionModel::ClearAndSelect);
 }
 
-int TStringAlignGrid::VisibleRowCount() const {
-    const int below = model_->rowCount() - verticalScrollBar()->value();
-    const int rowSize = DefaultRowHeight() + GridLineWidth();
-    return std::clamp(viewport()->height() / std::max(rowSize, 1), 0, std::max(below, 0));
-}
-
 QString TStringAlignGrid::RectangleText(const TGridRect &rect, QChar separator) const {
-    const TGridRect inside = Common(rect, model_->cells.All());
-    QString text;
-    if (Empty(inside))
-        return text;
-    const qsizetype cells =
-        qsizetype{inside.right - inside.left + 1} * (inside.bottom - inside.top + 1);
-    text.reserve(4 * cells);
-    for (int row = inside.top; row <= inside.bottom; ++row) {
-        for (int column = inside.left; column <= inside.right; ++column)
-            text += Cell(column, row) % (column < inside.right ? separator : QChar('\n'));
-    }
-    return text;
+    return model_->cells.RectangleText(rect, separator);
 }
 
 void TStringAlignGrid::CopyRectangle(const TGridRect &rect, QChar separator) const {

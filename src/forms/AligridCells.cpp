@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <QStringBuilder>
+
 namespace {
 using TProperties = std::map<int, TCellProperties>;
 
@@ -152,4 +154,19 @@ void TAligridCells::SetColumnProperties(int column, const TCellProperties &prope
 void TAligridCells::SetRowProperties(int row, const TCellProperties &properties) {
     if (row >= 0 && row < rows_)
         rowProperties_[row] = properties;
+}
+
+QString TAligridCells::RectangleText(const TGridRect &rect, QChar separator) const {
+    const TGridRect inside = Common(rect, All());
+    QString text;
+    if (Empty(inside))
+        return text;
+    const qsizetype cells =
+        qsizetype{inside.right - inside.left + 1} * (inside.bottom - inside.top + 1);
+    text.reserve(4 * cells);
+    for (int row = inside.top; row <= inside.bottom; ++row) {
+        for (int column = inside.left; column <= inside.right; ++column)
+            text += Text(column, row) % (column < inside.right ? separator : QChar('\n'));
+    }
+    return text;
 }

@@ -45,6 +45,9 @@ public:
     bool SetText(int column, int row, const QString &text);
     void SetTextSource(TTextSource source) { textSource_ = std::move(source); }
 
+    /// See TStringAlignGrid::RectangleText.
+    QString RectangleText(const TGridRect &rect, QChar separator) const;
+
     std::optional<TColor> Color(int column, int row) const;
     std::optional<TColor> FontColor(int column, int row) const;
     std::optional<TAlign> Align(int column, int row) const;

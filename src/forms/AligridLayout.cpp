@@ -155,3 +155,9 @@ void TStringAlignGrid::changeEvent(QEvent *event) {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         LayOut();
 }
+
+int TStringAlignGrid::VisibleRowCount() const {
+    const int below = model_->rowCount() - verticalScrollBar()->value();
+    const int rowSize = DefaultRowHeight() + GridLineWidth();
+    return std::clamp(viewport()->height() / std::max(rowSize, 1), 0, std::max(below, 0));
+}

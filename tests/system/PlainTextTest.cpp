@@ -4,19 +4,19 @@
 
 namespace {
 
-struct TBytes {
+struct TDecoded {
     const char *name;
     std::string bytes;
     std::string utf8;
 };
 
-class TToUtf8 : public testing::TestWithParam<TBytes> {};
+class TToUtf8 : public testing::TestWithParam<TDecoded> {};
 
 TEST_P(TToUtf8, KeepsUtf8AndReadsTheRestAsLatin1) {
     EXPECT_EQ(ToUtf8(GetParam().bytes), GetParam().utf8);
 }
 
-const TBytes cases[] = {
+const TDecoded cases[] = {
     {"empty", "", ""},
     {"ascii", "Turbo 16V", "Turbo 16V"},
     {"two_bytes", "Z\xC3\xBCndung", "Z\xC3\xBCndung"},
