@@ -6,9 +6,10 @@
 #     asan    clang++ build, warnings are errors, every test under the address and undefined behaviour sanitizers
 #     tsan    the start-up tests under the thread sanitizer, but for those of the window finder: they start an X server, and
 #             clang 14's thread sanitizer does not survive the toolkit's way of starting a process; they have one thread alone
+#     includes  clang++ build of src/, each source by itself, which finds an include that is missing
 #     tidy    clang-tidy over src/ and tools/ (slow, not part of all)
 #     default style tests
-#     all     style asan tsan tests; the tests last, so that their summary ends the output
+#     all     style includes asan tsan tests; the tests last, so that their summary ends the output
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 # Builds one preset, or only some of its targets, and runs its tests.
@@ -21,7 +22,6 @@ build_and_test() {
     (cd "$top" && ctest --preset "$preset" --parallel "$jobs" | { grep --line-buffered -v '^ *Start ' || true; })
 }
 
-# Each source for itself, which an include that is missing does not survive.
 tidy() {
     build tidy
     step "running clang-tidy"
@@ -33,6 +33,7 @@ run_check() {
     case $1 in
         style) step "checking the style"; "$top/tools/style.sh" ;;
         tests) build_and_test dev ;;
+        includes) build tidy ferrolyn ;;
         asan) build_and_test asan ;;
         tsan) build_and_test tsan test_start ;;
         tidy) tidy ;;
@@ -51,8 +52,8 @@ sections=()
 for name in "${@:-default}"; do
     case $name in
         default) checks+=(style tests) ;;
-        all) checks+=(style asan tsan tests) ;;
-        style | tests | asan | tsan | tidy) checks+=("$name") ;;
+        all) checks+=(style includes asan tsan tests) ;;
+        style | includes | tests | asan | tsan | tidy) checks+=("$name") ;;
         *) current_step="reading its arguments"; say "there is no check '$name'" >&2; exit 2 ;;
     esac
 done
@@ -60,6 +61,7 @@ for name in "${checks[@]}"; do
     case $name in
         style) sections+=(style) ;;
         tests) sections+=(build test) ;;
+        includes) sections+=(build clang) ;;
         asan | tsan) sections+=(build test clang) ;;
         tidy) sections+=(build test clang tidy) ;;
     esac

@@ -50,15 +50,6 @@ bool Inside(const TGridRect &rect, TGridCell cell) {
     return cell.column >= rect.left && cell.column <= rect.right && cell.row >= rect.top &&
            cell.row <= rect.bottom;
 }
-
-TGridRect Common(const TGridRect &a, const TGridRect &b) {
-    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-            std::min(a.bottom, b.bottom)};
-}
-
-bool Empty(const TGridRect &rect) {
-    return rect.left > rect.right || rect.top > rect.bottom;
-}
 } // namespace
 
 TStringAlignGrid::TStringAlignGrid(QWidget *parent)

@@ -4,6 +4,7 @@
 
 #include "model/MapViews.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 
@@ -21,6 +22,16 @@ struct TGridRect {
     int bottom = 0;
     bool operator==(const TGridRect &) const = default;
 };
+
+/// The cells that both have.
+inline TGridRect Common(const TGridRect &a, const TGridRect &b) {
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+            std::min(a.bottom, b.bottom)};
+}
+
+inline bool Empty(const TGridRect &rect) {
+    return rect.left > rect.right || rect.top > rect.bottom;
+}
 
 enum class TAlign : std::uint8_t { Left, Right, Centre };
 

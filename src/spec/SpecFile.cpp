@@ -2,6 +2,7 @@
 
 #include "system/PlainText.h"
 #include "system/ReadFile.h"
+#include "system/SafeFile.h"
 
 #include <algorithm>
 #include <exception>
