@@ -75,7 +75,7 @@ std::function<TNextByte()> Maps(TMapShape shape, unsigned low, unsigned high, un
     };
 }
 
-std::vector<TSearchImage> MakeOrdinaryImages() {
+std::vector<TSearchImage> MakeRandomImages() {
     std::vector<TSearchImage> images{
         {"random bytes", Linear, Fuel, Random(0, 255)},
         {"random bytes", TwoD, Fuel, Random(0, 255)},
@@ -84,8 +84,6 @@ std::vector<TSearchImage> MakeOrdinaryImages() {
         {"full of maps", Linear, Fuel, Maps(Linear, 2, 30)},
         {"full of maps", TwoD, Fuel, Maps(TwoD, 2, 30)},
     };
-    for (TSearchImage &image : images)
-        image.hard = false;
     return images;
 }
 
@@ -166,7 +164,7 @@ std::vector<TColor> ColorsOf(const TSearchImage &image, std::size_t count) {
 
 const std::vector<TSearchImage> &SearchImages() {
     static const std::vector<TSearchImage> images = [] {
-        std::vector<TSearchImage> all = MakeOrdinaryImages();
+        std::vector<TSearchImage> all = MakeRandomImages();
         const std::vector<TSearchImage> hard = MakeHardImages();
         all.insert(all.end(), hard.begin(), hard.end());
         return all;

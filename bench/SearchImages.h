@@ -20,7 +20,6 @@ struct TSearchImage {
     TSearchParameters parameters = {};
     /// One cell of so many, chosen by chance, is marked before the search; 0: none.
     unsigned markedOneIn = 0;
-    bool hard = true; ///< made to be slow to search
 };
 
 /// Bytes by chance, the same at each run.

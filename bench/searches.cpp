@@ -11,9 +11,11 @@
 #include "Measure.h"
 #include "SearchImages.h"
 #include "filedisplay/MapSearch.h"
+#include "samples/SampleFiles.h"
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -63,25 +65,54 @@ void Row(TTable &table, const std::string &what, TMeasuredCells cells, const TSe
         limit);
 }
 
+/// The sample image as often as it goes into 1 MiB: what an ordinary image is like.
+std::vector<TCellValue> OrdinaryCells() {
+    const std::string bytes = SampleFiles().front().bytes;
+    std::vector<TCellValue> cells(size);
+    for (std::size_t i = 0; i < size; ++i)
+        cells[i] = static_cast<unsigned char>(bytes[i % bytes.size()]);
+    return cells;
+}
+
+void OrdinaryRow(TTable &table, const std::string &what, const TSearch &search) {
+    Row(table, what + ", ordinary", {OrdinaryCells(), std::vector<TColor>(size, unmarkedColor)},
+        search, ordinaryLimit);
+}
+
+/// On random bytes, too, at which every guess of the processor may be wrong.
+void MeasureSearch(TTable &table, const std::string &what, const TSearch &search) {
+    OrdinaryRow(table, what, search);
+    Row(table, what + ", random", {RandomCells(size), std::vector<TColor>(size, unmarkedColor)},
+        search, hardLimit);
+}
+
 void MeasureValueSearches(TTable &table) {
-    const auto row = [&](const char *what, double limit, const TSearch &search) {
-        Row(table, what, {RandomCells(size), std::vector<TColor>(size, unmarkedColor)}, search,
-            limit);
-    };
-    row("possible fuel values", ordinaryLimit,
-        [](const TSearchGrid &grid) { MarkPossibleFuelValues(grid, TSearchParameters()); });
-    row("possible timing values", ordinaryLimit,
-        [](const TSearchGrid &grid) { MarkPossibleTimingValues(grid, TSearchParameters()); });
-    row("one value", ordinaryLimit, [](const TSearchGrid &grid) { MarkValue(grid, 77); });
-    row("pointer lookup", ordinaryLimit, [](const TSearchGrid &grid) {
+    MeasureSearch(table, "possible fuel values", [](const TSearchGrid &grid) {
+        MarkPossibleFuelValues(grid, TSearchParameters());
+    });
+    MeasureSearch(table, "possible timing values", [](const TSearchGrid &grid) {
+        MarkPossibleTimingValues(grid, TSearchParameters());
+    });
+    MeasureSearch(table, "one value", [](const TSearchGrid &grid) { MarkValue(grid, 77); });
+    MeasureSearch(table, "pointer lookup", [](const TSearchGrid &grid) {
         MarkPointers(grid, {0x0A, 0x5C}, 0x0F);
     });
-    row("pointer lookup, one bit compared", hardLimit, [](const TSearchGrid &grid) {
+    MeasureSearch(table, "pointer lookup, one bit compared", [](const TSearchGrid &grid) {
         MarkPointers(grid, {0x01, 0x5C}, 0x01);
     });
 }
 
 void MeasureMapSearches(TTable &table) {
+    const std::pair<TMapContents, const char *> kinds[] = {
+        {TMapContents::Fuel, "fuel"}, {TMapContents::Timing, "timing"}, {TMapContents::Any, "any"}};
+    for (const TMapShape shape : {TMapShape::Linear, TMapShape::TwoD})
+        for (const auto &[contents, name] : kinds) {
+            const char *start = shape == TMapShape::Linear ? "linear " : "2-D ";
+            OrdinaryRow(table, start + std::string(name) + " maps", [&](const TSearchGrid &grid) {
+                TMapCounters counters;
+                HighlightAllMaps(grid, shape, contents, TSearchParameters(), counters);
+            });
+        }
     for (const TSearchImage &image : SearchImages()) {
         const char *shape = image.shape == TMapShape::Linear ? "linear maps: " : "2-D maps: ";
         Row(
@@ -90,7 +121,7 @@ void MeasureMapSearches(TTable &table) {
                 TMapCounters counters;
                 HighlightAllMaps(grid, image.shape, image.contents, image.parameters, counters);
             },
-            image.hard ? hardLimit : ordinaryLimit);
+            hardLimit);
     }
 }
 

@@ -12,9 +12,8 @@ TCellsInRange DataIn(const TSearchGrid &grid, TMapContents contents, const TSear
 /// How many points the axis with that header has; 0 when there is none.
 std::size_t PointsAt(const TSearchGrid &grid, std::size_t header, std::int32_t location) {
     const TCellValue points = grid.At(header + 1);
-    if (points < 2 || points > 30 || (location >= 0 && grid.At(header) != location))
-        return 0;
-    return static_cast<std::size_t>(points);
+    const bool fits = points >= 2 && points <= 30 && (location < 0 || grid.At(header) == location);
+    return fits ? static_cast<std::size_t>(points) : 0;
 }
 
 /// Where the map at `start` ends; 0 when there is none.

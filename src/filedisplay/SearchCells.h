@@ -1,44 +1,14 @@
 // What the searches of the contents view (Searches.h, MapSearch.h) work on, and what they tell.
 #pragma once
 
+#include "filedisplay/CellColors.h"
 #include "filedisplay/SearchParameters.h"
-#include "model/MapViews.h"
 
 #include <span>
 #include <vector>
 
 /// The number that a cell shows: 0 to 255, or -1 for a cell that is no number.
 using TCellValue = std::int16_t;
-inline constexpr std::size_t cellsPerRow = 16;
-
-/// The colours of the data cells in reading order, where they are kept: nothing is copied.
-class TCellColors {
-public:
-    TCellColors() = default;
-    /// One beside the other.
-    TCellColors(std::vector<TColor> &colors) : first_(colors.data()), size_(colors.size()) {}
-    /// Of a grid whose first row and first column are headers: those of all its cells, row by row.
-    static TCellColors InGrid(std::span<TColor> colors) {
-        constexpr std::size_t columns = cellsPerRow + 1;
-        TCellColors cells;
-        if (colors.size() > columns) {
-            cells.first_ = &colors[columns + 1];
-            cells.size_ = (colors.size() / columns - 1) * cellsPerRow;
-            cells.headers_ = 1;
-        }
-        return cells;
-    }
-
-    std::size_t size() const { return size_; }
-    TColor &operator[](std::size_t position) const {
-        return first_[position + position / cellsPerRow * headers_];
-    }
-
-private:
-    TColor *first_ = nullptr;
-    std::size_t size_ = 0;
-    std::size_t headers_ = 0; ///< cells between the rows
-};
 
 /// The data cells of the contents view in reading order: position p is the byte at image offset p.
 /// The last row may be filled up with -1; whatever lies behind the last cell counts as -1.
@@ -55,10 +25,12 @@ class TCellsInRange {
 public:
     TCellsInRange(const TSearchGrid &grid, std::int32_t minimum, std::int32_t maximum)
         : misfits_(grid.values.size() + 1) {
-        const std::int32_t lowest = minimum < 0 ? 0 : minimum; // -1 is in no range
-        for (std::size_t i = 0; i < grid.values.size(); ++i)
-            misfits_[i + 1] = misfits_[i] + (grid.values[i] < lowest ? 1 : 0) +
-                              (grid.values[i] > maximum ? 1 : 0);
+        std::uint32_t misfits = 0;
+        for (std::size_t i = 0; i < grid.values.size(); ++i) {
+            misfits += grid.values[i] < 0 || grid.values[i] < minimum ? 1U : 0U;
+            misfits += grid.values[i] > maximum ? 1U : 0U;
+            misfits_[i + 1] = misfits;
+        }
     }
 
     /// The cells from `first` to before `end`. Behind the last cell none is in range.

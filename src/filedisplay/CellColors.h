@@ -1,0 +1,39 @@
+// The way from the searches to the colours of the contents view's grid.
+#pragma once
+
+#include "model/MapViews.h"
+
+#include <span>
+#include <vector>
+
+/// In one row of the contents view, without the address.
+inline constexpr std::size_t cellsPerRow = 16;
+
+/// The colours of the data cells in reading order, where they are kept: nothing is copied.
+class TCellColors {
+public:
+    TCellColors() = default;
+    /// One beside the other.
+    TCellColors(std::vector<TColor> &colors) : first_(colors.data()), size_(colors.size()) {}
+    /// Of a grid whose first row and first column are headers: those of all its cells, row by row.
+    static TCellColors InGrid(std::span<TColor> colors) {
+        constexpr std::size_t columns = cellsPerRow + 1;
+        TCellColors cells;
+        if (colors.size() > columns) {
+            cells.first_ = &colors[columns + 1];
+            cells.size_ = (colors.size() / columns - 1) * cellsPerRow;
+            cells.headers_ = 1;
+        }
+        return cells;
+    }
+
+    std::size_t size() const { return size_; }
+    TColor &operator[](std::size_t position) const {
+        return first_[position + position / cellsPerRow * headers_];
+    }
+
+private:
+    TColor *first_ = nullptr;
+    std::size_t size_ = 0;
+    std::size_t headers_ = 0; ///< cells between the rows
+};
