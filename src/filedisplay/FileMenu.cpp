@@ -34,7 +34,7 @@ void TFileMenu::AddSearches(TFileSearches &searches) {
                 {"Timing3", tr("Timing - Part Throttle"), run(&TSearch::Timing3Click)},
                 {"Timing4", tr("Timing - WOT/Idle"), run(&TSearch::Timing4Click)}});
     addSeparator();
-    // The missing blank after "Possible" is intended: translations find the texts by it.
+    // The missing blank after "Possible" is intended, see docs/peculiarities.md.
     AddSubmenu("SetSearchParameters1", tr("Set Search Parameters"),
                {{"MinFuelVal1", tr("Fuel Val Min"),
                  ask(&TIn::fuelMinimum, tr("Minimum PossibleFuel value to include"))},
