@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 namespace {
-constexpr int mostSteps = 60;
+constexpr int stepsOfASession = 60;
 
 /// The scripted dialogs and the session report what they miss as failures of a test.
 bool AnyFailure() {
@@ -37,7 +37,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     TFuzzInput input(data, size);
-    TPlayedSession(input).Run(mostSteps);
+    TPlayedSession(input).Run(stepsOfASession);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     Demand(!AnyFailure(), "a failure above");
     return 0;

@@ -19,7 +19,7 @@ struct TName {
     std::string text;
 };
 
-const TName names[] = {
+const TName oddNames[] = {
     {"blanks", "  with  blanks "},
     {"quotes", "it's a \"quote\" `too`"},
     {"line_breaks", "two\nlines\r\n"},
@@ -147,7 +147,7 @@ TEST_P(TOddNames, AsALabelOfASpecFile) {
     EXPECT_EQ(shown.contains("<b>"), label.contains("<b>")) << "letter by letter";
 }
 
-INSTANTIATE_TEST_SUITE_P(All, TOddNames, testing::ValuesIn(names),
+INSTANTIATE_TEST_SUITE_P(All, TOddNames, testing::ValuesIn(oddNames),
                          [](const auto &test) { return std::string(test.param.name); });
 
 // Names from another time are no UTF-8; the list shows them as Latin-1 and reads the right file.

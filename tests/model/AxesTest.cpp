@@ -15,11 +15,11 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-using TBytes = std::vector<std::uint8_t>;
+using TAxisBytes = std::vector<std::uint8_t>;
 
 /// Steps 1, 2, 3 ... `count`, modulo 256.
-TBytes Ramp(std::size_t count) {
-    TBytes steps(count);
+TAxisBytes Ramp(std::size_t count) {
+    TAxisBytes steps(count);
     std::iota(steps.begin(), steps.end(), std::uint8_t{1});
     return steps;
 }
@@ -31,7 +31,7 @@ struct TAxesTest : TModelTest {
 
 struct TAxisCase {
     const char *name;
-    TBytes steps;
+    TAxisBytes steps;
     std::vector<std::int32_t> points;
 };
 
@@ -41,7 +41,7 @@ TEST_P(TAxisLoadTest, DecodesAndEncodesBackToTheSameBytes) {
     const auto &[name, steps, points] = GetParam();
     PutAxis(0x6000, steps);
     Image().Poke(0x6002 + static_cast<std::int32_t>(steps.size()), 0xEE);
-    const TBytes before = Get(0, TROMImage::capacity);
+    const TAxisBytes before = Get(0, TROMImage::capacity);
     rpm.LoadAxis(0x6000);
     EXPECT_EQ(RawOf(rpm), points);
     EXPECT_EQ(rpm.offset, 0x6000);
@@ -107,7 +107,7 @@ TEST_F(TAxesTest, ALastByteOfZeroIsTheBase) {
 
 TEST_F(TAxesTest, EditingAMiddlePointChangesTwoSteps) {
     PutAxis(0x10, {0x10, 0x20, 0x40, 0x08});
-    TBytes expected = Get(0, TROMImage::capacity);
+    TAxisBytes expected = Get(0, TROMImage::capacity);
     rpm.LoadAxis(0x10);
     rpm.values->GetItem(1, 0)->raw += 3;
     rpm.values->GetItem(1, 0)->modified = true;
@@ -124,7 +124,7 @@ TEST_F(TAxesTest, EditingTheEndsChangesTheirSteps) {
     rpm.values->GetItem(0, 0)->raw -= 1;
     rpm.values->GetItem(2, 0)->raw += 1;
     rpm.SaveAxis();
-    EXPECT_EQ(Get(0x10, 5), (TBytes{0xA5, 3, 0x11, 0x21, 0x3F}));
+    EXPECT_EQ(Get(0x10, 5), (TAxisBytes{0xA5, 3, 0x11, 0x21, 0x3F}));
 }
 
 TEST_F(TAxesTest, ANegativePointIsWrittenModulo256) {
@@ -132,12 +132,12 @@ TEST_F(TAxesTest, ANegativePointIsWrittenModulo256) {
     rpm.LoadAxis(0x10);
     rpm.values->GetItem(0, 0)->SetValue(-400);
     rpm.SaveAxis();
-    EXPECT_EQ(Get(0x10, 4), (TBytes{0xA5, 2, static_cast<std::uint8_t>(224 + 10), 0x20}));
+    EXPECT_EQ(Get(0x10, 4), (TAxisBytes{0xA5, 2, static_cast<std::uint8_t>(224 + 10), 0x20}));
 }
 
 TEST_F(TAxesTest, OffsetZeroIsNeverWrittenAndKeepsTheMarks) {
     PutAxis(0, {0x10, 0x20});
-    const TBytes before = Get(0, 16);
+    const TAxisBytes before = Get(0, 16);
     rpm.LoadAxis(0);
     EXPECT_THAT(RawOf(rpm), ElementsAre(208, 224)) << "it can be read all the same";
     rpm.values->GetItem(0, 0)->SetValue(0);
@@ -156,14 +156,14 @@ TEST_F(TAxesTest, AnAxisThatRunsOverTheEndLoadsNoPoints) {
 
 TEST_F(TAxesTest, AnAxisThatEndsAtTheLastByteIsLoadedAndSaved) {
     PutAxis(0xFFFFB, {0x10, 0x20, 0x40});
-    const TBytes before = Get(0, TROMImage::capacity);
+    const TAxisBytes before = Get(0, TROMImage::capacity);
     rpm.LoadAxis(0xFFFFB);
     EXPECT_THAT(RawOf(rpm), ElementsAre(144, 160, 192));
     rpm.SaveAxis();
     EXPECT_EQ(Get(0, TROMImage::capacity), before);
     rpm.values->GetItem(2, 0)->raw = 193;
     rpm.SaveAxis();
-    EXPECT_EQ(Get(0xFFFFD, 3), (TBytes{0x10, 0x21, 0x3F}));
+    EXPECT_EQ(Get(0xFFFFD, 3), (TAxisBytes{0x10, 0x21, 0x3F}));
 }
 
 TEST_F(TAxesTest, AnAxisThatWasNotLoadedIsNotWritten) {
@@ -172,7 +172,7 @@ TEST_F(TAxesTest, AnAxisThatWasNotLoadedIsNotWritten) {
     EXPECT_THAT(RawOf(rpm), SizeIs(20));
     rpm.values->GetItem(0, 0)->SetValue(4000);
     rpm.SaveAxis();
-    EXPECT_EQ(Get(0, TROMImage::capacity), TBytes(TROMImage::capacity, 20));
+    EXPECT_EQ(Get(0, TROMImage::capacity), TAxisBytes(TROMImage::capacity, 20));
     EXPECT_FALSE(rpm.AnyModified());
     EXPECT_THAT(Messages(), IsEmpty());
 }
@@ -187,13 +187,13 @@ TEST_F(TAxesTest, OffsetsOutsideTheImageAreHarmless) {
         EXPECT_THAT(RawOf(rpm), IsEmpty());
         rpm.SaveAxis();
     }
-    EXPECT_EQ(Get(0, TROMImage::capacity), TBytes(TROMImage::capacity, 2));
+    EXPECT_EQ(Get(0, TROMImage::capacity), TAxisBytes(TROMImage::capacity, 2));
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
 TEST_F(TAxesTest, AnAxisMayBeginOneByteBeforeTheImage) {
     Put(0, {2, 0x10, 0x20});
-    const TBytes before = Get(0, TROMImage::capacity);
+    const TAxisBytes before = Get(0, TROMImage::capacity);
     rpm.LoadAxis(-1);
     EXPECT_THAT(RawOf(rpm), ElementsAre(208, 224));
     rpm.SaveAxis();
@@ -279,9 +279,9 @@ TEST_F(TAxesTest, ASetSavesTheLoadAxisOnlyWithTwoAxes) {
         axes.throttleAxis->offset = 0x6004;
         axes.throttleAxis->values->GetItem(0, 0)->raw = 9;
         axes.SaveAxes();
-        EXPECT_EQ(Get(0x6000, 4), (TBytes{0xA5, 2, 0x0F, 0x21}));
+        EXPECT_EQ(Get(0x6000, 4), (TAxisBytes{0xA5, 2, 0x0F, 0x21}));
         const std::uint8_t loadStep = count == 2 ? std::uint8_t{241} : std::uint8_t{0x30};
-        EXPECT_EQ(Get(0x6004, 3), (TBytes{0xA5, 1, loadStep}));
+        EXPECT_EQ(Get(0x6004, 3), (TAxisBytes{0xA5, 1, loadStep}));
     }
 }
 

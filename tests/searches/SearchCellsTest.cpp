@@ -80,7 +80,7 @@ TEST_P(CellsInRange, AreTheBytesBetweenTheLimits) {
     const TRangeCase &c = GetParam();
     TTestCells cells(TBytes(257));
     for (std::size_t i = 0; i < cells.values.size(); ++i)
-        cells.values[i] = static_cast<TCellValue>(i < 256 ? i : -1U);
+        cells.values[i] = i < 256 ? static_cast<TCellValue>(i) : TCellValue{-1};
     const TCellsInRange inRange(cells.Grid(), c.minimum, c.maximum);
     for (std::size_t i = 0; i < cells.values.size(); ++i) {
         const int value = cells.values[i];
