@@ -12,8 +12,7 @@
 namespace fs = std::filesystem;
 
 namespace {
-const fs::path top(FERROLYN_SOURCE_DIR);
-const fs::path pictures = project / "docs" / "pictures";
+const fs::path pictureFolder = Project().Top() / "docs" / "pictures";
 
 /// "800 x 600", out of the file's header.
 std::string SizeOf(const fs::path &png) {
@@ -31,7 +30,7 @@ std::string SizeOf(const fs::path &png) {
 
 /// Names and sizes that the log tells.
 std::set<std::pair<std::string, std::string>> Logged() {
-    const std::string log = TextOf(pictures / "log.txt");
+    const std::string log = TextOf(pictureFolder / "log.txt");
     const std::regex head(R"((?:^|\n)(\S+\.png) (\d+ x \d+)\n)");
     std::set<std::pair<std::string, std::string>> pictures;
     for (std::sregex_iterator i(log.begin(), log.end(), head), end; i != end; ++i)
@@ -41,7 +40,7 @@ std::set<std::pair<std::string, std::string>> Logged() {
 
 std::set<std::string> ShownIn(const std::string &document) {
     std::set<std::string> names;
-    for (const std::string &link : ReadMarkdown(TextOf(project / document)).links)
+    for (const std::string &link : ReadMarkdown(TextOf(Project().Top() / document)).links)
         if (link.ends_with(".png"))
             names.insert(fs::path(link).filename().string());
     return names;
@@ -50,7 +49,7 @@ std::set<std::string> ShownIn(const std::string &document) {
 
 TEST(Pictures, AreThoseOfTheLogInTheSizesThatItTells) {
     std::set<std::pair<std::string, std::string>> pictures;
-    for (const auto &entry : fs::directory_iterator(pictures))
+    for (const auto &entry : fs::directory_iterator(pictureFolder))
         if (entry.path().extension() == ".png")
             pictures.emplace(entry.path().filename().string(), SizeOf(entry.path()));
     EXPECT_FALSE(pictures.empty());
@@ -65,6 +64,6 @@ TEST(Pictures, AreAllShownInTheReadme) {
 }
 
 TEST(Pictures, AreOfModestSize) {
-    for (const auto &entry : fs::directory_iterator(pictures))
+    for (const auto &entry : fs::directory_iterator(pictureFolder))
         EXPECT_LT(entry.file_size(), 200'000U) << entry.path();
 }

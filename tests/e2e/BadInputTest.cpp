@@ -10,14 +10,14 @@ using namespace std::string_literals;
 
 constexpr int megabyte = 0x100000;
 constexpr std::array allKinds{TMapKind::PT, TMapKind::Idle, TMapKind::WOT};
-constexpr std::array pageTabs{"Fuel Maps",           "Timing Maps",
-                              "Graphical Fuel Maps", "Graphical Timing Maps",
-                              "File Contents",       "ROM Information"};
+constexpr std::array allTabs{"Fuel Maps",           "Timing Maps",
+                             "Graphical Fuel Maps", "Graphical Timing Maps",
+                             "File Contents",       "ROM Information"};
 
 class TBadInputTest : public testing::Test {
 protected:
     void ShowAllPages() {
-        for (const char *tab : pageTabs)
+        for (const char *tab : allTabs)
             session.SelectTab(tab);
     }
     /// Edits the first and the last body cell of every map that can be edited, and commits.
