@@ -88,10 +88,10 @@ void MeasureSearch(TTable &table, const std::string &what, const TSearch &search
 
 void MeasureValueSearches(TTable &table) {
     MeasureSearch(table, "possible fuel values", [](const TSearchGrid &grid) {
-        MarkPossibleFuelValues(grid, TSearchParameters());
+        MarkPossibleValues(grid, TSearchParameters().Fuel(), possibleFuelColor);
     });
     MeasureSearch(table, "possible timing values", [](const TSearchGrid &grid) {
-        MarkPossibleTimingValues(grid, TSearchParameters());
+        MarkPossibleValues(grid, TSearchParameters().Timing(), possibleTimingColor);
     });
     MeasureSearch(table, "one value", [](const TSearchGrid &grid) { MarkValue(grid, 77); });
     MeasureSearch(table, "pointer lookup", [](const TSearchGrid &grid) {

@@ -72,11 +72,11 @@ private:
     void Values(int which, const TSearch &search) {
         switch (which) {
         case 0:
-            MarkPossibleFuelValues(real_.Grid(), parameters_);
+            MarkPossibleValues(real_.Grid(), parameters_.Fuel(), possibleFuelColor);
             literal_.MarkPossible(parameters_.fuelMinimum, parameters_.fuelMaximum, 0x00FF00);
             break;
         case 1:
-            MarkPossibleTimingValues(real_.Grid(), parameters_);
+            MarkPossibleValues(real_.Grid(), parameters_.Timing(), possibleTimingColor);
             literal_.MarkPossible(parameters_.timingMinimum, parameters_.timingMaximum, 0xFF00FF);
             break;
         case 2:

@@ -31,6 +31,10 @@ public:
     TColor &operator[](std::size_t position) const {
         return first_[position + position / cellsPerRow * headers_];
     }
+    /// Of so many cells side by side in one row.
+    std::span<TColor> InRow(std::size_t position, std::size_t count) const {
+        return {&(*this)[position], count};
+    }
 
 private:
     TColor *first_ = nullptr;

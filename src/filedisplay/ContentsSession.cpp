@@ -22,11 +22,12 @@ std::string TContentsSession::Scanned(const std::string &found) {
 }
 
 std::string TContentsSession::MarkPossibleFuelValues() {
-    return Scanned(FoundCells(::MarkPossibleFuelValues(Cells(), parameters)));
+    return Scanned(FoundCells(::MarkPossibleValues(Cells(), parameters.Fuel(), possibleFuelColor)));
 }
 
 std::string TContentsSession::MarkPossibleTimingValues() {
-    return Scanned(FoundCells(::MarkPossibleTimingValues(Cells(), parameters)));
+    return Scanned(
+        FoundCells(::MarkPossibleValues(Cells(), parameters.Timing(), possibleTimingColor)));
 }
 
 std::string TContentsSession::MarkValue(std::int32_t value) {

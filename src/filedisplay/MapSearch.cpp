@@ -1,12 +1,10 @@
 #include "filedisplay/MapSearch.h"
 
 namespace {
-TCellsInRange DataIn(const TSearchGrid &grid, TMapContents contents, const TSearchParameters &p) {
+TByteRange DataRange(TMapContents contents, const TSearchParameters &parameters) {
     if (contents == TMapContents::Fuel)
-        return {grid, p.fuelMinimum, p.fuelMaximum};
-    if (contents == TMapContents::Timing)
-        return {grid, p.timingMinimum, p.timingMaximum};
-    return {grid, 0, 255};
+        return parameters.Fuel();
+    return contents == TMapContents::Timing ? parameters.Timing() : TByteRange(0, 255);
 }
 
 /// How many points the axis with that header has; 0 when there is none.
@@ -57,7 +55,7 @@ void MarkMap(const TSearchGrid &grid, std::size_t start, std::size_t end, TMapSh
 TMapStep HighlightMapAt(const TSearchGrid &grid, std::size_t position, TMapShape shape,
                         TMapContents contents, const TSearchParameters &parameters,
                         TMapCounters &counters) {
-    const TCellsInRange inRange = DataIn(grid, contents, parameters);
+    const TCellsInRange inRange(grid, DataRange(contents, parameters));
     const std::size_t end = MapEnd(grid, position, shape, parameters, inRange);
     if (end == 0 || position >= grid.values.size())
         return {false, position + 1};
@@ -68,7 +66,7 @@ TMapStep HighlightMapAt(const TSearchGrid &grid, std::size_t position, TMapShape
 TFound HighlightAllMaps(const TSearchGrid &grid, TMapShape shape, TMapContents contents,
                         const TSearchParameters &parameters, TMapCounters &counters) {
     TFound found;
-    const TCellsInRange inRange = DataIn(grid, contents, parameters);
+    const TCellsInRange inRange(grid, DataRange(contents, parameters));
     const std::size_t rows = (grid.values.size() + cellsPerRow - 1) / cellsPerRow;
     for (std::size_t position = 0; position / cellsPerRow + 2 < rows;) {
         const std::size_t end = MapEnd(grid, position, shape, parameters, inRange);

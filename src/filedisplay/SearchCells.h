@@ -19,16 +19,13 @@ struct TSearchGrid {
     TCellValue At(std::size_t i) const { return i < values.size() ? values[i] : TCellValue{-1}; }
 };
 
-/// Tells of many cells at once whether all of them are in a range of bytes, limits included. An
-/// unset minimum is no lower bound, an unset maximum and crossed limits leave no byte.
+/// Tells of many cells at once whether all of them are in a range.
 class TCellsInRange {
 public:
-    TCellsInRange(const TSearchGrid &grid, std::int32_t minimum, std::int32_t maximum)
-        : misfits_(grid.values.size() + 1) {
+    TCellsInRange(const TSearchGrid &grid, TByteRange range) : misfits_(grid.values.size() + 1) {
         std::uint32_t misfits = 0;
         for (std::size_t i = 0; i < grid.values.size(); ++i) {
-            misfits += grid.values[i] < 0 || grid.values[i] < minimum ? 1U : 0U;
-            misfits += grid.values[i] > maximum ? 1U : 0U;
+            misfits += range.Has(grid.values[i]) ? 0U : 1U;
             misfits_[i + 1] = misfits;
         }
     }

@@ -5,11 +5,10 @@
 
 #include <optional>
 
-/// Marks every byte of the fuel range that has a neighbour in this range lime, or of the timing
-/// range fuchsia. The byte after the end of a row is no neighbour of the row's last, but the row's
-/// last is one of the byte after it (intended; see docs/peculiarities.md).
-TFound MarkPossibleFuelValues(const TSearchGrid &grid, const TSearchParameters &parameters);
-TFound MarkPossibleTimingValues(const TSearchGrid &grid, const TSearchParameters &parameters);
+/// Marks every byte of the range that has a neighbour in it. The byte after the end of a row is no
+/// neighbour of the row's last, but the row's last is one of the byte after it (intended; see
+/// docs/peculiarities.md).
+TFound MarkPossibleValues(const TSearchGrid &grid, TByteRange range, TColor color);
 
 /// Marks every byte equal to `value` olive; none for a value that is no byte.
 TFound MarkValue(const TSearchGrid &grid, std::int32_t value);

@@ -77,8 +77,12 @@ TEST(MarkNames, KnowWhateverTheSearchesLeave) {
             search([&](const TSearchGrid &grid) {
                 HighlightAllMaps(grid, shape, contents, parameters, counters);
             });
-    search([&](const TSearchGrid &grid) { MarkPossibleFuelValues(grid, parameters); });
-    search([&](const TSearchGrid &grid) { MarkPossibleTimingValues(grid, parameters); });
+    search([&](const TSearchGrid &grid) {
+        MarkPossibleValues(grid, parameters.Fuel(), possibleFuelColor);
+    });
+    search([&](const TSearchGrid &grid) {
+        MarkPossibleValues(grid, parameters.Timing(), possibleTimingColor);
+    });
     search([](const TSearchGrid &grid) { MarkValue(grid, 7); });
     search([](const TSearchGrid &grid) { MarkPointers(grid, {5, 77}, 15); });
     known.erase(0x800081); // no search leaves it

@@ -81,7 +81,7 @@ TEST_P(CellsInRange, AreTheBytesBetweenTheLimits) {
     TTestCells cells(TBytes(257));
     for (std::size_t i = 0; i < cells.values.size(); ++i)
         cells.values[i] = i < 256 ? static_cast<TCellValue>(i) : TCellValue{-1};
-    const TCellsInRange inRange(cells.Grid(), c.minimum, c.maximum);
+    const TCellsInRange inRange(cells.Grid(), {c.minimum, c.maximum});
     for (std::size_t i = 0; i < cells.values.size(); ++i) {
         const int value = cells.values[i];
         EXPECT_EQ(inRange.All(i, i + 1), value >= 0 && c.first <= value && value <= c.last)
@@ -99,7 +99,7 @@ TEST(CellsInRange, AreToldOfEachRunOfCells) {
             for (std::uint8_t &byte : bytes)
                 byte = static_cast<std::uint8_t>(random() % kinds);
             TTestCells cells(bytes, false);
-            const TCellsInRange inRange(cells.Grid(), kinds == 1 ? 0 : 1, 255);
+            const TCellsInRange inRange(cells.Grid(), {kinds == 1 ? 0 : 1, 255});
             for (std::size_t first = 0; first <= size; ++first) {
                 bool all = true;
                 for (std::size_t end = first; end <= size + 2; ++end) {

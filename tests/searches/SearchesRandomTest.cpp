@@ -140,7 +140,7 @@ void OnRandomImages(TCompare compare) {
 TEST(RandomImages, PossibleFuelValues) {
     OnRandomImages([](TRandom &random, TTwins &twins) {
         const TSearchParameters parameters = RandomParameters(random);
-        MarkPossibleFuelValues(twins.real.Grid(), parameters);
+        MarkPossibleValues(twins.real.Grid(), parameters.Fuel(), possibleFuelColor);
         twins.literal.MarkPossible(parameters.fuelMinimum, parameters.fuelMaximum, 0x00FF00);
     });
 }
@@ -148,7 +148,7 @@ TEST(RandomImages, PossibleFuelValues) {
 TEST(RandomImages, PossibleTimingValues) {
     OnRandomImages([](TRandom &random, TTwins &twins) {
         const TSearchParameters parameters = RandomParameters(random);
-        MarkPossibleTimingValues(twins.real.Grid(), parameters);
+        MarkPossibleValues(twins.real.Grid(), parameters.Timing(), possibleTimingColor);
         twins.literal.MarkPossible(parameters.timingMinimum, parameters.timingMaximum, 0xFF00FF);
     });
 }
@@ -276,7 +276,7 @@ TEST(LargeImages, AreSearchedToTheirLastByte) {
             PlantMap(random, image);
         TTwins twins(random, image);
         const TSearchParameters parameters;
-        MarkPossibleTimingValues(twins.real.Grid(), parameters);
+        MarkPossibleValues(twins.real.Grid(), parameters.Timing(), possibleTimingColor);
         twins.literal.MarkPossible(10, 90, 0xFF00FF);
         MarkPointers(twins.real.Grid(), {5, 77}, 15);
         twins.literal.FindPointers(5, 77, 15);

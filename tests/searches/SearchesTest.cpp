@@ -93,7 +93,8 @@ TEST_P(PossibleValues, OfFuelAreMarkedLime) {
     for (const std::uint8_t in : {90_b, 200_b}) {
         for (const std::uint8_t out : {89_b, 201_b}) {
             TTestCells cells(Bytes(in, out));
-            const TFound found = MarkPossibleFuelValues(cells.Grid(), {});
+            const TFound found =
+                MarkPossibleValues(cells.Grid(), TSearchParameters().Fuel(), possibleFuelColor);
             EXPECT_EQ(Shown(cells, in, 0x00FF00), GetParam().cells);
             EXPECT_THAT(found, Tells(cells.Marked()));
         }
@@ -104,7 +105,8 @@ TEST_P(PossibleValues, OfTimingAreMarkedFuchsia) {
     for (const std::uint8_t in : {10_b, 90_b}) {
         for (const std::uint8_t out : {9_b, 91_b}) {
             TTestCells cells(Bytes(in, out), false);
-            const TFound found = MarkPossibleTimingValues(cells.Grid(), {});
+            const TFound found =
+                MarkPossibleValues(cells.Grid(), TSearchParameters().Timing(), possibleTimingColor);
             EXPECT_EQ(Shown(cells, in, 0xFF00FF), GetParam().cells);
             EXPECT_THAT(found, Tells(cells.Marked()));
         }
@@ -116,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(Pictures, PossibleValues, ValuesIn(pictures));
 TEST(MarkPossibleValues, LeaveOtherColorsAsTheyAre) {
     TTestCells cells({100, 100, 1, 100});
     cells.colors = {0x1FEFFFF, unmarkedColor, 0x1FEFFFF, 0x008001};
-    MarkPossibleFuelValues(cells.Grid(), {});
+    MarkPossibleValues(cells.Grid(), TSearchParameters().Fuel(), possibleFuelColor);
     EXPECT_THAT(cells.colors, ElementsAre(0x00FF00, 0x00FF00, 0x1FEFFFF, 0x008001));
 }
 
@@ -125,13 +127,13 @@ TEST(MarkPossibleValues, TakeTheLimitsByPlainComparison) {
     parameters.fuelMinimum = -1;
     parameters.fuelMaximum = 5;
     TTestCells low({0, 5, 6, 0, 6});
-    MarkPossibleFuelValues(low.Grid(), parameters);
+    MarkPossibleValues(low.Grid(), parameters.Fuel(), possibleFuelColor);
     EXPECT_THAT(low.Marked(), ElementsAre(0U, 1U)); // cells without a byte are in no range
 
     parameters.fuelMinimum = 0;
     parameters.fuelMaximum = -1;
     TTestCells none({0, 5, 6, 0, 6});
-    MarkPossibleFuelValues(none.Grid(), parameters);
+    MarkPossibleValues(none.Grid(), parameters.Fuel(), possibleFuelColor);
     EXPECT_THAT(none.Marked(), IsEmpty());
 }
 
