@@ -41,6 +41,7 @@ started+=($!)
 read -r -t "$patience" display <&"$display_stream" || fail "the virtual screen did not start"
 export DISPLAY=":$display"
 export XDG_RUNTIME_DIR=$scratch # lock files of a program here are not those of the user's session
+export XDG_CONFIG_HOME=$scratch # nor are its settings
 unset WAYLAND_DISPLAY
 
 # What sanitizers would blame on the program and is the desktop's libraries'. That of the X11 keyboard copies n characters out of a

@@ -133,8 +133,7 @@ void TfrmFileContents::ShowOutcome(const std::string &text) {
 }
 
 void TfrmFileContents::Say(const std::string &text) {
-    if (const TfrmKelvaneNotebook *host = Notebook())
-        host->StatusBar1->showMessage(QString::fromStdString(text));
+    TEmbeddedForm::Say(QString::fromStdString(text));
 }
 
 std::int32_t TfrmFileContents::CurrentAddress() const {

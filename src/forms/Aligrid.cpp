@@ -65,6 +65,11 @@ TStringAlignGrid::TStringAlignGrid(QWidget *parent)
         Fire(OnShowHintCell, cell.column, cell.row, hint);
     };
     setLayoutDirection(Qt::LeftToRight); // tables of numbers run rightwards in every language
+    delegate_->shadeOf = [this](TGridCell cell) {
+        std::optional<TColor> shade;
+        Fire(OnShadeCell, cell.column, cell.row, shade);
+        return shade;
+    };
     delegate_->placeOf = [this](TGridCell cell) { return CellPlace(cell); };
     model_->nameOf = [this](TGridCell cell) { return CellName(cell); };
     model_->meaningOf = [this](TGridCell cell) { return CellMeaning(cell); };

@@ -156,6 +156,8 @@ public:
     std::function<void(int column, int row)> OnCancelEdit;
     /// `hint` is the text of a cell that is too small for it, else empty. Needs ShowCellHints.
     std::function<void(int column, int row, QString &hint)> OnShowHintCell;
+    /// A cell without a background of its own is painted; what is left empty is as the others are.
+    std::function<void(int column, int row, std::optional<TColor> &shade)> OnShadeCell;
     /// `order` below, at or above 0: the first row goes before, with or behind the second.
     std::function<void(int first, int second, int &order)> OnCompareRow;
     std::function<void(int first, int second, int &order)> OnCompareCol;

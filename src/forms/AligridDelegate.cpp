@@ -15,6 +15,7 @@
 
 namespace {
 constexpr int focusFrame = 2;
+constexpr QMargins shadeFrame(3, 3, 3, 3); // of a shaded cell, around a marked text
 
 bool IsCurrent(const QStyleOptionViewItem &option, const QModelIndex &index) {
     const auto *view = qobject_cast<const QAbstractItemView *>(option.widget);
@@ -43,8 +44,12 @@ bool TAligridDelegate::Tinted(const QStyleOptionViewItem &option) const {
     return settings_.DrawSelection && option.state.testFlag(QStyle::State_Selected);
 }
 
-QColor TAligridDelegate::Background(const QStyleOptionViewItem &option, TGridCell cell) const {
-    const TColor color = model_.CellColor(cell);
+TColor TAligridDelegate::ShownColor(TGridCell cell) const {
+    const TColor own = model_.CellColor(cell);
+    return own == settings_.DefaultColor ? shadeOf(cell).value_or(own) : own;
+}
+
+QColor TAligridDelegate::Background(const QStyleOptionViewItem &option, TColor color) const {
     const QColor own = PaintedColor(color, option.palette);
     if (!Tinted(option))
         return own;
@@ -53,11 +58,18 @@ QColor TAligridDelegate::Background(const QStyleOptionViewItem &option, TGridCel
     return color == settings_.DefaultColor ? tint : Blended(tint, own, 0.5);
 }
 
+TColor TAligridDelegate::ColorBehindText(TGridCell cell) const {
+    const bool marked = model_.FontColor(cell) != settings_.DefaultFontColor;
+    const TColor own = model_.CellColor(cell);
+    // The colour of a text could not be told on every shade.
+    return marked && own == settings_.DefaultColor ? own : ShownColor(cell);
+}
+
 QColor TAligridDelegate::TextColor(const QStyleOptionViewItem &option, TGridCell cell) const {
     const TColor color = model_.FontColor(cell);
-    const QColor background = Background(option, cell);
+    const QColor background = Background(option, ColorBehindText(cell));
     const bool plain = color == settings_.DefaultFontColor;
-    if (plain && model_.CellColor(cell) != settings_.DefaultColor)
+    if (plain && ShownColor(cell) != settings_.DefaultColor)
         return ReadableOn(background);
     const TColor wanted = plain && Tinted(option) ? settings_.SelectedFontColor : color;
     // The cell keeps its colour; only what is painted gives way to the theme's background.
@@ -81,8 +93,11 @@ void TAligridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     const QColor line =
         Blended(option.palette.color(QPalette::Text), option.palette.color(QPalette::Base), 0.2);
     painter->fillRect(option.rect, line);
-    const QColor background = Background(option, cell);
+    const QColor background = Background(option, ShownColor(cell));
     painter->fillRect(Inside(option.rect), background);
+    if (ColorBehindText(cell) != ShownColor(cell))
+        painter->fillRect(Inside(option.rect).marginsRemoved(shadeFrame),
+                          Background(option, ColorBehindText(cell)));
     painter->setPen(TextColor(option, cell));
     const int flow = Qt::TextForceLeftToRight | // signs stand before their number everywhere
                      (settings_.Wordwrap ? Qt::TextWordWrap : Qt::TextSingleLine);

@@ -22,6 +22,8 @@ public:
     std::function<void()> onEditorLeft;
     /// The tool tip of a cell; comes with the text if that does not fit, else empty.
     std::function<void(TGridCell, QString &)> onHint;
+    /// The background of a cell that has none of its own; none: the grid's.
+    std::function<std::optional<TColor>(TGridCell)> shadeOf;
     /// Where a cell is, for the name of its editor.
     std::function<QString(TGridCell)> placeOf;
 
@@ -37,7 +39,11 @@ public:
                    const QModelIndex &index) override;
 
 private:
-    QColor Background(const QStyleOptionViewItem &option, TGridCell cell) const;
+    /// The cell's colour, or its shade.
+    TColor ShownColor(TGridCell cell) const;
+    /// What the text stands on: a marked text of a shaded cell on the grid's own colour.
+    TColor ColorBehindText(TGridCell cell) const;
+    QColor Background(const QStyleOptionViewItem &option, TColor color) const;
     QColor TextColor(const QStyleOptionViewItem &option, TGridCell cell) const;
     bool Tinted(const QStyleOptionViewItem &option) const;
     QRect Inside(const QRect &rect) const;

@@ -1,6 +1,7 @@
 #include "forms/KelvaneNotebook.h"
 
 #include "forms/Access.h"
+#include "forms/CommandMenu.h"
 #include "forms/Guard.h"
 #include "forms/Hourglass.h"
 #include "forms/Named.h"
@@ -69,6 +70,7 @@ void TfrmKelvaneNotebook::LayOut() {
     StatusBar1->setAccessibleName(tr("Hint"));
     connect(StatusBar1, &QStatusBar::messageChanged, StatusBar1,
             &QStatusBar::setAccessibleDescription);
+    new TCommandMenu(*this); // in the corner of the tab bar
     SetHint(btnPrint, tr("Print Displayed Data"));
     SetHint(btnClose, tr("Close"));
     btnSave->setEnabled(false);

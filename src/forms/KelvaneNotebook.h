@@ -82,6 +82,9 @@ public:
     /// their handlers may be the caller.
     bool FormCloseQuery();
 
+    /// Called after each action that may have changed what the window says of the program's state.
+    virtual void StateChanged() {}
+
     void btnPrintClick();
     void btnSaveClick();
     void btnCancelClick();

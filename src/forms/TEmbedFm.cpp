@@ -2,6 +2,7 @@
 
 #include "forms/Guard.h"
 #include "forms/Help.h"
+#include "forms/KelvaneNotebook.h"
 #include "forms/TabOrder.h"
 
 #include <utility>
@@ -11,6 +12,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QStatusBar>
 #include <QStyleOption>
 
 TEmbeddedForm::TEmbeddedForm(QWidget *parent)
@@ -51,6 +53,16 @@ void TEmbeddedForm::TakeFocus() {
 
 QWidget *TEmbeddedForm::FirstControl() {
     return FirstInTabOrder(*this);
+}
+
+void TEmbeddedForm::Say(const QString &text) {
+    if (notebook_)
+        notebook_->StatusBar1->showMessage(text);
+}
+
+void TEmbeddedForm::TellState() {
+    if (notebook_)
+        notebook_->StateChanged();
 }
 
 bool TEmbeddedForm::focusNextPrevChild(bool next) {

@@ -54,6 +54,12 @@ public:
     /// answers the first control that Tab visits, the page itself included.
     virtual QWidget *FirstControl();
 
+    /// Shows a text in the notebook's bottom line until the next hint.
+    void Say(const QString &text);
+
+    /// Tells the notebook that what it says of the program's state may be another now.
+    void TellState();
+
     /// The notebook that holds the page; nullptr before it is added and after it is removed.
     TfrmKelvaneNotebook *Notebook() const { return notebook_; }
 

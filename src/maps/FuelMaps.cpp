@@ -7,6 +7,7 @@
 #include <initializer_list>
 
 #include <QPushButton>
+#include <QSignalBlocker>
 
 TfrmFuelMaps::TfrmFuelMaps(QWidget *parent, TWorkspace &sharedWorkspace, TFuelMapSet &mapSet)
     : TfrmMaps(parent, sharedWorkspace, mapSet), FuelMapSet(&sharedWorkspace.fuelMapSet) {
@@ -69,21 +70,46 @@ void TfrmFuelMaps::CommitAll() {
 }
 
 void TfrmFuelMaps::spnRevLimiterChange() {
-    RevBox().SetTextColor(clBlue);
-    SetRevChanged(true);
+    constexpr bool withTheDigitsBefore = true;
+    const auto change = [this] {
+        RevBox().SetTextColor(clBlue);
+        SetRevChanged(true);
+    };
+    history.Run(RevBox().label->text(), change, withTheDigitsBefore);
 }
 
 void TfrmFuelMaps::btnSavePTClick() {
-    TfrmMaps::btnSavePTClick();
-    // The text stays blue and DataChanged as it is. Both are intended: see docs/peculiarities.md.
-    if (FuelMapSet->HasRevLimiter())
-        TakeRevLimiter();
-    SetRevChanged(false);
+    Panel(TMapKind::PT).grid->CloseEditor();
+    history.Run(tr("Commit"), [this] {
+        TfrmMaps::btnSavePTClick();
+        // The text stays blue and DataChanged as it is. Both are intended: see
+        // docs/peculiarities.md.
+        if (FuelMapSet->HasRevLimiter())
+            TakeRevLimiter();
+        SetRevChanged(false);
+    });
 }
 
 void TfrmFuelMaps::btnResetPTClick() {
-    TfrmMaps::btnResetPTClick();
-    if (FuelMapSet->HasRevLimiter())
-        ShowRevLimiter();
-    SetRevChanged(false);
+    Panel(TMapKind::PT).grid->CloseEditor();
+    history.Run(tr("Reset"), [this] {
+        TfrmMaps::btnResetPTClick();
+        if (FuelMapSet->HasRevLimiter())
+            ShowRevLimiter();
+        SetRevChanged(false);
+    });
+}
+
+TRevState TfrmFuelMaps::RevState() {
+    const TRPMVal &limiter = FuelMapSet->revLimiter;
+    return {RevBox().value(), RevBox().TextColor(), RevChanged, limiter.raw, limiter.modified};
+}
+
+void TfrmFuelMaps::SetRevState(const TRevState &state) {
+    const QSignalBlocker silent(RevBox());
+    RevBox().setValue(state.shown);
+    RevBox().SetTextColor(state.color);
+    SetRevChanged(state.changed);
+    FuelMapSet->revLimiter.raw = state.raw;
+    FuelMapSet->revLimiter.modified = state.modified;
 }

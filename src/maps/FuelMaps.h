@@ -27,6 +27,8 @@ protected:
     bool AnyChanged() const override { return TfrmMaps::AnyChanged() || RevChanged; }
     void CommitAll() override;
     void MakeControls() override;
+    TRevState RevState() override;
+    void SetRevState(const TRevState &state) override;
     void CopyMap(TMapKind kind) override { CopyTo(workspace.fuelPasteSlots, *FuelMapSet, kind); }
     void PasteMap(TMapKind kind) override { PasteFrom(workspace.fuelPasteSlots, kind, tr("Fuel")); }
     QString DepthTitle() const override { return tr("% Load"); }

@@ -39,6 +39,18 @@ void TMapGrid::UnlockAxes(bool loadToo) {
     Fit();
 }
 
+void TMapGrid::FixAxes(int columns, int rows) {
+    if (rows == grid_.FixedRows() && columns == grid_.FixedCols())
+        return;
+    if (rows == 0)
+        return UnlockAxes(columns == 0);
+    grid_.SetFixedRows(rows);
+    grid_.SetFixedCols(columns);
+    grid_.SetPropRow(0, {});
+    grid_.SetPropCol(0, {});
+    Fit();
+}
+
 std::string TMapGrid::Cell(int column, int row) const {
     return grid_.Cell(column, row).toStdString();
 }

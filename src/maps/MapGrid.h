@@ -26,6 +26,9 @@ public:
     /// colour. A new shape fixes them again.
     void UnlockAxes(bool loadToo);
 
+    /// Fixes so many columns and rows (0 or 1 each), or makes them editable as UnlockAxes does.
+    void FixAxes(int columns, int rows);
+
     /// The room that the grid may take, in pixels: fewer columns and rows are shown at once when
     /// they would not fit. Never fewer than one column and LeastHeight.
     void SetRoom(QSize room);

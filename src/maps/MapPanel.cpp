@@ -47,7 +47,8 @@ TMapPanel::TMapPanel(QWidget &rows, const TMapPanelTraits &rowTraits)
       pasteAction(menu->addAction(tr("Paste Map"))),
       unlockAction(menu->addAction(tr("Unlock Axis"))),
       gridView(*grid),
-      chartView(*chart) {
+      chartView(*chart),
+      shades(*grid) {
     MakePanel();
     MakeChart();
     MakeMenu();

@@ -9,6 +9,7 @@
 #include "maps/MapGrid.h"
 #include "maps/MapNote.h"
 #include "maps/OffsetEdit.h"
+#include "maps/ValueShades.h"
 #include "model/MapSets.h"
 
 #include <array>
@@ -67,6 +68,7 @@ public:
     QAction *unlockAction;
     TMapGrid gridView; ///< the grid as the model sees it
     TMapChart chartView;
+    TValueShades shades;
 
     /// Shows the map's title, which holds the page's caption, above grid and chart, the caption
     /// beside the chart, and names the controls after it for screen readers.

@@ -5,6 +5,7 @@
 #include "forms/KelvaneNotebook.h"
 #include "forms/TabOrder.h"
 #include "maps/ChartData.h"
+#include "maps/MapCommands.h"
 #include "maps/PasteBuffer.h"
 #include "maps/ToolWindow.h"
 #include "maps/WhyNoMap.h"
@@ -12,6 +13,7 @@
 
 #include <array>
 
+#include <QApplication>
 #include <QSignalBlocker>
 
 namespace {
@@ -19,19 +21,13 @@ namespace {
 double SingleLoadPoint(TMapKind kind) {
     return kind == TMapKind::WOT ? 100 : 0;
 }
-
-/// What a cell of the grid says as a number; only the part throttle grid has load headers to edit.
-double CellNumber(const TMapPanel &row, int column, int gridRow) {
-    const std::string text = row.gridView.Cell(column, gridRow);
-    const bool loadHeader = row.traits.kind == TMapKind::PT && column == 0;
-    return ParseReal(loadHeader ? text.substr(0, text.find('%')) : text); // of "40%" the 40
-}
 } // namespace
 
 TfrmMaps::TfrmMaps(QWidget *parent, TWorkspace &sharedWorkspace, TMapSet &mapSet)
     : TEmbeddedForm(parent), MapSet(&mapSet), workspace(sharedWorkspace) {}
 
 TfrmMaps::~TfrmMaps() {
+    disconnect(qApp, nullptr, this, nullptr); // the focus still moves while the widgets go
     delete ToolWindow;
 }
 
@@ -68,6 +64,12 @@ void TfrmMaps::MakeControls() {
     ConnectGuarded(&controls_->recalculate, &QPushButton::clicked, this,
                    [this] { btnRecalculateClick(); });
     ConnectGuarded(&controls_->close, &QPushButton::clicked, this, [this] { btnCloseClick(); });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, const QWidget *now) {
+        for (const TMapKind kind : allMapKinds)
+            if (Panel(kind).grid == now)
+                currentKind_ = kind;
+    });
+    AddMapCommands(*this);
 }
 
 void TfrmMaps::ConnectPanel(TMapPanel &row) {
@@ -113,7 +115,13 @@ void TfrmMaps::ShowPage() {
     LoadPTMap();
     LoadIdleMap();
     LoadFTMap();
+    ShowShades();
     SetPageVisible(true);
+}
+
+void TfrmMaps::ShowShades() {
+    for (const TMapKind kind : allMapKinds)
+        Panel(kind).shades.Show();
 }
 
 QWidget *TfrmMaps::FirstControl() {
@@ -158,6 +166,7 @@ void TfrmMaps::LoadMap(TMapKind kind) {
     RedrawMapChart(kind);
     Panel(kind).SetCaption(windowTitle());
     Changed(kind) = false;
+    history.Begin();
 }
 
 void TfrmMaps::ShapeRow(TMapKind kind) {
@@ -184,48 +193,42 @@ void TfrmMaps::RedrawMapChart(TMapKind kind) {
 void TfrmMaps::Commit(TMapKind kind) {
     TMapPanel &row = Panel(kind);
     row.grid->CloseEditor();
-    if (Changed(kind)) {
-        try {
-            Map(kind).ReadGrid(row.gridView);
-            Map(kind).Save();
-            Changed(kind) = false;
-            DataChanged = true;
-        } catch (const std::exception &) {
-            Dialogs().ShowMessage(tr("Error saving new data"));
+    history.Run(tr("Commit"), [&] {
+        if (Changed(kind)) {
+            try {
+                Map(kind).ReadGrid(row.gridView);
+                Map(kind).Save();
+                Changed(kind) = false;
+                DataChanged = true;
+            } catch (const std::exception &) {
+                Dialogs().ShowMessage(tr("Error saving new data"));
+            }
         }
-    }
-    FillMap(kind);
-    TakeFocus();
+        FillMap(kind);
+        TakeFocus();
+    });
 }
 
 void TfrmMaps::Reset(TMapKind kind) {
     Panel(kind).grid->CloseEditor();
-    FillMap(kind);
-    RedrawMapChart(kind);
-    Changed(kind) = false;
-    TakeFocus();
-}
-
-void TfrmMaps::BeforeEdit(TMapKind kind, int column, int row) {
-    EditOldValue = static_cast<long double>(CellNumber(Panel(kind), column, row));
-}
-
-void TfrmMaps::AfterEdit(TMapKind kind, int column, int row) {
-    TMapPanel &panel = Panel(kind);
-    CellNumber(panel, column, row); // a text that is no number stays as typed, unmarked
-    panel.gridView.SetFontColor(column, row, clBlue);
-    Changed(kind) = true;
-    RedrawMapChart(kind);
+    history.Run(tr("Reset"), [&] {
+        FillMap(kind);
+        RedrawMapChart(kind);
+        Changed(kind) = false;
+        TakeFocus();
+    });
 }
 
 void TfrmMaps::chkInterpretClick() {
     CloseEditors();
-    MapSet->SetShowConverted(InterpretBox().isChecked());
-    // The flags stay although the edits are discarded, and no chart is drawn again. Both are
-    // intended: see docs/peculiarities.md.
-    FillMap(TMapKind::PT);
-    FillMap(TMapKind::WOT);
-    FillMap(TMapKind::Idle);
+    history.Run(InterpretBox().text(), [&] {
+        MapSet->SetShowConverted(InterpretBox().isChecked());
+        // The flags stay although the edits are discarded, and no chart is drawn again. Both are
+        // intended: see docs/peculiarities.md.
+        FillMap(TMapKind::PT);
+        FillMap(TMapKind::WOT);
+        FillMap(TMapKind::Idle);
+    });
 }
 
 void TfrmMaps::OffsetExit(TMapKind kind) {
@@ -250,7 +253,7 @@ void TfrmMaps::OffsetExit(TMapKind kind) {
 void TfrmMaps::UnlockAxis(TMapKind kind) {
     TMapPanel &row = Panel(kind);
     row.grid->CloseEditor(); // its text is accepted: a grid of another shape would drop it
-    row.gridView.UnlockAxes(kind == TMapKind::PT);
+    history.Run(row.unlockAction->text(), [&] { row.gridView.UnlockAxes(kind == TMapKind::PT); });
 }
 
 void TfrmMaps::btnRecalculateClick() {
@@ -284,9 +287,11 @@ void TfrmMaps::PasteFrom(TPasteSlots &buffer, TMapKind kind, const QString &setN
         return;
     }
     Panel(kind).grid->CloseEditor();
-    buffered->AssignTo(map);
-    ShapeRow(kind);
-    FillMap(kind);
-    RedrawMapChart(kind);
-    Changed(kind) = true;
+    history.Run(Panel(kind).pasteAction->text(), [&] {
+        buffered->AssignTo(map);
+        ShapeRow(kind);
+        FillMap(kind);
+        RedrawMapChart(kind);
+        Changed(kind) = true;
+    });
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "forms/TEmbedFm.h"
+#include "maps/MapHistory.h"
 #include "maps/MapPageControls.h"
 #include "model/Workspace.h"
 
@@ -14,6 +15,13 @@
 #include <QPointer>
 
 class TfrmToolWindow;
+
+/// A text for a cell of a grid.
+struct TCellText {
+    int column;
+    int row;
+    QString text;
+};
 
 class TfrmMaps : public TEmbeddedForm {
     Q_OBJECT
@@ -83,6 +91,18 @@ public:
     void Paste2Click() { PasteMap(TMapKind::Idle); }
     void Paste3Click() { PasteMap(TMapKind::WOT); }
 
+    /// The map whose grid has the keyboard, or had it last.
+    TMapKind CurrentKind() const { return currentKind_; }
+    /// Undo and redo of what is done on the page since it was shown.
+    TMapHistory history{*this};
+    /// Enters texts that are numbers as if each were typed, but as one step, drawing once.
+    void EnterTexts(TMapKind kind, const std::vector<TCellText> &texts, const QString &step);
+    /// Colours the cells by their values, or no longer, as the user has chosen.
+    void ShowShades();
+    /// The page as it stands; shares with `last` what has not changed since then.
+    TMapPageState State(const TMapPageState &last);
+    void Restore(const TMapPageState &state);
+
     TMapPanel &Panel(TMapKind kind) { return Controls().maps.Row(kind); }
     TMap &Map(TMapKind kind) { return MapSet->Map(kind); }
     bool &Changed(TMapKind kind);
@@ -108,6 +128,8 @@ protected:
     virtual void CommitAll();
     /// Makes the controls; derived pages begin with it.
     virtual void MakeControls();
+    virtual TRevState RevState() { return {}; }
+    virtual void SetRevState(const TRevState &) {}
     /// The title of the charts' load axis.
     virtual QString DepthTitle() const = 0;
     /// The line of controls below the maps; derived pages add theirs in front.
@@ -128,9 +150,11 @@ private:
     void Reset(TMapKind kind);
     void BeforeEdit(TMapKind kind, int column, int row);
     void AfterEdit(TMapKind kind, int column, int row);
+    void MarkEdited(TMapKind kind, int column, int row);
     void OffsetExit(TMapKind kind);
     void UnlockAxis(TMapKind kind);
 
     std::unique_ptr<TMapPageControls> controls_; ///< for Controls() and Prepare() alone
+    TMapKind currentKind_ = TMapKind::PT;
     std::optional<TMapKind> only_; ///< the one map that is shown, when the page shows but one
 };

@@ -4,12 +4,12 @@
 #include <QKeyEvent>
 
 namespace {
-constexpr int frameRoom = 24; // pixels, beside the longest offset
+constexpr int boxRoom = 24; // pixels, beside the longest offset
 } // namespace
 
 TOffsetEdit::TOffsetEdit(QWidget *parent, const QString &name) : TExitEdit(parent) {
     setObjectName(name);
-    setFixedWidth(fontMetrics().horizontalAdvance("$FFFFFFFF") + frameRoom);
+    setFixedWidth(fontMetrics().horizontalAdvance("$FFFFFFFF") + boxRoom);
     SetWritable(false);
 }
 

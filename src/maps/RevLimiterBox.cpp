@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include <QKeyEvent>
 #include <QWheelEvent>
 
 namespace {
@@ -36,6 +37,17 @@ void TRevLimiterBox::SetTextColor(TColor color) {
         colors.setColor(QPalette::Text,
                         Legible(PaintedColor(color, colors), colors.color(QPalette::Base)));
     setPalette(colors);
+}
+
+bool TRevLimiterBox::event(QEvent *event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto &key = *static_cast<QKeyEvent *>(event);
+        if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QSpinBox::event(event);
 }
 
 void TRevLimiterBox::wheelEvent(QWheelEvent *event) {

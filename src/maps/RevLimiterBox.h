@@ -19,8 +19,11 @@ public:
     void SetPresent(bool present);
     /// Gives the text that colour, as far as it is readable in the theme.
     void SetTextColor(TColor color);
+    TColor TextColor() const { return color_; }
 
 protected:
+    /// Leaves undo and redo to the page, whose steps know more than the digits.
+    bool event(QEvent *event) override;
     /// Turns the value only while the box has the focus: whoever scrolls the page over it means
     /// the page.
     void wheelEvent(QWheelEvent *event) override;

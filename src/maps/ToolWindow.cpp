@@ -181,17 +181,19 @@ void TfrmToolWindow::edtValExit() {
 
 void TfrmToolWindow::btnExecClick() {
     const TMapKind kind{DataSet};
-    // The map counts as changed before any cell is touched, and even when none changes. This is
-    // intended: see docs/peculiarities.md.
-    page_.Changed(kind) = true;
     TStringAlignGrid &grid = *page_.Panel(kind).grid;
     grid.CloseEditor();
-    const TCellRange cells = CellsToAdjust(kind, TAdjustRange{Range},
-                                           {.columns = grid.ColCount(),
-                                            .rows = grid.RowCount(),
-                                            .currentColumn = grid.Col(),
-                                            .currentRow = grid.Row()});
-    AdjustCells(page_.Panel(kind).gridView, cells, {Sign, Scale == 1, Amount},
-                page_.Map(kind).GetCellFormat());
-    page_.RedrawMapChart(kind);
+    page_.history.Run(tr("adjustment"), [&] {
+        // The map counts as changed before any cell is touched, and even when none changes. This is
+        // intended: see docs/peculiarities.md.
+        page_.Changed(kind) = true;
+        const TCellRange cells = CellsToAdjust(kind, TAdjustRange{Range},
+                                               {.columns = grid.ColCount(),
+                                                .rows = grid.RowCount(),
+                                                .currentColumn = grid.Col(),
+                                                .currentRow = grid.Row()});
+        AdjustCells(page_.Panel(kind).gridView, cells, {Sign, Scale == 1, Amount},
+                    page_.Map(kind).GetCellFormat());
+        page_.RedrawMapChart(kind);
+    });
 }

@@ -9,13 +9,13 @@
 
 namespace {
 constexpr auto mutexName = "SingleInstanceProgramHMutex";
-constexpr auto windowClass = "TfrmNotebook";
-constexpr auto windowTitle = "Ferrolyn "; // no caption of ours ends so: docs/peculiarities.md
+constexpr auto wantedClass = "TfrmNotebook";
+constexpr auto wantedTitle = "Ferrolyn "; // no caption of ours ends so: docs/peculiarities.md
 constexpr std::chrono::milliseconds retryPause(20); // between two looks at a lock that is busy
 
 /// Whether a running copy was found; one without an application window is left as it is.
 bool WakeRunningCopy(IWindowFinder &finder) {
-    const TWindowId window = finder.Find(windowClass, windowTitle);
+    const TWindowId window = finder.Find(wantedClass, wantedTitle);
     if (!window)
         return false;
     if (const TWindowId owner = finder.OwnerOf(window)) {

@@ -2,6 +2,8 @@
 // warning is a failure.
 
 #include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <gmock/gmock.h>
 
 namespace {
@@ -20,6 +22,8 @@ int main(int argc, char **argv) {
     testing::InitGoogleMock(&argc, argv);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    const QTemporaryDir settings; // none of the user's own
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     qInstallMessageHandler(FailOnWarning);
     const int result = RUN_ALL_TESTS();
     qInstallMessageHandler(nullptr);

@@ -1,0 +1,52 @@
+// Undo and redo of a map page: each action of the user is a step, from the moment the page was
+// shown or a map read anew. A step knows the page before and after it, and the bytes of the image
+// that it changed. What the page's state is: MapPageState.h.
+#pragma once
+
+#include "maps/MapPageState.h"
+
+#include <functional>
+
+#include <QUndoStack>
+
+class TfrmMaps;
+
+/// A byte of the image that a step changed.
+struct TByteChange {
+    std::int32_t offset;
+    std::uint8_t before;
+    std::uint8_t after;
+};
+
+class TMapHistory {
+public:
+    /// Of `page`, which outlives this. Empty until Begin.
+    explicit TMapHistory(TfrmMaps &page) : page_(page) { stack_.setUndoLimit(mostSteps); }
+
+    /// Forgets all steps; the page is taken as it stands now.
+    void Begin();
+
+    /// Runs one action of the user and keeps it as a step when it changed anything, even when it
+    /// ends with an exception, which is passed on. An action inside another belongs to that one.
+    ///
+    /// @param text   what was done, in the words of the menu: "typing 0.99"
+    /// @param merge  whether it makes one step with such a one directly before it
+    void Run(const QString &text, const std::function<void()> &action, bool merge = false);
+
+    /// With CanUndo, Undo (also steps back), UndoText, and the same for redo.
+    QUndoStack &Stack() { return stack_; }
+
+    /// Gives the page one side of a step back. For the steps.
+    void Restore(const TMapPageState &state);
+
+private:
+    static constexpr int mostSteps = 1000;
+
+    TMapPageState Current() const;
+    void Keep(const QString &text, std::vector<TByteChange> bytes, bool merge);
+
+    TfrmMaps &page_;
+    QUndoStack stack_;
+    TMapPageState last_;
+    bool running_ = false;
+};

@@ -1,0 +1,62 @@
+#include "maps/ValueShades.h"
+
+#include "forms/Settings.h"
+#include "maps/ValueColors.h"
+#include "model/Numbers.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+constexpr auto setting = "colourByValue";
+
+std::optional<double> NumberOf(const TStringAlignGrid &grid, int column, int row) {
+    return TryParseReal(grid.Cell(column, row).toStdString());
+}
+} // namespace
+
+TValueShades::TValueShades(TStringAlignGrid &grid) : grid_(grid) {
+    const auto forget = [this] { range_.reset(); };
+    QObject::connect(grid.model(), &QAbstractItemModel::dataChanged, &grid, forget);
+    QObject::connect(grid.model(), &QAbstractItemModel::modelReset, &grid, forget);
+    grid.OnShadeCell = [this](int column, int row, std::optional<TColor> &shade) {
+        Shade(column, row, shade);
+    };
+}
+
+void TValueShades::Show() {
+    on_ = Chosen();
+    grid_.viewport()->update();
+}
+
+bool TValueShades::Chosen() {
+    return Setting(setting, false).toBool();
+}
+
+void TValueShades::Choose(bool on) {
+    KeepSetting(setting, on);
+}
+
+void TValueShades::Shade(int column, int row, std::optional<TColor> &shade) {
+    if (!on_ || column == 0 || row == 0)
+        return;
+    const std::optional<double> value = NumberOf(grid_, column, row);
+    if (!value)
+        return;
+    if (!range_)
+        range_ = Measured();
+    const auto [least, largest] = *range_;
+    shade = ValueColor(largest > least ? (*value - least) / (largest - least) : 0.5);
+}
+
+std::pair<double, double> TValueShades::Measured() const {
+    double least = std::numeric_limits<double>::infinity();
+    double largest = -least;
+    for (int row = 1; row < grid_.RowCount(); ++row)
+        for (int column = 1; column < grid_.ColCount(); ++column)
+            if (const std::optional<double> value = NumberOf(grid_, column, row)) {
+                least = std::min(least, *value);
+                largest = std::max(largest, *value);
+            }
+    return {least, largest};
+}

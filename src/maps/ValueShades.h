@@ -1,0 +1,29 @@
+// Shades the cells of a map's grid by their values, from the least to the largest one that it
+// shows.
+#pragma once
+
+#include "forms/Aligrid.h"
+
+#include <optional>
+#include <utility>
+
+class TValueShades {
+public:
+    /// Of `grid`, which outlives this. Off.
+    explicit TValueShades(TStringAlignGrid &grid);
+
+    /// As the user has chosen.
+    void Show();
+
+    /// One choice for all grids, remembered; off until it is made.
+    static bool Chosen();
+    static void Choose(bool on);
+
+private:
+    void Shade(int column, int row, std::optional<TColor> &shade);
+    std::pair<double, double> Measured() const;
+
+    TStringAlignGrid &grid_;
+    bool on_ = false;
+    std::optional<std::pair<double, double>> range_; ///< none after a change, until it is needed
+};
