@@ -53,14 +53,13 @@ std::optional<TPointerAddress> SplitAddress(std::int32_t address) {
 
 TFound MarkPointers(const TSearchGrid &grid, TPointerAddress address, std::uint8_t mask) {
     TFound found;
+    bool isHigh = false;
     for (std::size_t i = 0; i < grid.values.size(); ++i) {
-        if ((grid.values[i] & mask) != address.high)
-            continue;
-        ++i; // the byte behind is no high byte of its own
-        if (grid.At(i) == address.low) {
-            grid.colors[i - 1] = searchedColor;
+        isHigh = !isHigh & ((grid.values[i] & mask) == address.high); // none behind another one
+        if (isHigh & (grid.At(i + 1) == address.low)) {
             grid.colors[i] = searchedColor;
-            found.Add(i - 1);
+            grid.colors[i + 1] = searchedColor;
+            found.Add(i);
         }
     }
     return found;

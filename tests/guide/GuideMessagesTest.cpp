@@ -47,6 +47,9 @@ const TOtherText otherTexts[] = {
     {"from", "Tools, when it subtracts"},
     {"&Lookup", "a button that no window of the program has"},
     {"Set Mapping Type", "the list, until it is filled"},
+    {"TMapCommands", "the menu of commands"},
+    {"typing %1", "the menu of commands, behind Undo and Redo"},
+    {"adjustment", "the menu of commands, behind Undo and Redo"},
 };
 
 QStringList Headings() {
