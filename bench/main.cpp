@@ -95,6 +95,25 @@ public:
             PaintNow(window_);
         });
     }
+    /// Changes every cell of the largest map as one step and commits it; gives the times until the
+    /// steps are undone and painted, the commit first.
+    std::pair<double, double> Undo() {
+        std::vector<TCellText> texts;
+        for (int row = 1; row <= loadPoints; ++row)
+            for (int column = 1; column <= rpmPoints; ++column)
+                texts.push_back({column, row, QString::number(++typed_ % 256)});
+        page_.EnterTexts(TMapKind::PT, texts, "block");
+        page_.CommitPT();
+        const auto undo = [this] {
+            PaintNow(window_);
+            return Time([this] {
+                page_.history.Stack().undo();
+                PaintNow(window_);
+            });
+        };
+        const double commit = undo();
+        return {commit, undo()};
+    }
     /// Sizes of the page's three grids.
     std::vector<QSize> GridSizes() const {
         std::vector<QSize> sizes;
@@ -107,6 +126,7 @@ private:
     TWorkspace workspace_;
     QWidget window_;
     TfrmFuelMaps page_;
+    int typed_ = 0;
 };
 
 /// Three grids without a text, of the page's shapes and sizes, on a window as large as the page's.
@@ -167,6 +187,22 @@ TPair Adjusting() {
         [&] { return Time(refill); });
 }
 
+// ---- undo --------------------------------------------------------------------------------------
+
+void Undoing(TTable &table) {
+    constexpr double frame = 16; // ms
+    TPageBench page;
+    std::vector<double> commits;
+    std::vector<double> blocks;
+    for (int i = 0; i < rounds; ++i) {
+        const auto [commit, block] = page.Undo();
+        commits.push_back(commit);
+        blocks.push_back(block);
+    }
+    table.Difference("undo the commit of 31 x 20, painted, ms", {Median(commits), 0}, frame);
+    table.Difference("undo a block of 31 x 20, painted, ms", {Median(blocks), 0}, frame);
+}
+
 // ---- starting ----------------------------------------------------------------------------------
 
 struct TStarts {
@@ -197,6 +233,7 @@ bool MeasureAll(const fs::path &image) {
     table.Ratio("load a 1 MiB image / read the file, ms", Loading(image), 3);
     table.Ratio("show a page of 31 x 20 and 31 x 1 / empty grids, ms", ShowingAPage(), 3);
     table.Ratio("adjust a map of 31 x 20 / fill its grid, ms", Adjusting(), 2);
+    Undoing(table);
     const TStarts start = Starting(image);
     table.Ratio("start to the window shown / empty program, ms", start.milliseconds, 1.5);
     table.Difference("memory with 1 MiB loaded - empty program, MiB", start.mebibytes, 15);

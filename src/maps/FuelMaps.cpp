@@ -80,7 +80,7 @@ void TfrmFuelMaps::spnRevLimiterChange() {
 
 void TfrmFuelMaps::btnSavePTClick() {
     Panel(TMapKind::PT).grid->CloseEditor();
-    history.Run(tr("Commit"), [this] {
+    history.RunOnImage(tr("Commit"), [this] {
         TfrmMaps::btnSavePTClick();
         // The text stays blue and DataChanged as it is. Both are intended: see
         // docs/peculiarities.md.

@@ -79,13 +79,14 @@ void TMapHistory::Begin() {
     last_ = Current();
 }
 
-void TMapHistory::Run(const QString &text, const std::function<void()> &action, bool merge) {
+void TMapHistory::Do(const QString &text, const std::function<void()> &action, bool merge,
+                     bool onImage) {
     if (running_)
         return action();
     if (!last_.rows.front().grid)
         Begin();
     running_ = true;
-    const TBytes before = ImageBytes();
+    const TBytes before = onImage ? ImageBytes() : TBytes();
     const auto keep = qScopeGuard([&] {
         running_ = false;
         Keep(text, ChangesSince(before), merge);

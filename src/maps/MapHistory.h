@@ -31,7 +31,13 @@ public:
     ///
     /// @param text   what was done, in the words of the menu: "typing 0.99"
     /// @param merge  whether it makes one step with such a one directly before it
-    void Run(const QString &text, const std::function<void()> &action, bool merge = false);
+    void Run(const QString &text, const std::function<void()> &action, bool merge = false) {
+        Do(text, action, merge, false);
+    }
+    /// The same for an action that may write into the image.
+    void RunOnImage(const QString &text, const std::function<void()> &action) {
+        Do(text, action, false, true);
+    }
 
     /// With CanUndo, Undo (also steps back), UndoText, and the same for redo.
     QUndoStack &Stack() { return stack_; }
@@ -42,6 +48,7 @@ public:
 private:
     static constexpr int mostSteps = 1000;
 
+    void Do(const QString &text, const std::function<void()> &action, bool merge, bool onImage);
     TMapPageState Current() const;
     void Keep(const QString &text, std::vector<TByteChange> bytes, bool merge);
 

@@ -193,7 +193,7 @@ void TfrmMaps::RedrawMapChart(TMapKind kind) {
 void TfrmMaps::Commit(TMapKind kind) {
     TMapPanel &row = Panel(kind);
     row.grid->CloseEditor();
-    history.Run(tr("Commit"), [&] {
+    history.RunOnImage(tr("Commit"), [&] {
         if (Changed(kind)) {
             try {
                 Map(kind).ReadGrid(row.gridView);
