@@ -107,7 +107,7 @@ public:
         const auto undo = [this] {
             PaintNow(window_);
             return Time([this] {
-                page_.history.Stack().undo();
+                page_.history.Undo();
                 PaintNow(window_);
             });
         };

@@ -131,9 +131,21 @@ void TPlayedSession::OnMapPage(int what) {
         if (EditCell(which, true))
             EndOpenEdit(which);
         return;
+    case 30:
+        return UndoAndRedo();
     default:
         EditCell(which, false);
     }
+}
+
+/// Which leaves everything as it is.
+void TPlayedSession::UndoAndRedo() {
+    TMapHistory &history = dynamic_cast<TfrmMaps &>(*CurrentPage().form).history;
+    const int last = history.Stack().index();
+    for (int steps = input_.Below(8); steps > 0; --steps)
+        history.Undo();
+    while (history.Stack().index() < last)
+        history.Redo();
 }
 
 /// What ends an edit that is still open, and accepts it.

@@ -61,6 +61,7 @@ private:
     /// False when there is no such cell.
     bool EditCell(std::size_t which, bool leaveOpen);
     void EndOpenEdit(std::size_t which);
+    void UndoAndRedo();
     void Interpret();
     void Paste(std::size_t which);
     void PasteIntoEdit(std::size_t which);

@@ -12,7 +12,7 @@ struct TMapCommands {
 };
 
 void AddHistory(TfrmMaps &page) {
-    QUndoStack &steps = page.history.Stack();
+    const QUndoStack &steps = page.history.Stack();
     const auto undoWords = [&steps] {
         return steps.canUndo()
                    ? TMapCommands::tr("&Undo %1").arg(steps.undoText().replace('&', "&&"))
@@ -26,16 +26,17 @@ void AddHistory(TfrmMaps &page) {
     AddCommand(page, {"actUndo",
                       TMapCommands::tr("&Undo"),
                       {Qt::CTRL | Qt::Key_Z},
-                      [&steps] { steps.undo(); },
+                      [&page] { page.history.Undo(); },
                       [&steps] { return steps.canUndo(); },
                       undoWords});
     AddCommand(page, {"actRedo",
                       TMapCommands::tr("&Redo"),
                       {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y},
-                      [&steps] { steps.redo(); },
+                      [&page] { page.history.Redo(); },
                       [&steps] { return steps.canRedo(); },
                       redoWords});
 }
+
 void AddShades(TfrmMaps &page) {
     const auto toggle = [&page] {
         TValueShades::Choose(!TValueShades::Chosen());

@@ -94,6 +94,16 @@ void TMapHistory::Do(const QString &text, const std::function<void()> &action, b
     action();
 }
 
+void TMapHistory::Undo() {
+    page_.CloseEditors();
+    stack_.undo();
+}
+
+void TMapHistory::Redo() {
+    page_.CloseEditors();
+    stack_.redo();
+}
+
 void TMapHistory::Keep(const QString &text, std::vector<TByteChange> bytes, bool merge) {
     TMapPageState now = Current();
     if (now != last_ || !bytes.empty())

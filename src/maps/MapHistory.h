@@ -39,8 +39,13 @@ public:
         Do(text, action, false, true);
     }
 
-    /// With CanUndo, Undo (also steps back), UndoText, and the same for redo.
-    QUndoStack &Stack() { return stack_; }
+    /// Takes the last step back; an open edit is accepted first and so is that step. Nothing when
+    /// there is none.
+    void Undo();
+    /// Takes the last step back forward again, unless accepting an open edit has ended that.
+    void Redo();
+    /// What can be undone and redone, and how it is called.
+    const QUndoStack &Stack() const { return stack_; }
 
     /// Gives the page one side of a step back. For the steps.
     void Restore(const TMapPageState &state);

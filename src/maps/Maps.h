@@ -97,6 +97,8 @@ public:
     TMapHistory history{*this};
     /// Enters texts that are numbers as if each were typed, but as one step, drawing once.
     void EnterTexts(TMapKind kind, const std::vector<TCellText> &texts, const QString &step);
+    /// Accepts and closes the open edit of a cell, if there is one.
+    void CloseEditors();
     /// Colours the cells by their values, or no longer, as the user has chosen.
     void ShowShades();
     /// The page as it stands; shares with `last` what has not changed since then.
@@ -142,7 +144,6 @@ protected:
 private:
     TMapPageControls &Controls();
     void ConnectPanel(TMapPanel &row);
-    void CloseEditors();
     void LoadMap(TMapKind kind);
     void ShapeRow(TMapKind kind);
     void FillMap(TMapKind kind);

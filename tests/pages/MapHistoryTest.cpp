@@ -23,7 +23,7 @@ class TMapHistoryTest : public TFuelPageTest {
 protected:
     TMap &Map(TMapKind kind) { return Set().Map(kind); }
     TRevLimiterBox &Rev() { return Find<TRevLimiterBox>("spnRevLimiter"); }
-    QUndoStack &Steps() { return page->history.Stack(); }
+    const QUndoStack &Steps() { return page->history.Stack(); }
     void Undo() { Choose("actUndo"); }
     void Redo() { Choose("actRedo"); }
 
@@ -138,6 +138,17 @@ TEST_F(TMapHistoryTest, TheDigitsOfTheRevLimiterAreOneStep) {
 TEST_F(TMapHistoryTest, ATextThatIsNoNumberCanBeUndone) {
     ExpectStep("typing abc", [&] { Type("grdPTMap", 2, 1, "abc"); });
     EXPECT_EQ(dialogs.messages.size(), 1);
+}
+
+TEST_F(TMapHistoryTest, AnOpenEditIsTheLastStep) {
+    Type("grdPTMap", 2, 1, "77");
+    const TEverything before = Everything();
+    BeginType("grdPTMap", 3, 1, "88");
+    Undo();
+    EXPECT_EQ(Everything(), before);
+    EXPECT_EQ(Steps().redoText(), "typing 88");
+    Redo();
+    EXPECT_EQ(Grid("grdPTMap").Cell(3, 1), "88");
 }
 
 TEST_F(TMapHistoryTest, UndoGoesToTheCellThatChanges) {
