@@ -83,6 +83,10 @@ TCellColors MarksOf(TStringAlignGrid &grid) {
     return TCellColors::InGrid(grid.LendCellColors());
 }
 
+TSeenColors SeenMarks(const TStringAlignGrid &grid) {
+    return TSeenColors::InGrid(grid.OwnCellColors());
+}
+
 void SizeFileGrid(TStringAlignGrid &grid, int visibleHeight) {
     constexpr int border = 4;
     constexpr int scrollBarRoom = 24;

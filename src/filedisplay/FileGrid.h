@@ -20,7 +20,15 @@ void SizeFileGrid(TStringAlignGrid &grid, int visibleHeight);
 /// The marks, to be read and written as the grid keeps them; until other bytes are shown.
 TCellColors MarksOf(TStringAlignGrid &grid);
 
+/// The same to look at alone. There are none before they were first to be written.
+TSeenColors SeenMarks(const TStringAlignGrid &grid);
+
 /// Image offset of a data cell (column and row from 1).
 inline std::size_t CellOffset(int column, int row) {
     return cellsPerRow * static_cast<std::size_t>(row - 1) + static_cast<std::size_t>(column - 1);
+}
+
+/// The data cell of an image offset.
+inline TGridCell CellAt(std::size_t offset) {
+    return {static_cast<int>(offset % cellsPerRow) + 1, static_cast<int>(offset / cellsPerRow) + 1};
 }

@@ -11,13 +11,10 @@ int SmallestChannel(TColor color) {
     return green <= blue && green <= red ? 8 : 0;
 }
 
+/// A shade adds nothing but one byte, at the place of the smallest channel.
 bool Fits(const TMark &mark, TColor color) {
-    if (!mark.shaded)
-        return mark.color == color;
-    for (TCellValue byte = 0; byte <= 255; ++byte)
-        if (Shaded(mark.color, byte) == color)
-            return true;
-    return false;
+    const TColor shades = mark.shaded ? TColor{0xFF} << SmallestChannel(mark.color) : 0;
+    return ((color - mark.color) & ~shades) == 0;
 }
 } // namespace
 
@@ -36,11 +33,21 @@ void ClearAllMarkers(const TSearchGrid &grid, TMapCounters &counters) {
     counters = {};
 }
 
-std::string MarkName(TColor color) {
+const TMark *MarkOf(TColor color) {
     for (const TMark &mark : marks)
         if (Fits(mark, color))
-            return Translated("MarkNames", mark.name);
-    return {};
+            return &mark;
+    return nullptr;
+}
+
+std::string_view MarkKind(TColor color) {
+    const TMark *mark = MarkOf(color);
+    return mark ? mark->name : std::string_view();
+}
+
+std::string MarkName(TColor color) {
+    const TMark *mark = MarkOf(color);
+    return mark ? Translated("MarkNames", mark->name) : std::string();
 }
 
 const TMapStart *MapStartOf(TColor color) {

@@ -6,6 +6,7 @@
 #include "system/Texts.h"
 
 #include <optional>
+#include <string_view>
 
 /// The control unit's two layouts. Linear: header byte, count n, n axis values, n data bytes.
 /// TwoD: header byte, x count, x values, header byte, y count, y values, x count * y count data
@@ -107,6 +108,13 @@ inline constexpr TMark marks[] = {
      TLegendLine{Translatable("TfrmKey", "Searched Val"), 0x008080,
                  Translatable("TfrmKey", "olive")}},
 };
+
+/// Its row of the table; nullptr for an unmarked cell and for every colour that is no mark.
+const TMark *MarkOf(TColor color);
+
+/// What tells marks from each other: the English name, which rows of the table share where they
+/// mean the same. Empty where MarkOf gives nothing.
+std::string_view MarkKind(TColor color);
 
 /// In the user's language, what a cell's background colour means, for whoever cannot tell it by
 /// sight; an empty text for an unmarked cell and for every colour that is no mark.

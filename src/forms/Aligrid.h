@@ -70,6 +70,8 @@ public:
     /// The background colours of all cells, row by row, to be read and written until the shape
     /// changes: each cell gets one of its own. Announced as a change of all cells.
     std::span<TColor> LendCellColors();
+    /// To read, when each cell has one of its own; else none.
+    std::span<const TColor> OwnCellColors() const { return model_->cells.OwnColors(); }
 
     /// What is set for this cell, column or row itself. A cell's goes before its column's, that
     /// before its row's, that before the grid's (TAligridSettings).
@@ -96,12 +98,10 @@ public:
     int Row() const { return Current().row; }
     /// Selects this one cell, when OnSelectCell allows it. Fixed cells are ignored.
     void SetCurrent(int column, int row);
-    /// At least the current cell.
-    TGridRect Selection() const;
+    TGridRect Selection() const; ///< at least the current cell
     /// Selects what lies behind the fixed cells; the current cell becomes the bottom right one.
     void SetSelection(const TGridRect &rect);
-    /// Rows behind the fixed one that are wholly visible now.
-    int VisibleRowCount() const;
+    int VisibleRowCount() const; ///< rows behind the fixed one that are wholly visible now
 
     /// The cells of `rect` that exist, fixed ones too, joined by `separator`; "\n" ends each row.
     QString RectangleText(const TGridRect &rect, QChar separator) const;
@@ -120,13 +120,11 @@ public:
     int DefaultColWidth() const;
     /// Of all columns, also of those that had a width of their own.
     void SetDefaultColWidth(int width);
-    /// Of every row, the fixed one included.
-    int DefaultRowHeight() const;
+    int DefaultRowHeight() const; ///< of every row, the fixed one included
     void SetDefaultRowHeight(int height);
     int GridLineWidth() const;
     void SetGridLineWidth(int width);
-    /// The last column takes up the room left.
-    bool AutoAdjustLastCol() const;
+    bool AutoAdjustLastCol() const; ///< whether the last column takes up the room left
     void SetAutoAdjustLastCol(bool adjust);
     /// Otherwise the cells move when the scroll bar's handle is let go.
     bool RedrawWhileScroll() const;

@@ -123,6 +123,14 @@ std::span<TColor> TAligridCells::LendColors(TColor standard) {
     return colors;
 }
 
+std::span<const TColor> TAligridCells::OwnColors() const {
+    const std::span<const char> colored = colored_.Values();
+    const auto count = static_cast<std::size_t>(rows_) * static_cast<std::size_t>(columns_);
+    const bool all = colored.size() == count &&
+                     std::find(colored.begin(), colored.end(), false) == colored.end();
+    return all ? colors_.Values() : std::span<const TColor>();
+}
+
 TCellProperties TAligridCells::CellProperties(int column, int row) const {
     const std::size_t position = Position(column, row);
     return {OwnColor(position), fontColors_.At(position), aligns_.At(position)};

@@ -59,6 +59,9 @@ public:
     /// cell's own; `standard` where there was none.
     std::span<TColor> LendColors(TColor standard);
 
+    /// The same to read, when each cell has a colour of its own; else none.
+    std::span<const TColor> OwnColors() const;
+
     /// The properties set for this very cell, column or row. A cell's go before its column's, those
     /// before its row's.
     TCellProperties CellProperties(int column, int row) const;

@@ -26,6 +26,8 @@ public:
         return values_;
     }
 
+    std::span<const T> Values() const { return values_; }
+
     /// Forgets the values from position `count` on and gives their memory back.
     void Cut(std::size_t count) {
         if (count >= values_.size())

@@ -187,6 +187,25 @@ TEST(AligridCells, LentColoursAreTheCellsOwn) {
     EXPECT_THAT(TAligridCells().LendColors(clBlack), testing::IsEmpty());
 }
 
+TEST(AligridCells, ColoursAreReadWhereEachCellHasItsOwn) {
+    TAligridCells cells = Cells(2, 2);
+    EXPECT_THAT(cells.OwnColors(), testing::IsEmpty());
+    cells.SetColor(0, 0, clRed);
+    EXPECT_THAT(cells.OwnColors(), testing::IsEmpty()) << "one of them";
+    cells.SetColor(1, 1, clRed);
+    EXPECT_THAT(cells.OwnColors(), testing::IsEmpty()) << "the last one too, but not all";
+    const std::span<TColor> lent = cells.LendColors(clWhite);
+    EXPECT_THAT(cells.OwnColors(), testing::ElementsAre(clRed, clWhite, clWhite, clRed));
+    lent[1] = clBlue;
+    EXPECT_EQ(cells.OwnColors()[1], clBlue);
+    cells.SetRowCount(3);
+    EXPECT_THAT(cells.OwnColors(), testing::IsEmpty()) << "a fresh row";
+    cells.SetRowCount(1);
+    EXPECT_THAT(cells.OwnColors(), testing::ElementsAre(clRed, clBlue));
+    cells.SetCellProperties(0, 0, {});
+    EXPECT_THAT(cells.OwnColors(), testing::IsEmpty()) << "taken back";
+}
+
 TEST(AligridCells, WhatIsSetInOneRowLeavesTheOthersOpen) {
     TAligridCells cells = Cells(2, 3);
     cells.SetCellProperties(1, 1, {clRed, clBlue, TAlign::Right});

@@ -1,3 +1,4 @@
+#include "forms/AligridText.h"
 #include "forms/ShownGrid.h"
 
 #include <QApplication>
@@ -69,6 +70,25 @@ TEST_F(TShownGrid, ColoursAreLentRowByRow) {
     EXPECT_EQ(ColorRole(grid, 3, 4, Qt::UserRole + 1), 0x0100FFFF);
     EXPECT_EQ(grid.PropCell(1, 1).color, clGreen) << "a colour of its own";
     EXPECT_EQ(grid.LendCellColors().data(), colors.data()) << "what is kept, no copy";
+}
+
+TEST_F(TShownGrid, ReadingColoursAnnouncesNothing) {
+    EXPECT_TRUE(grid.OwnCellColors().empty());
+    grid.LendCellColors()[5] = clRed;
+    QCoreApplication::processEvents();
+    TSignals heard(grid.model());
+    ASSERT_EQ(grid.OwnCellColors().size(), 20U);
+    EXPECT_EQ(grid.OwnCellColors()[5], clRed);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(heard.All(), 0);
+}
+
+TEST_F(TShownGrid, ATextWithHeadersHasThoseOfItsCells) {
+    EXPECT_EQ(HeadedText(grid, {2, 3, 3, 4}, '\t'), "00\t20\t30\n03\t23\t33\n04\t24\t34\n");
+    EXPECT_EQ(HeadedText(grid, {1, 1, 1, 1}, ';'), "00;10\n01;11\n");
+    grid.SetFixedRows(0);
+    grid.SetFixedCols(0);
+    EXPECT_EQ(HeadedText(grid, {1, 1, 1, 1}, ';'), "00;10\n01;11\n");
 }
 
 TEST_F(TShownGrid, ColoursReadBackExactly) {
