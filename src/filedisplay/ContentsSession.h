@@ -24,6 +24,11 @@ public:
     void Show(std::span<const std::uint8_t> bytes);
     /// Whether there is no cell.
     bool IsEmpty() const { return values_.empty(); }
+    std::size_t Size() const { return values_.size(); } ///< bytes
+    /// The byte at an offset, -1 behind the last one.
+    TCellValue ValueAt(std::size_t offset) const {
+        return offset < values_.size() ? values_[offset] : TCellValue{-1};
+    }
     /// Of the data cells, until others are shown.
     TCellColors Colors() const { return colors_(); }
     /// Set back by ClearAllMarkers alone.

@@ -13,6 +13,13 @@ std::string Address(std::size_t offset) {
     return text.data();
 }
 
+/// "$" and two digits.
+std::string HexByte(TCellValue value) {
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "$%02X", static_cast<unsigned>(value));
+    return text.data();
+}
+
 std::string Counted(const TFound &found, const std::string &none, const std::string &one,
                     const std::string &many) {
     if (found.count == 0)
@@ -62,6 +69,41 @@ std::string NoImageIsLoaded() {
 
 std::string AllMarkersAreCleared() {
     return Translated("ContentsTexts", "All markers are cleared");
+}
+
+std::string CellText(std::size_t offset, TCellValue value, const std::string &meaning) {
+    const std::string text =
+        value < 0 ? Translated("ContentsTexts", "Offset %1 (%2): behind the end of the image")
+        : meaning.empty() ? Translated("ContentsTexts", "Offset %1 (%2), value %3 (%4)")
+                          : Translated("ContentsTexts", "Offset %1 (%2), value %3 (%4): %5");
+    return Filled(text, {Address(offset), std::to_string(offset), HexByte(value),
+                         std::to_string(value), meaning});
+}
+
+std::string WentRound(TWay way, const std::string &cell) {
+    return Filled(way == TWay::Forward ? Translated("ContentsTexts", "From the beginning again: %1")
+                                       : Translated("ContentsTexts", "From the end again: %1"),
+                  {cell});
+}
+
+std::string NoCellIsMarked() {
+    return Translated("ContentsTexts", "No cell is marked");
+}
+
+std::string NoOffset(const std::string &text) {
+    return Filled(Translated("ContentsTexts", "'%1' is no offset: type a decimal number, or $ and "
+                                              "a hexadecimal one"),
+                  {text});
+}
+
+std::string OutsideTheImage(const std::string &text, std::size_t size) {
+    return Filled(Translated("ContentsTexts", "%1 is outside the image: offsets are %2 to %3 (%4)"),
+                  {text, Address(0), Address(size - 1), std::to_string(size - 1)});
+}
+
+std::string NothingIsChangedHere() {
+    return Translated("ContentsTexts",
+                      "Nothing can be pasted or deleted here: this page only shows the image");
 }
 
 std::string MapName(TMapContents contents, TMapKind kind) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "filedisplay/MapSearch.h"
+#include "filedisplay/NextMark.h"
 #include "model/MapSets.h"
 
 #include <string>
@@ -20,6 +21,20 @@ std::string NoMapAt(std::size_t offset, std::size_t next);
 std::string NoCellIsSelected();
 std::string NoImageIsLoaded();
 std::string AllMarkersAreCleared();
+
+/// What stands at `offset`: a byte, or -1 behind the last one, and what its mark means, if it has
+/// one.
+std::string CellText(std::size_t offset, TCellValue value, const std::string &meaning);
+
+/// That the way to the cell of which `cell` tells led past an end of the image.
+std::string WentRound(TWay way, const std::string &cell);
+std::string NoCellIsMarked();
+
+/// What is wrong with a typed offset: no number, or not in an image of `size` bytes.
+std::string NoOffset(const std::string &text);
+std::string OutsideTheImage(const std::string &text, std::size_t size);
+
+std::string NothingIsChangedHere();
 
 /// As the menu calls one of the notebook's maps.
 std::string MapName(TMapContents contents, TMapKind kind);

@@ -1,20 +1,23 @@
 #include "filedisplay/FileDisplay.h"
 
+#include "filedisplay/ContentsTexts.h"
+#include "filedisplay/FileCommands.h"
 #include "filedisplay/FileGrid.h"
 #include "filedisplay/FileMenu.h"
-#include "filedisplay/Marks.h"
+#include "filedisplay/Overview.h"
 #include "filedisplay/filedisplaykey.h"
+#include "forms/AligridText.h"
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
-#include "forms/KelvaneNotebook.h"
 #include "forms/TabOrder.h"
 #include "model/ROMTypes.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
-#include <QStatusBar>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 TfrmFileContents::TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrinting &printing)
@@ -24,6 +27,7 @@ TfrmFileContents::TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrin
       workspace_(workspace),
       printing_(printing),
       grdFile_(new TStringAlignGrid(this)),
+      ovwFile_(new TOverview(*grdFile_, this)),
       chkDisplayHex_(new QCheckBox(tr("Display in Hex"), this)),
       redPrint_(new QTextEdit(this)),
       PopupMenu1_(new TFileMenu(*this)) {
@@ -31,6 +35,7 @@ TfrmFileContents::TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrin
     grdFile_->setObjectName("grdFile");
     grdFile_->setAccessibleName(tr("File Contents"));
     grdFile_->setAccessibleDescription(tr("The Menu key or Shift+F10 opens the menu"));
+    ovwFile_->setObjectName("ovwFile");
     chkDisplayHex_->setObjectName("chkDisplayHex");
     redPrint_->setObjectName("redPrint");
     redPrint_->hide();
@@ -39,6 +44,7 @@ TfrmFileContents::TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrin
     PrepareFileGrid(*grdFile_);
     LayOut();
     ConnectGrid();
+    AddFileCommands(*this);
 }
 
 TfrmFileContents::~TfrmFileContents() {
@@ -48,18 +54,19 @@ TfrmFileContents::~TfrmFileContents() {
 void TfrmFileContents::LayOut() {
     auto *key = new QPushButton(tr("Key"), this);
     key->setObjectName("Button1");
-    SetTabSequence({grdFile_, chkDisplayHex_, key});
-    auto *contents = new QHBoxLayout;
-    contents->addWidget(grdFile_);
-    contents->addStretch(1);
+    SetTabSequence({grdFile_, chkDisplayHex_, key, ovwFile_});
     // Below the grid: beside it they would not fit a screen of 800 pixels.
     auto *line = new QHBoxLayout;
     line->addStretch(1);
     line->addWidget(chkDisplayHex_);
     line->addWidget(key);
-    auto *page = new QVBoxLayout(this);
-    page->addLayout(contents, 1);
-    page->addLayout(line);
+    auto *contents = new QVBoxLayout;
+    contents->addWidget(grdFile_, 1);
+    contents->addLayout(line);
+    auto *page = new QHBoxLayout(this);
+    page->addLayout(contents);
+    page->addWidget(ovwFile_);
+    page->addStretch(1);
     ConnectGuarded(key, &QPushButton::clicked, this, [this] { Button1Click(); });
     ConnectGuarded(chkDisplayHex_, &QCheckBox::clicked, this, [this] { chkDisplayHexClick(); });
 }
@@ -136,8 +143,39 @@ void TfrmFileContents::Say(const std::string &text) {
     TEmbeddedForm::Say(QString::fromStdString(text));
 }
 
+std::string TfrmFileContents::CellTold(std::size_t offset) const {
+    const TGridCell cell = CellAt(offset);
+    return CellText(offset, session.ValueAt(offset),
+                    MarkName(grdFile_->CellColor(cell.column, cell.row)));
+}
+
+TSeenColors TfrmFileContents::SeenMarks() const {
+    return ::SeenMarks(*grdFile_);
+}
+
+std::size_t TfrmFileContents::CurrentOffset() const {
+    return CellOffset(grdFile_->Col(), grdFile_->Row());
+}
+
 std::int32_t TfrmFileContents::CurrentAddress() const {
-    return HeaderAddress(CellOffset(grdFile_->Col(), grdFile_->Row()));
+    return HeaderAddress(CurrentOffset());
+}
+
+void TfrmFileContents::GoTo(std::size_t offset) {
+    const TGridCell cell = CellAt(offset);
+    const int below = cell.row - 1 - grdFile_->verticalScrollBar()->value();
+    const bool seen = below >= 0 && below < grdFile_->VisibleRowCount();
+    grdFile_->SetCurrent(cell.column, cell.row);
+    // From afar with what stands round it.
+    grdFile_->scrollTo(grdFile_->currentIndex(), seen ? QAbstractItemView::EnsureVisible
+                                                      : QAbstractItemView::PositionAtCenter);
+}
+
+void TfrmFileContents::keyPressEvent(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Delete || event->matches(QKeySequence::Paste))
+        Say(NothingIsChangedHere());
+    else
+        TEmbeddedForm::keyPressEvent(event);
 }
 
 void TfrmFileContents::Button1Click() {
@@ -148,7 +186,9 @@ void TfrmFileContents::Button1Click() {
 }
 
 void TfrmFileContents::grdFileSelectCell(int column, int row) {
-    session.Record(CellOffset(column, row));
+    const std::size_t offset = CellOffset(column, row);
+    session.Record(offset);
+    Say(CellTold(offset));
 }
 
 void TfrmFileContents::grdFileMouseDown(Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
@@ -185,6 +225,10 @@ void TfrmFileContents::grdFileDblClick() {
 
 void TfrmFileContents::Copy1Click() {
     grdFile_->CopyRectangle({0, 0, grdFile_->ColCount() - 1, grdFile_->RowCount() - 1}, '\t');
+}
+
+void TfrmFileContents::CopyCellsWithHeaders() {
+    QGuiApplication::clipboard()->setText(HeadedText(*grdFile_, grdFile_->Selection(), '\t'));
 }
 
 void TfrmFileContents::Print1Click() {

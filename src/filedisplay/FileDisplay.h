@@ -6,6 +6,7 @@
 
 #include "filedisplay/FilePlacing.h"
 #include "filedisplay/FileSearches.h"
+#include "filedisplay/FileWalk.h"
 #include "forms/Aligrid.h"
 #include "forms/Printing.h"
 #include "forms/TEmbedFm.h"
@@ -17,6 +18,7 @@
 #include <QPointer>
 #include <QTextEdit>
 
+class TOverview;
 class TfrmKey;
 
 class TfrmFileContents : public TEmbeddedForm {
@@ -29,6 +31,7 @@ public:
     TContentsSession session;
     TFileSearches searches{*this};
     TFilePlacing placing;
+    TFileWalk walk{*this};
     QPoint mouseAnchor{-1, -1}; ///< no command reads these two
     QPoint mouseExtent{-1, -1};
 
@@ -47,19 +50,30 @@ public:
     void Print1Click();
     void PrintSetup1Click() { printing_.RunSetup(); }
     void btnHelpClick() { Help(); }
+    /// The selected cells as rows for a spreadsheet.
+    void CopyCells() { grdFile_->CopyRectangle(grdFile_->Selection(), '\t'); }
+    void CopyCellsWithHeaders();
+
+    /// Makes the cell at an offset of the image the current one, as a click does, and shows it.
+    void GoTo(std::size_t offset);
 
     /// Shows what an operation of the session did: colours in the grid, its text below.
     void ShowOutcome(const std::string &text);
     /// Shows a text in the notebook's bottom line until the next hint.
     void Say(const std::string &text);
-    /// Of the grid's current cell, which is not the session's recorded one.
-    std::int32_t CurrentAddress() const;
+    /// What the bottom line says of a cell.
+    std::string CellTold(std::size_t offset) const;
+    TSeenColors SeenMarks() const;
+    // Of the grid's current cell, which is not the session's recorded one.
+    std::size_t CurrentOffset() const;
+    std::int32_t CurrentAddress() const; ///< as its headers give it
 
 protected:
     /// Creates and frees the key window.
     void FormShow() override;
     void FormHide() override;
     void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void LayOut();
@@ -72,6 +86,7 @@ private:
     IPrinting &printing_;
     std::filesystem::path shownFile_;
     TStringAlignGrid *grdFile_;
+    TOverview *ovwFile_;
     QCheckBox *chkDisplayHex_;
     QTextEdit *redPrint_;
     QMenu *PopupMenu1_;

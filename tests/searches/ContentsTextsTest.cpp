@@ -71,6 +71,39 @@ TEST(MovedTo, NamesTheMapAsTheMenuDoes) {
               "Fuel Maps - Idle is at $C91A now");
 }
 
+struct TCellCase {
+    std::size_t offset;
+    TCellValue value;
+    const char *meaning;
+    const char *text;
+};
+
+TEST(CellText, SaysWhereAndWhatInBothForms) {
+    const TCellCase cases[] = {
+        {0, 0, "", "Offset $0000 (0), value $00 (0)"},
+        {0xB2C6, 100, "Possible Fuel Val",
+         "Offset $B2C6 (45766), value $64 (100): Possible Fuel Val"},
+        {0xFFFFF, 255, "", "Offset $FFFFF (1048575), value $FF (255)"},
+        {17, -1, "", "Offset $0011 (17): behind the end of the image"},
+        {17, -1, "Axis Count", "Offset $0011 (17): behind the end of the image"},
+    };
+    for (const TCellCase &each : cases)
+        EXPECT_EQ(CellText(each.offset, each.value, each.meaning), each.text);
+}
+
+TEST(WentRound, SaysWhichWay) {
+    EXPECT_EQ(WentRound(TWay::Forward, "THIS"), "From the beginning again: THIS");
+    EXPECT_EQ(WentRound(TWay::Backward, "THIS"), "From the end again: THIS");
+}
+
+TEST(TypedOffsets, AreToldWhatIsWrong) {
+    EXPECT_EQ(NoOffset("1A5C"),
+              "'1A5C' is no offset: type a decimal number, or $ and a hexadecimal one");
+    EXPECT_EQ(OutsideTheImage("$8000", 0x8000),
+              "$8000 is outside the image: offsets are $0000 to $7FFF (32767)");
+    EXPECT_EQ(OutsideTheImage("%2", 1), "%2 is outside the image: offsets are $0000 to $0000 (0)");
+}
+
 TEST(ContentsTexts, AreTranslated) {
     const TTextTranslator old = SetTextTranslator(
         [](const char *context, const char *text) { return std::string(context) + '/' + text; });
