@@ -8,6 +8,7 @@
 #include "Start.h"
 #include "filedisplay/FileDisplay.h"
 #include "filedisplay/FileGrid.h"
+#include "filedisplay/Overview.h"
 #include "model/ROMTypes.h"
 #include "spec/Application.h"
 
@@ -177,6 +178,40 @@ void MeasureCommands(TTable &table, std::size_t size) {
     }
 }
 
+/// The overview strip made anew and painted, beside a look at every colour. Marks of all kinds and
+/// shades, and those in every place, cost most.
+TPair PaintingTheStrip(const std::vector<TCellValue> &cells, TCommand command) {
+    constexpr QSize strip(24, 1000);
+    TShownContents shown(cells);
+    (shown.page.searches.*command)();
+    auto &overview = *shown.page.findChild<TOverview *>("ovwFile");
+    overview.resize(strip);
+    QImage picture(strip, QImage::Format_ARGB32_Premultiplied);
+    std::ptrdiff_t marked = 0;
+    const auto look = [&] {
+        const TSeenColors colors = shown.page.SeenMarks();
+        for (std::size_t i = 0; i < colors.size(); ++i)
+            marked += colors[i] != unmarkedColor ? 1 : 0;
+    };
+    return Measure(
+        rounds,
+        [&] {
+            overview.Renew();
+            return Time([&] { overview.render(&picture); });
+        },
+        [&] { return Time(look); });
+}
+
+void MeasureStrip(TTable &table, std::size_t size) {
+    const std::vector<TCellValue> random = RandomCells(size);
+    for (const auto &[marks, command] :
+         {std::pair{"possible values", &TFileSearches::FindConsecutivePossFuelValsClick},
+          {"linear maps", &TFileSearches::Any2Click},
+          {"no marks", &TFileSearches::ClearAllMarkers1Click}})
+        table.Milliseconds(std::string("paint the strip, ") + marks + ", 1024 KiB",
+                           PaintingTheStrip(random, command), 4);
+}
+
 /// Resident memory of the program with the image shown, and with the empty view.
 TPair Memory(const fs::path &image) {
     std::vector<double> figures[2];
@@ -198,6 +233,7 @@ bool MeasureAll(const fs::path &image) {
         table.Ratio("copy the grid / join its texts, ms" + suffix, Copying(bytes), 3);
         MeasureCommands(table, size);
     }
+    MeasureStrip(table, 0x100000);
     const std::vector<std::uint8_t> bytes = RandomBytes(0x100000);
     std::ofstream(image, std::ios::binary)
         .write(reinterpret_cast<const char *>(bytes.data()),

@@ -8,6 +8,7 @@
 #include "maps/ToolWindow.h"
 #include "start/WaitFor.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDialog>
 #include <QDockWidget>
@@ -15,6 +16,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTabBar>
 
 namespace {
@@ -96,6 +98,23 @@ TEST_F(TKeysTest, TheMenuKeyScrollsToTheCurrentCell) {
     auto &menu = OnPage<QMenu>("PopupMenu1");
     EXPECT_TRUE(menu.isVisible());
     menu.close();
+}
+
+TEST_F(TKeysTest, TabLeadsToTheOverviewWhichTheArrowsMove) {
+    Open(TScene::Contents);
+    Focus<QWidget>("Button1");
+    Press(Qt::Key_Tab);
+    ASSERT_EQ(FocusName(), "ovwFile");
+    auto &grid = OnPage<TStringAlignGrid>("grdFile");
+    QAccessibleInterface *told = QAccessible::queryAccessibleInterface(&OnPage<QWidget>("ovwFile"));
+    ASSERT_TRUE(told && told->valueInterface());
+    Press(Qt::Key_Down);
+    EXPECT_EQ(grid.verticalScrollBar()->value(), 1);
+    EXPECT_EQ(told->valueInterface()->currentValue().toInt(), 1);
+    told->valueInterface()->setCurrentValue(50);
+    EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
+    Press(Qt::Key_Home);
+    EXPECT_EQ(grid.verticalScrollBar()->value(), 0);
 }
 
 TEST_F(TKeysTest, AGridWithoutAMenuLeavesTheKeyAlone) {

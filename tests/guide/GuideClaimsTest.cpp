@@ -110,11 +110,14 @@ TEST_F(GuideClaims, WrappedRevLimiterShowsInTheSavedImageOnly) {
     EXPECT_EQ(Image().Peek(revLimiter), 1) << "40 rpm";
 }
 
-TEST_F(GuideClaims, CtrlCCopiesTheCurrentCellOfAGridAndTheSelectedTextOfABox) {
-    ExpectSaid("Ctrl+C copies: of a grid the current cell, of a box the selected text");
-    ExpectSaid("Ctrl+C, here as in every grid, only the current one");
+TEST_F(GuideClaims, CtrlCCopiesWhatTheGridOrTheBoxHas) {
+    ExpectSaid("Ctrl+C copies: of a map's grid the current cell, of \"File Contents\" the selected "
+               "cells, of a box the selected text");
+    QApplication::setActiveWindow(&window);
     QClipboard &clipboard = *QApplication::clipboard();
-    for (const auto &[tab, name] : {std::pair{fuelTab, "grdPTMap"}, {contentsTab, "grdFile"}}) {
+    for (const auto &[tab, name, copied] :
+         {std::tuple{fuelTab, "grdPTMap", "the current one"},
+          {contentsTab, "grdFile", "17\t0\n0\tthe current one\n"}}) {
         window.PageControl1->SelectByUser(tab);
         auto &grid = On<TStringAlignGrid>(tab, name);
         Image().Poke(0, 17);
@@ -122,7 +125,7 @@ TEST_F(GuideClaims, CtrlCCopiesTheCurrentCellOfAGridAndTheSelectedTextOfABox) {
         grid.SetCell(2, 2, "the current one");
         clipboard.clear();
         QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
-        EXPECT_EQ(clipboard.text(), "the current one") << name;
+        EXPECT_EQ(clipboard.text(), copied) << name;
     }
     auto &box = On<QLineEdit>(fuelTab, "edtPTOffset");
     box.selectAll();
@@ -165,7 +168,8 @@ TEST_F(GuideClaims, NothingElseBringsPagesOfMapsOfAnyValuesAndOfLinearMaps) {
 
 TEST_F(GuideClaims, ControlsThatItNamesHaveHints) {
     ExpectSaid("for \"Load ROM Image\", \"Save ROM\" and \"Save Spec\", the boxes \"offset\", the "
-               "part throttle grids, and the buttons that turn and zoom charts.");
+               "part throttle grids, the strip beside \"File Contents\", and the buttons that turn "
+               "and zoom charts.");
     std::set<std::string> hinted;
     for (int tab = 0; tab <= contentsTab; ++tab) {
         window.PageControl1->SelectByUser(tab);
@@ -176,7 +180,7 @@ TEST_F(GuideClaims, ControlsThatItNamesHaveHints) {
     EXPECT_EQ(hinted,
               (std::set<std::string>{"btnLoad", "btnSave", "btnSaveSpec", "edtPTOffset",
                                      "edtIdOffset", "edtFTOffset", "grdPTMap", "btnLeft", "btnUp",
-                                     "btnDown", "btnRight", "udZoomUp", "udZoomDown"}));
+                                     "btnDown", "btnRight", "udZoomUp", "udZoomDown", "ovwFile"}));
 }
 
 TEST_F(GuideClaims, KeysGoToTheEndsOfFileContents) {
