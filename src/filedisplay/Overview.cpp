@@ -13,7 +13,8 @@
 #include <QScrollBar>
 
 namespace {
-constexpr int stripWidth = 24;
+constexpr int usualWidth = 24;
+constexpr int leastWidth = 12;      // leaves the grid its room on small screens
 constexpr int stripEdge = 2;        // the focus is seen by it
 constexpr int leastFrameHeight = 7; // pixels, so that it can be seen whatever the image's size
 constexpr double leastMarkContrast = 1.3; // contrast of a line, whose colour must stay what it is
@@ -35,8 +36,7 @@ TOverview::TOverview(TStringAlignGrid &grid, QWidget *parent)
     : QAbstractSlider(parent), grid_(grid) {
     setInvertedControls(true); // down is onwards
     setFocusPolicy(Qt::TabFocus);
-    setFixedWidth(stripWidth);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Expanding);
     setAccessibleName(tr("Overview"));
     SetHint(this, tr("The whole image with its marks: a click or the arrow keys go there"));
     const QScrollBar &bar = *grid.verticalScrollBar();
@@ -45,6 +45,14 @@ TOverview::TOverview(TStringAlignGrid &grid, QWidget *parent)
     connect(this, &TOverview::valueChanged, &bar, &QScrollBar::setValue);
     connect(grid.model(), &QAbstractItemModel::dataChanged, this, &TOverview::Renew);
     connect(grid.model(), &QAbstractItemModel::modelReset, this, &TOverview::Renew);
+}
+
+QSize TOverview::sizeHint() const {
+    return {usualWidth, usualWidth};
+}
+
+QSize TOverview::minimumSizeHint() const {
+    return {leastWidth, leastWidth};
 }
 
 void TOverview::Renew() {
@@ -87,9 +95,9 @@ void TOverview::GoTo(int y) {
 }
 
 const QImage &TOverview::Marks(int lines) {
-    if (marks_.height() == lines)
+    const int width = std::max(Inside().width(), 0);
+    if (marks_.size() == QSize(width, lines))
         return marks_;
-    const int width = Inside().width();
     marks_ = QImage(width, lines, QImage::Format_RGB32);
     const QColor base = palette().color(QPalette::Base);
     marks_.fill(base);

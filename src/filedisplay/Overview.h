@@ -23,6 +23,9 @@ public:
     /// Where the whole image is shown.
     QRect Inside() const;
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;

@@ -8,6 +8,8 @@
 
 #include <QAbstractScrollArea>
 #include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QToolButton>
 
 namespace {
@@ -92,6 +94,25 @@ TEST_P(TFitTest, EveryWindowFitsASmallScreen) {
         EXPECT_LE(window.width(), smallScreen.width()) << name.toStdString();
         EXPECT_LE(window.height(), smallScreen.height() - frame.height()) << name.toStdString();
     });
+}
+
+TEST_P(TFitTest, TheContentsFitASmallScreenFromSideToSide) {
+    int checked = 0;
+    Visit([&](const QString &name, QWidget &window) {
+        if (!name.contains("file-contents"))
+            return;
+        window.resize(smallScreen - frame);
+        TGallery::Settle();
+        const auto *grid = window.findChild<TStringAlignGrid *>("grdFile");
+        const auto *strip = window.findChild<QWidget *>("ovwFile");
+        EXPECT_GE(strip->width(), strip->minimumSizeHint().width());
+        for (const auto *area : window.findChildren<QScrollArea *>())
+            if (area->isAncestorOf(grid)) {
+                EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << name.toStdString();
+                ++checked;
+            }
+    });
+    EXPECT_EQ(checked, 3);
 }
 
 TEST_P(TFitTest, OffsetEditsHaveRoomForAnOffset) {

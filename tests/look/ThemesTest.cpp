@@ -1,6 +1,8 @@
 // Everything can be read in every theme: measured on what is painted.
 #include "charts/ChartContents.h"
+#include "filedisplay/FileGrid.h"
 #include "filedisplay/Marks.h"
+#include "filedisplay/Overview.h"
 #include "forms/Aligrid.h"
 #include "look/LookFixture.h"
 #include "look/Painted.h"
@@ -90,6 +92,23 @@ TEST_P(TThemesTest, EveryLookOfACellCanBeRead) {
         const QRect first = QRect(header->mapTo(&grid, QPoint(0, 0)), QSize(60, 28));
         EXPECT_GE(PaintedIn(image, first.adjusted(2, 2, -8, -4)).contrast, leastTextContrast)
             << "header";
+    }
+}
+
+TEST_P(TThemesTest, EveryMarkIsSeenInTheOverview) {
+    for (const TMark &mark : marks) {
+        TStringAlignGrid grid;
+        PrepareFileGrid(grid);
+        FillFileGrid(grid, std::vector<std::uint8_t>(3 * cellsPerRow), false);
+        MarksOf(grid)[cellsPerRow] = mark.color; // in the row of the middle
+        TOverview overview(grid, nullptr);
+        overview.resize(24, 306);
+        const QImage image = ImageOf(overview);
+        const QPoint middle = image.rect().center();
+        const QColor line(image.pixel(middle));
+        const QColor above(image.pixel(middle - QPoint(0, 102)));
+        EXPECT_EQ(above, overview.palette().color(QPalette::Base));
+        EXPECT_GE(Contrast(line, above), 1.3) << mark.name << " " << line;
     }
 }
 
