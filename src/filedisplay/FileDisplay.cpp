@@ -9,6 +9,7 @@
 #include "forms/AligridText.h"
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
+#include "forms/Hint.h"
 #include "forms/TabOrder.h"
 #include "model/ROMTypes.h"
 
@@ -37,6 +38,8 @@ TfrmFileContents::TfrmFileContents(QWidget *parent, TWorkspace &workspace, IPrin
     grdFile_->setAccessibleDescription(tr("The Menu key or Shift+F10 opens the menu"));
     ovwFile_->setObjectName("ovwFile");
     chkDisplayHex_->setObjectName("chkDisplayHex");
+    SetHint(grdFile_, tr("Right-click for copies, searches and what to do with found maps"));
+    SetHint(chkDisplayHex_, tr("Show 10 as $0A; takes all marks away"));
     redPrint_->setObjectName("redPrint");
     redPrint_->hide();
     // All 17 columns fit the width of a landscape page.
@@ -54,6 +57,7 @@ TfrmFileContents::~TfrmFileContents() {
 void TfrmFileContents::LayOut() {
     auto *key = new QPushButton(tr("Key"), this);
     key->setObjectName("Button1");
+    SetHint(key, tr("Show or hide what the colours mean"));
     SetTabSequence({grdFile_, chkDisplayHex_, key, ovwFile_});
     // Below the grid: beside it they would not fit a screen of 800 pixels.
     auto *line = new QHBoxLayout;

@@ -38,6 +38,8 @@ public:
     /// Rebuilds the grid when the image's file name is another one than that shown; shows the page.
     void ShowPage() override;
 
+    int GuideChapter() const override { return 11; }
+
     void chkDisplayHexClick() { Rebuild(); }
     void Button1Click(); ///< "Key"
     void grdFileSelectCell(int column, int row);

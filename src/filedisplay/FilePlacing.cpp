@@ -65,6 +65,7 @@ void TFilePlacing::UpdateNotebookMap(TMapContents contents, TMapKind kind) {
     offsets[static_cast<std::size_t>(kind)] = address;
     set.SetOffsets(offsets[0], offsets[1], offsets[2]);
     page_.Say(MovedTo(contents, kind, address));
+    page_.TellState(); // the maps are read anew
 }
 
 void TFilePlacing::AllHighlighted1Click() {

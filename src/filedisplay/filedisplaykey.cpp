@@ -2,6 +2,7 @@
 
 #include "filedisplay/Marks.h"
 #include "forms/Access.h"
+#include "forms/Hint.h"
 #include "forms/OtherWindows.h"
 
 #include <QGridLayout>
@@ -49,6 +50,7 @@ TfrmKey::TfrmKey(QWidget *owner, const TSearchParameters &parameters)
     lblTimingMax_->setObjectName("lblTimingMax");
     lblRPMLocation_->setObjectName("lblRPMLocation");
     lblLoadLocation_->setObjectName("lblLoadLocation");
+    SetHint(btnOK, tr("Hide this window"));
     btnCancel->hide();
 }
 

@@ -7,13 +7,15 @@
 #include "forms/PageControl.h"
 #include "forms/TEmbedFm.h"
 
+#include <algorithm>
+
 #include <QMenu>
+#include <QPainter>
 #include <QShortcut>
 
 TCommandMenu::TCommandMenu(TfrmKelvaneNotebook &notebook)
     : QToolButton(&notebook), menu(new QMenu(this)), notebook_(notebook) {
     setObjectName("btnMenu");
-    setText(QString(QChar(0x2261))); // three bars
     setAutoRaise(true);
     setFocusPolicy(Qt::NoFocus); // its keys open it from anywhere
     setAccessibleName(tr("Menu"));
@@ -30,6 +32,12 @@ TCommandMenu::TCommandMenu(TfrmKelvaneNotebook &notebook)
     ConnectGuarded(menu, &QMenu::aboutToHide, this, [this] { Release(); });
 }
 
+std::vector<const QWidget *> TCommandMenu::Panes() const {
+    if (notebook_.PageCount() == 0)
+        return {&notebook_};
+    return {notebook_.CurrentPage(), &notebook_};
+}
+
 void TCommandMenu::Open() {
     Fill();
     menu->popup(mapToGlobal(QPoint(width(), height())) - QPoint(menu->sizeHint().width(), 0));
@@ -39,8 +47,7 @@ void TCommandMenu::Open() {
 /// Anew each time, since pages come and go.
 void TCommandMenu::Fill() {
     menu->clear();
-    const TEmbeddedForm &page = *notebook_.CurrentPage();
-    for (const QWidget *pane : std::initializer_list<const QWidget *>{&page, &notebook_}) {
+    for (const QWidget *pane : Panes()) {
         UpdateCommands(*pane);
         if (!menu->isEmpty())
             menu->addSeparator();
@@ -49,6 +56,19 @@ void TCommandMenu::Fill() {
 }
 
 void TCommandMenu::Release() {
-    EnableCommands(*notebook_.CurrentPage());
-    EnableCommands(notebook_);
+    for (const QWidget *pane : Panes())
+        EnableCommands(*pane);
+}
+
+void TCommandMenu::paintEvent(QPaintEvent *event) {
+    QToolButton::paintEvent(event);
+    // Three bars, as large as an icon.
+    const QRect icon = QStyle::alignedRect({}, Qt::AlignCenter, iconSize(), rect());
+    const int thickness = std::max(1, icon.height() / 8);
+    const QColor color =
+        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText);
+    QPainter painter(this);
+    for (const int middle : {icon.height() / 4, icon.height() / 2, icon.height() * 3 / 4})
+        painter.fillRect(icon.x() + thickness, icon.y() + middle - thickness / 2,
+                         icon.width() - 2 * thickness, thickness, color);
 }

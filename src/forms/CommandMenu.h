@@ -3,6 +3,8 @@
 // (Commands.h).
 #pragma once
 
+#include <vector>
+
 #include <QToolButton>
 
 class QMenu;
@@ -16,7 +18,12 @@ public:
 
     QMenu *const menu;
 
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
 private:
+    /// Those whose commands are shown: the current page, where there is one, and the notebook.
+    std::vector<const QWidget *> Panes() const;
     void Open();
     void Fill();
     void Release();

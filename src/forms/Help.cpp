@@ -14,8 +14,10 @@
 #include <QFontDatabase>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
 #include <QVBoxLayout>
@@ -57,6 +59,23 @@ QSize SizeFor(const QPlainTextEdit &memo) {
     const double width =
         line.naturalTextWidth() + memo.verticalScrollBar()->sizeHint().width() + margins;
     return QSizeF(width, helpRows * line.height() + margins).toSize() + QSize(1, 1);
+}
+
+/// The open help window of `window`, or a new one.
+TfrmHelp &HelpBeside(QWidget &window, const QString &fileName, Qt::WindowType kind) {
+    if (auto *open = window.findChild<TfrmHelp *>({}, Qt::FindDirectChildrenOnly))
+        return *open;
+    auto *help = new TfrmHelp(fileName, &window);
+    help->setWindowFlags(kind);
+    help->setAttribute(Qt::WA_DeleteOnClose);
+    help->setAttribute(Qt::WA_QuitOnClose, false); // the program does not live on for it
+    return *help;
+}
+
+void BringUp(QWidget &window) {
+    window.show();
+    window.raise();
+    window.activateWindow();
 }
 
 class THelpKey : public QObject {
@@ -112,6 +131,16 @@ TfrmHelp::TfrmHelp(const QString &fileName, QWidget *parent)
     Memo1->setPlainText(ReadText(ToPath(ProgramDirectory() + fileName)));
 }
 
+void TfrmHelp::GoToChapter(int number) {
+    const QRegularExpression head(QString("^%1  \\S").arg(number));
+    for (QTextBlock line = Memo1->document()->begin(); line.isValid(); line = line.next())
+        if (line.text().contains(head)) {
+            Memo1->moveCursor(QTextCursor::End); // coming from below it ends up at the top
+            Memo1->setTextCursor(QTextCursor(line));
+            return;
+        }
+}
+
 void TfrmHelp::FindText() {
     const QString answer = Dialogs().InputBox(tr("Find"), tr("Text to find"), "");
     if (answer.isEmpty())
@@ -138,14 +167,13 @@ void ShowHelpOf(QWidget &window, const QString &asked) {
     if (!QFileInfo(ProgramDirectory() + (asked.isEmpty() ? shown : asked)).isFile())
         return Dialogs().ShowMessage(
             TfrmHelp::tr("Sorry no help is yet available for this screen"));
-    auto *help = window.findChild<TfrmHelp *>({}, Qt::FindDirectChildrenOnly);
-    if (!help) {
-        help = new TfrmHelp(shown, &window);
-        help->setAttribute(Qt::WA_DeleteOnClose);
-    }
-    help->show();
-    help->raise();
-    help->activateWindow();
+    BringUp(HelpBeside(window, shown, Qt::Tool));
+}
+
+void ShowGuide(QWidget &window, const QString &fileName, int chapter) {
+    TfrmHelp &guide = HelpBeside(window, fileName, Qt::Window);
+    BringUp(guide);
+    guide.GoToChapter(chapter);
 }
 
 void OnHelpKey(QWidget &window, std::function<void()> handler) {

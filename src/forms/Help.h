@@ -30,6 +30,10 @@ public:
 
     QPlainTextEdit *const Memo1; ///< the text, read-only
 
+    /// Brings the head of a chapter, a line like "4  THE WINDOW", to the top. A text without that
+    /// chapter stays where it is.
+    void GoToChapter(int number);
+
     /// Asks for a text and selects its next place, in any letter case; behind the last place comes
     /// the first. Says so when there is none, and leaves the selection then.
     void FindText();
@@ -45,6 +49,11 @@ private:
 /// when empty) is no file in the program's directory. Throws EFileError when the text cannot be
 /// read.
 void ShowHelpOf(QWidget &window, const QString &asked = {});
+
+/// Opens the help window on `fileName` at a chapter, not modally: a window of its own that may lie
+/// beside `window` or behind it, and goes with it. One that is open already comes to the front.
+/// Throws EFileError when the text cannot be read.
+void ShowGuide(QWidget &window, const QString &fileName, int chapter);
 
 /// F1 in `window` runs `handler`, guarded. It goes before a shortcut of the window behind it.
 void OnHelpKey(QWidget &window, std::function<void()> handler);

@@ -14,12 +14,18 @@ namespace {
 class THintFilter : public QObject {
 public:
     THintHandler handler;
+    bool held = false;
 
     THintFilter() { QCoreApplication::instance()->installEventFilter(this); }
 
     bool eventFilter(QObject *, QEvent *event) override {
-        if (event->type() != QEvent::StatusTip || !handler)
+        const QEvent::Type type = event->type();
+        if (type == QEvent::KeyPress || type == QEvent::MouseButtonPress)
+            held = false;
+        if (type != QEvent::StatusTip || !handler)
             return false;
+        if (held)
+            return true;
         const QString hint = static_cast<QStatusTipEvent *>(event)->tip();
         // A copy: the handler may replace itself.
         Guarded([hint, run = handler] { run(LongHint(hint)); });
@@ -44,6 +50,10 @@ void SetPlainToolTip(QWidget &control, const QString &text) {
 void SetHint(QWidget *control, const QString &hint) {
     SetPlainToolTip(*control, ShortHint(hint));
     control->setStatusTip(hint);
+}
+
+void HoldHints() {
+    HintFilter().held = true;
 }
 
 QString ShortHint(const QString &hint) {

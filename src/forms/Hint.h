@@ -22,6 +22,10 @@ void SetPlainToolTip(QWidget &control, const QString &text);
 /// Gives a control its hint: tool tip (the short part, shown letter by letter) and status tip.
 void SetHint(QWidget *control, const QString &hint);
 
+/// Keeps hints away until the next key or mouse button is pressed, so that what an action has said
+/// is not gone with the next move of the mouse.
+void HoldHints();
+
 /// The two parts of a hint.
 QString ShortHint(const QString &hint);
 QString LongHint(const QString &hint);

@@ -2,7 +2,9 @@
 
 #include "forms/Access.h"
 #include "forms/CommandMenu.h"
+#include "forms/Commands.h"
 #include "forms/Guard.h"
+#include "forms/Help.h"
 #include "forms/Hourglass.h"
 #include "forms/Named.h"
 #include "forms/OtherWindows.h"
@@ -17,14 +19,16 @@
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
-#include <QShortcut>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
 namespace {
+constexpr int restIndent = 4; // pixels, as the toolkit indents messages
+
 /// The widget of a tab. On a screen too small for its page, the page scrolls and the window still
 /// fits. The scroll area comes with the first show, since of many tabs most are never shown.
 class TTab : public QWidget {
@@ -54,6 +58,8 @@ TfrmKelvaneNotebook::TfrmKelvaneNotebook(QWidget *parent)
       btnSave(Named("btnSave", new QPushButton(tr("Save"), this))),
       btnCancel(Named("btnCancel", new QPushButton(tr("Cancel"), this))),
       StatusBar1(new QStatusBar(this)),
+      actGuide(
+          AddCommand(*this, {"actGuide", tr("&Guide"), {Qt::Key_F1}, [this] { ShowGuide(); }})),
       pnlButtons_(new QWidget(this)) {
     LayOut();
     ConnectHandlers();
@@ -70,7 +76,10 @@ void TfrmKelvaneNotebook::LayOut() {
     StatusBar1->setAccessibleName(tr("Hint"));
     connect(StatusBar1, &QStatusBar::messageChanged, StatusBar1,
             &QStatusBar::setAccessibleDescription);
-    new TCommandMenu(*this); // in the corner of the tab bar
+    auto *atRest = new QLabel(tr("F1: guide"), StatusBar1);
+    atRest->setIndent(restIndent);
+    StatusBar1->addWidget(atRest); // any message covers it
+    new TCommandMenu(*this);       // in the corner of the tab bar
     SetHint(btnPrint, tr("Print Displayed Data"));
     SetHint(btnClose, tr("Close"));
     btnSave->setEnabled(false);
@@ -103,9 +112,12 @@ void TfrmKelvaneNotebook::ConnectHandlers() {
     ConnectGuarded(btnSave, &QPushButton::clicked, this, [this] { btnSaveClick(); });
     ConnectGuarded(btnCancel, &QPushButton::clicked, this, [this] { btnCancelClick(); });
     ConnectGuarded(btnClose, &QPushButton::clicked, this, [this] { btnCloseClick(); });
-    auto *help = new QShortcut(Qt::Key_F1, this);
-    ConnectGuarded(help, &QShortcut::activated, this, [this] { CurrentPage()->Help(); });
     GoRoundOnF6(*this, *PageControl1);
+}
+
+void TfrmKelvaneNotebook::ShowGuide() {
+    const TEmbeddedForm &page = *CurrentPage();
+    ::ShowGuide(*this, page.HelpFileName(), page.GuideChapter());
 }
 
 void TfrmKelvaneNotebook::FormCreate() {
@@ -189,6 +201,7 @@ bool TfrmKelvaneNotebook::PageControl1Changing() {
 void TfrmKelvaneNotebook::PageControl1Change() {
     const THourglass hourglass;
     CurrentPage()->ShowPage();
+    StateChanged();
 }
 
 void TfrmKelvaneNotebook::FocusPage() {

@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QMainWindow>
 
+class QAction;
 class QPushButton;
 class QStatusBar;
 class TEmbeddedForm;
@@ -38,6 +39,7 @@ public:
     QPushButton *const btnSave;   ///< "Save", disabled at first
     QPushButton *const btnCancel; ///< "Cancel", disabled at first
     QStatusBar *const StatusBar1; ///< its message is the long hint
+    QAction *const actGuide;      ///< "Guide", on F1: shows the guide at the current page's chapter
 
     /// Adds a tab with its page behind the last one and returns their common index. `tabName` is
     /// the object name of the tab's widget, `caption` is shown letter by letter. Calls nothing on
@@ -102,6 +104,7 @@ protected:
 private:
     void FormCreate();
     void FormDestroy();
+    void ShowGuide();
     void LayOut();
     void ConnectHandlers();
     void FocusPage();

@@ -1,6 +1,7 @@
 #include "forms/PageControl.h"
 
 #include "forms/Guard.h"
+#include "forms/Hint.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -80,6 +81,7 @@ int StepOfKey(const QKeyEvent &event) {
 TPageControl::TPageControl(QWidget *parent) : QTabWidget(parent) {
     setObjectName("PageControl1");
     setTabBar(new TAskingTabBar(*this));
+    SetHint(tabBar(), tr("Ctrl+Tab goes to the next page, Ctrl+Shift+Tab to the one before"));
     connect(this, &QTabWidget::currentChanged, this, [this] { CurrentTabChanged(); });
     // Grids and memos keep some of these keys for themselves, hence shortcuts and not key events
     // alone.

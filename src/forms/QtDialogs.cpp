@@ -1,6 +1,7 @@
 #include "forms/QtDialogs.h"
 
 #include "forms/FrameRoom.h"
+#include "forms/Places.h"
 
 #include <algorithm>
 
@@ -15,6 +16,7 @@
 #include <QProgressDialog>
 #include <QScreen>
 #include <QTreeView>
+#include <QUrl>
 
 namespace {
 constexpr auto yesNo = QMessageBox::Yes | QMessageBox::No;
@@ -103,8 +105,29 @@ void Prepare(QFileDialog &dialog, const QString &filter) {
     MakeRoomForNames(dialog);
 }
 
+/// The dialog's side list with the program's own places for as long as this lives: what stands
+/// there when the dialog goes, the toolkit keeps for all programs.
+class TOwnPlaces {
+public:
+    explicit TOwnPlaces(QFileDialog &dialog) : dialog_(dialog), before_(dialog.sidebarUrls()) {
+        QList<QUrl> all = before_;
+        for (const QString &place : Places())
+            if (const QUrl url = QUrl::fromLocalFile(place); !all.contains(url))
+                all << url;
+        dialog_.setSidebarUrls(all);
+    }
+    ~TOwnPlaces() { dialog_.setSidebarUrls(before_); }
+    TOwnPlaces(const TOwnPlaces &) = delete;
+    TOwnPlaces &operator=(const TOwnPlaces &) = delete;
+
+private:
+    QFileDialog &dialog_;
+    const QList<QUrl> before_;
+};
+
 QString Chosen(QFileDialog &dialog) {
     const TArrowCursor arrow;
+    const TOwnPlaces places(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
     return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());

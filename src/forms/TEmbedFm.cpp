@@ -2,6 +2,7 @@
 
 #include "forms/Guard.h"
 #include "forms/Help.h"
+#include "forms/Hint.h"
 #include "forms/KelvaneNotebook.h"
 #include "forms/TabOrder.h"
 
@@ -56,8 +57,10 @@ QWidget *TEmbeddedForm::FirstControl() {
 }
 
 void TEmbeddedForm::Say(const QString &text) {
-    if (notebook_)
-        notebook_->StatusBar1->showMessage(text);
+    if (!notebook_)
+        return;
+    notebook_->StatusBar1->showMessage(text);
+    HoldHints();
 }
 
 void TEmbeddedForm::TellState() {

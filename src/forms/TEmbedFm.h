@@ -40,6 +40,9 @@ public:
     /// The page's help file in the program's directory; the base answers "readme.txt".
     virtual QString HelpFileName() const;
 
+    /// The chapter of the guide that explains the page.
+    virtual int GuideChapter() const { return 1; }
+
     /// Entered and not left. Says nothing about the screen: minimising is not leaving.
     bool PageVisible() const { return pageVisible_; }
 
@@ -54,7 +57,8 @@ public:
     /// answers the first control that Tab visits, the page itself included.
     virtual QWidget *FirstControl();
 
-    /// Shows a text in the notebook's bottom line until the next hint.
+    /// Shows a text in the notebook's bottom line until the first hint behind the user's next
+    /// action.
     void Say(const QString &text);
 
     /// Tells the notebook that what it says of the program's state may be another now.

@@ -1,6 +1,7 @@
 #include "maps/AreaChart.h"
 
 #include "forms/Access.h"
+#include "forms/Hint.h"
 #include "maps/ChartPainter.h"
 #include "maps/ChartWalls.h"
 #include "model/Numbers.h"
@@ -29,6 +30,7 @@ constexpr QSize smallest(110, 80);
 } // namespace
 
 TAreaChart::TAreaChart(QWidget *parent, const QString &name) : QWidget(parent) {
+    SetHint(this, tr("Drag it to turn it; a double-click brings the first view back"));
     setObjectName(name);
     TakeKeys(false);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

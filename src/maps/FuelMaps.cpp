@@ -1,6 +1,7 @@
 #include "maps/FuelMaps.h"
 
 #include "forms/Guard.h"
+#include "forms/Hint.h"
 #include "maps/MapCellNames.h"
 #include "model/Numbers.h"
 
@@ -24,6 +25,8 @@ void TfrmFuelMaps::MakeControls() {
     btnResetRev->setObjectName("btnResetRev");
     for (QPushButton *button : {btnSaverev, btnResetRev})
         button->setAccessibleDescription(tr("Of the rev limiter and of the part throttle map"));
+    SetHint(btnSaverev, tr("Take the rev limiter and commit the part throttle map"));
+    SetHint(btnResetRev, tr("Drop the edits of the rev limiter and of the part throttle map"));
     int place = 0;
     for (QWidget *control :
          std::initializer_list<QWidget *>{revBox_->label, revBox_, btnSaverev, btnResetRev})

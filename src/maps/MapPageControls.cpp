@@ -1,5 +1,6 @@
 #include "maps/MapPageControls.h"
 
+#include "forms/Hint.h"
 #include "forms/PlainScroll.h"
 
 #include <initializer_list>
@@ -16,6 +17,9 @@ TMapPageControls::TMapPageControls(QWidget &page)
     interpret.setObjectName("chkInterpret");
     recalculate.setObjectName("btnRecalculate");
     close.setObjectName("btnClose");
+    SetHint(&interpret, tr("Show lambda trims or degrees in place of the stored bytes"));
+    SetHint(&recalculate, tr("Show or hide the tool that changes many cells at once"));
+    SetHint(&close, tr("Take the page away until the program is started again"));
     for (QWidget *control : std::initializer_list<QWidget *>{&interpret, &recalculate, &close})
         bottomLine.End().addWidget(control);
     auto *layout = new QVBoxLayout(&page);

@@ -90,8 +90,7 @@ void TMapPanel::MakePanel() {
     offsetLabel->setBuddy(offset);
     offset->setAccessibleDescription(tr("A double-click or F2 makes it writable"));
     SetHint(offset, tr("Double-click to enter new offset to map"));
-    if (traits.kind == TMapKind::PT)
-        SetHint(grid, tr("Right-click for more options"));
+    SetHint(grid, tr("Right-click for more options"));
 
     auto *head = new QHBoxLayout;
     head->addWidget(title);
@@ -107,6 +106,8 @@ void TMapPanel::MakePanel() {
 void TMapPanel::MakeChart() {
     commit->setObjectName(traits.commit);
     reset->setObjectName(traits.reset);
+    SetHint(commit, tr("Write the edits of this map into the image in memory"));
+    SetHint(reset, tr("Drop the edits of this map"));
     const bool partThrottle = traits.kind == TMapKind::PT;
     chart->StartWithSeries(partThrottle ? 12 : 1);
     chart->SetBottomInverted(partThrottle);

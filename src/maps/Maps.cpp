@@ -246,6 +246,7 @@ void TfrmMaps::OffsetExit(TMapKind kind) {
     } else {
         map.SetOffset(offset);
         LoadMap(kind);
+        TellState();
     }
     row.offset->SetWritable(false);
 }

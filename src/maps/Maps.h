@@ -44,6 +44,7 @@ public:
     void Prepare();
     /// Hides the rows of the two other maps for good, whatever the fit rule says of them.
     void ShowOnly(TMapKind kind);
+    int GuideChapter() const override { return 8; }
     /// Loads the three maps and shows the page.
     void ShowPage() override;
     /// The part throttle grid, or the first one that is shown.

@@ -12,6 +12,8 @@ public:
     /// `mapSet` and `workspace` outlive the page.
     TfrmMapsGraphical(QWidget *parent, TWorkspace &workspace, TMapSet &mapSet);
 
+    int GuideChapter() const override { return 10; }
+
     // One step of the view, without bounds: a degree, or five percent. The page takes the focus.
     void btnUpClick();
     void btnDownClick();

@@ -1,5 +1,6 @@
 #include "maps/QuickChart.h"
 
+#include "forms/Hint.h"
 #include "forms/OtherWindows.h"
 #include "maps/ChartData.h"
 #include "maps/OffsetEdit.h"
@@ -44,6 +45,7 @@ void TfrmQuickChart::MakeControls() {
     chart_->setSizePolicy(size);
     auto *label = new QLabel(tr("Offset"), pnlMain);
     label->setBuddy(edtOffset_);
+    SetHint(edtOffset_, tr("Where the map begins"));
     view_->ConnectTo(*this);
 
     auto *row = new QHBoxLayout;

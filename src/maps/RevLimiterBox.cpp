@@ -1,6 +1,7 @@
 #include "maps/RevLimiterBox.h"
 
 #include "forms/AligridColors.h"
+#include "forms/Hint.h"
 
 #include <limits>
 
@@ -18,6 +19,7 @@ TRevLimiterBox::TRevLimiterBox(QWidget *parent)
     label->setObjectName("Label1");
     label->setBuddy(this);
     setAccessibleName(label->text());
+    SetHint(this, tr("The engine speed of the rev limiter, in steps of 40 rpm"));
     setSingleStep(step);
     // Both bounds 0 mean unbounded: an entry beyond 10,200 rpm wraps like any other.
     setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());

@@ -3,6 +3,7 @@
 #include "forms/FrameRoom.h"
 #include "forms/Guard.h"
 #include "forms/Help.h"
+#include "forms/Hint.h"
 #include "forms/OtherWindows.h"
 #include "forms/PlainScroll.h"
 #include "maps/Maps.h"
@@ -89,6 +90,12 @@ QWidget *TfrmToolWindow::MakeContents() {
     edtVal_->setObjectName("edtVal");
     edtVal_->setText("0");
     edtVal_->setAccessibleName(tr("Amount"));
+    SetHint(rdoOperation_, tr("Whether the amount is added or subtracted"));
+    SetHint(edtVal_, tr("The amount, a whole number"));
+    SetHint(rdoScale_, tr("The amount in the numbers that the grid shows, or in percent of them"));
+    SetHint(rdoRange_, tr("All cells, or the row or the column of the selected cell"));
+    SetHint(rdoDataset_, tr("The map that is changed"));
+    SetHint(btnExec_, tr("Change the cells"));
     lblfromto_->setObjectName("lblfromto");
     btnExec_->setObjectName("btnExec");
     auto *of = new QLabel(tr("of"), this);

@@ -15,16 +15,25 @@ std::unique_ptr<TROMImage> processImage = std::make_unique<TROMImage>();
 }
 
 void TROMImage::LoadFromFile(const std::filesystem::path &file) {
-    const std::vector<std::uint8_t> bytes = ReadWholeFile(file, capacity);
-    std::copy(bytes.begin(), bytes.end(), data.begin());
-    size = static_cast<std::int32_t>(bytes.size());
+    file_ = ReadWholeFile(file, capacity);
+    std::copy(file_.begin(), file_.end(), data.begin());
+    size = static_cast<std::int32_t>(file_.size());
     modified = false;
 }
 
 void TROMImage::SaveToFile(const std::filesystem::path &file) {
     const std::int32_t length = std::clamp(size, 0, capacity);
-    WriteFileSafely(file, std::span(data).first(static_cast<std::size_t>(length)));
+    const auto bytes = std::span(data).first(static_cast<std::size_t>(length));
+    WriteFileSafely(file, bytes);
+    file_.assign(bytes.begin(), bytes.end());
     modified = false;
+}
+
+std::size_t TROMImage::BytesNotInFile() const noexcept {
+    std::size_t differing = 0;
+    for (std::size_t i = 0; i < file_.size(); ++i)
+        differing += file_[i] != data[i];
+    return differing;
 }
 
 std::uint8_t TROMImage::Peek(std::int64_t offset) const noexcept {

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <vector>
 
 /// A ROM image. Bytes are addressed by absolute offset; offset 0 is the first byte of the file.
 class TROMImage {
@@ -37,10 +39,19 @@ public:
     /// Sets the byte at `offset`. False, and nothing changed, outside the buffer.
     bool Poke(std::int64_t offset, std::uint8_t value) noexcept;
 
+    /// Whether the byte at `offset` is written to files.
+    bool IsInFile(std::int64_t offset) const noexcept { return Contains(offset) && offset < size; }
+
+    /// How many bytes differ from those of the file that was loaded or saved last; 0 before.
+    std::size_t BytesNotInFile() const noexcept;
+
     /// Whether a run of bytes may begin at `offset`, that is 0 to highestStart.
     static constexpr bool Contains(std::int64_t offset) noexcept {
         return offset >= 0 && offset < capacity;
     }
+
+private:
+    std::vector<std::uint8_t> file_; ///< its bytes, as loaded or saved last
 };
 
 /// The process's image, made before main; none only when a test has taken it away. Every typed view

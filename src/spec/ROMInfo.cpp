@@ -2,6 +2,7 @@
 
 #include "forms/KelvaneNotebook.h"
 #include "forms/Paths.h"
+#include "forms/Places.h"
 #include "model/ROMTypes.h"
 #include "spec/MappingChoice.h"
 #include "spec/offsetentry.h"
@@ -13,6 +14,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 namespace {
 namespace fs = std::filesystem;
@@ -64,8 +66,10 @@ void TfrmROMInformation::ScanSpecDirectory() {
 
 void TfrmROMInformation::LoadSpec(const fs::path &fileName) {
     const TSpecReading reading = ReadSpec(fileName, workspace_);
-    if (reading.placed)
+    if (reading.placed) {
         currentSpecFileName_ = fileName;
+        mapping_ = TMappingType::Spec;
+    }
     // Whatever happened the image is read again, and the maps are not placed again after it
     // (docs/peculiarities.md).
     ApplyROM();
@@ -105,6 +109,13 @@ void TfrmROMInformation::ShowStatus() {
     size.setFixedWidth(size.sizeHint().width()); // more in large fonts
 }
 
+bool TfrmROMInformation::SpecIsElsewhere() const {
+    const fs::path spec = currentSpecFileName_.parent_path();
+    const fs::path image = romFileName_.parent_path();
+    std::error_code error;
+    return mapping_ == TMappingType::Spec && spec != image && !fs::equivalent(spec, image, error);
+}
+
 void TfrmROMInformation::SetROMFileName(const fs::path &name) {
     romFileName_ = name;
     workspace_.romFileName = name;
@@ -115,21 +126,33 @@ fs::path TfrmROMInformation::ChooseROMFile() {
     const QString folder =
         current.isEmpty() ? QCoreApplication::applicationDirPath() : QFileInfo(current).path();
     const QString chosen = Dialogs().OpenFile(ROMFilter(), folder);
-    if (chosen.isEmpty())
-        return romFileName_;
-    QDir::setCurrent(QFileInfo(chosen).absolutePath());
-    return ToPath(chosen);
+    // Cancelling the dialog while a file is loaded gives that file again and so reloads it; "Save
+    // Changes?" has been asked (docs/peculiarities.md).
+    return chosen.isEmpty() ? romFileName_ : Confirm(chosen);
+}
+
+fs::path TfrmROMInformation::Confirm(const QString &fileName) {
+    QDir::setCurrent(QFileInfo(fileName).absolutePath());
+    return ToPath(fileName);
 }
 
 void TfrmROMInformation::btnLoadClick() {
+    LoadImage([this] { return ChooseROMFile(); });
+}
+
+void TfrmROMInformation::LoadChosen(const QString &fileName) {
+    const auto tell = qScopeGuard([this] { TellState(); });
+    LoadImage([&fileName] { return Confirm(fileName); });
+}
+
+void TfrmROMInformation::LoadImage(const std::function<fs::path()> &choose) {
     if (!QuerySave())
         return;
-    // Cancelling the dialog while a file is loaded gives that file again and so reloads it; "Save
-    // Changes?" has been asked (docs/peculiarities.md).
-    SetROMFileName(ChooseROMFile());
+    SetROMFileName(choose());
     if (!MayExist(romFileName_))
         return;
     ROMImage()->LoadFromFile(romFileName_);
+    RememberFolder(FromPath(romFileName_.parent_path()));
     SetCaption(true);
     ScanSpecDirectory();
     rdoROMtemplate_->setEnabled(true);
@@ -142,6 +165,7 @@ void TfrmROMInformation::rdoROMtemplateClick() {
     const TMappingType type = MappingTypeOf(templateIndex_, LastItemIndex());
     switch (type) {
     case TMappingType::None:
+        mapping_ = type;
         ZeroBothSets(workspace_);
         break;
     case TMappingType::Spec:
@@ -154,6 +178,7 @@ void TfrmROMInformation::rdoROMtemplateClick() {
             rdoROMtemplate_->SetItemIndex(-1);
             return;
         }
+        mapping_ = type;
     }
     btnOffsetEntry_->setEnabled(type == TMappingType::Manual);
 }

@@ -7,10 +7,12 @@
 #include "forms/RadioGroup.h"
 #include "forms/TEmbedFm.h"
 #include "model/Workspace.h"
+#include "spec/MappingChoice.h"
 #include "spec/SpecFile.h"
 
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <optional>
 
 #include <QGroupBox>
@@ -30,6 +32,7 @@ public:
     /// Shows the page and enables "Save ROM" exactly when a page of the notebook reports changed
     /// data.
     void ShowPage() override;
+    int GuideChapter() const override { return 5; }
 
     /// Rebuilds the spec table and the items of "Set Mapping Type"; leaves none selected or
     /// recorded.
@@ -51,6 +54,8 @@ public:
     void SetROMFileName(const std::filesystem::path &name);
 
     void btnLoadClick();
+    /// "Load ROM Image" with a file that is chosen already.
+    void LoadChosen(const QString &fileName);
     void btnSaveClick() { SaveROM(); }
     void btnSaveSpecClick();
     void btnOffsetEntryClick();
@@ -63,6 +68,10 @@ public:
     const std::filesystem::path &CurrentSpecFileName() const { return currentSpecFileName_; }
     int TemplateIndex() const { return templateIndex_; }
     bool Loaded() const { return loaded_; }
+    /// What has placed or zeroed the maps last; a choice that came to nothing leaves it.
+    TMappingType Mapping() const { return mapping_; }
+    /// Whether a spec file is in force that lies in another folder than the image.
+    bool SpecIsElsewhere() const;
     /// Index of "Use Manual Offset Method", and of the last spec file in front of it.
     int LastItemIndex() const { return rdoROMtemplate_->ItemCount() - 1; }
     int LastSpecIndex() const { return LastItemIndex() - 1; }
@@ -85,6 +94,10 @@ private:
     /// The result of the open dialog; the current file when it is cancelled, empty when there is
     /// none.
     std::filesystem::path ChooseROMFile();
+    /// The file's name as a path; its folder becomes the one whose spec files are listed.
+    static std::filesystem::path Confirm(const QString &fileName);
+    /// Loads the image that `choose` gives, which runs behind the question about changes.
+    void LoadImage(const std::function<std::filesystem::path()> &choose);
     /// Runs the save dialog as it was prepared. The name to write under; nothing when the user
     /// backed out of the dialog or of overwriting what exists or cannot be looked at. Empty after a
     /// cancelled dialog whose earlier target is to be overwritten.
@@ -101,6 +114,7 @@ private:
     std::vector<TSpecEntry> specTable_;
     std::filesystem::path romFileName_;
     int templateIndex_ = -1; ///< recorded by the last choice; a scan sets it to -1
+    TMappingType mapping_ = TMappingType::None;
     std::filesystem::path currentSpecFileName_;
     bool loaded_ = false; ///< ApplyROM has loaded an image
     std::size_t creditIndex_ = 0;

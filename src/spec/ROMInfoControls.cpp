@@ -7,6 +7,7 @@
 #include "spec/ProgrammerControls.h"
 #include "spec/ROMInfo.h"
 
+#include <QScopeGuard>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -35,6 +36,8 @@ TfrmROMInformation::TfrmROMInformation(QWidget *parent, TWorkspace &workspace)
 
 void TfrmROMInformation::MakeControls() {
     rdoROMtemplate_->setEnabled(false);
+    SetHint(rdoROMtemplate_,
+            tr("Say where the maps are: by a spec file of the image's folder, or by hand"));
     QScrollArea *scroll = MakePlainScroll(rdoROMtemplate_, this);
 
     auto *top = new QHBoxLayout;
@@ -56,6 +59,7 @@ QGroupBox *TfrmROMInformation::MakeROMGroup() {
     SetHint(btnLoad_, tr("Load a new ROM Image into the program"));
     SetHint(btnSaveSpec_, tr("Save a new spec file using offsets listed on map pages"));
     SetHint(btnSave_, tr("Save the ROM Image to a binary file"));
+    SetHint(btnOffsetEntry_, tr("Open the offset dialog again; its OK reads the image anew"));
     for (QPushButton *button : {btnSaveSpec_, btnSave_, btnOffsetEntry_})
         button->setEnabled(false);
 
@@ -105,12 +109,21 @@ QStatusBar *TfrmROMInformation::MakeStatusBar() {
 }
 
 void TfrmROMInformation::ConnectControls() {
-    ConnectGuarded(btnLoad_, &QPushButton::clicked, this, [this] { btnLoadClick(); });
-    ConnectGuarded(btnSave_, &QPushButton::clicked, this, [this] { btnSaveClick(); });
-    ConnectGuarded(btnSaveSpec_, &QPushButton::clicked, this, [this] { btnSaveSpecClick(); });
-    ConnectGuarded(btnOffsetEntry_, &QPushButton::clicked, this, [this] { btnOffsetEntryClick(); });
+    const auto andTell = [this](void (TfrmROMInformation::*handler)()) {
+        return [this, handler] {
+            const auto tell = qScopeGuard([this] { TellState(); }); // after an error too
+            (this->*handler)();
+        };
+    };
+    const auto connect = [&](QPushButton *button, void (TfrmROMInformation::*handler)()) {
+        ConnectGuarded(button, &QPushButton::clicked, this, andTell(handler));
+    };
+    connect(btnLoad_, &TfrmROMInformation::btnLoadClick);
+    connect(btnSave_, &TfrmROMInformation::btnSaveClick);
+    connect(btnSaveSpec_, &TfrmROMInformation::btnSaveSpecClick);
+    connect(btnOffsetEntry_, &TfrmROMInformation::btnOffsetEntryClick);
+    rdoROMtemplate_->OnClick = andTell(&TfrmROMInformation::rdoROMtemplateClick);
     ConnectGuarded(tmrThanks_, &QTimer::timeout, this, [this] { tmrThanksTimer(); });
-    rdoROMtemplate_->OnClick = [this] { rdoROMtemplateClick(); };
 }
 
 void TfrmROMInformation::FormShow() {

@@ -1,25 +1,43 @@
 #include "spec/main.h"
 
 #include "filedisplay/FileDisplay.h"
+#include "forms/Commands.h"
+#include "forms/Dialogs.h"
 #include "forms/FrameRoom.h"
+#include "forms/Guard.h"
 #include "forms/PageControl.h"
 #include "maps/FuelMaps.h"
 #include "maps/FuelMapsGraphical.h"
 #include "maps/TimingMaps.h"
 #include "maps/TimingMapsGraphical.h"
 #include "spec/ROMInfo.h"
+#include "spec/StateButton.h"
+#include "spec/StateOfWork.h"
 
 #include <algorithm>
 
+#include <QApplication>
+#include <QDir>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
+#include <QStatusBar>
 #include <QTimer>
+#include <QUrl>
 
 namespace {
 constexpr std::uint16_t splashInterval = 2500; // milliseconds
 constexpr int smallScreenHeight = 600;
 constexpr QSize sizeAsMade(956, 538);
 constexpr QSize usualSize(800, 600);
+
+/// The one image file that is dragged; empty for anything else.
+QString ImageIn(const QMimeData &dragged) {
+    const QList<QUrl> urls = dragged.urls();
+    const QString name = urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+    return name.endsWith(".BIN", Qt::CaseInsensitive) ? QDir::toNativeSeparators(name) : QString();
+}
 } // namespace
 
 Qt::WindowState StateAtFirstShow(int screenHeight) {
@@ -44,6 +62,7 @@ TfrmNotebook::TfrmNotebook() {
 }
 
 TfrmNotebook::~TfrmNotebook() {
+    btnState_ = nullptr;
     delete PageControl1; // and the pages with it, which refer to the workspace
 }
 
@@ -52,8 +71,9 @@ void TfrmNotebook::FormCreate() {
         if (index == 0)
             tabROMInfoShow();
     });
-    AddPage(std::make_unique<TfrmROMInformation>(nullptr, workspace), "tabROMInfo",
-            tr("ROM Information"));
+    auto rom = std::make_unique<TfrmROMInformation>(nullptr, workspace);
+    rom_ = rom.get();
+    AddPage(std::move(rom), "tabROMInfo", tr("ROM Information"));
     AddPage(std::make_unique<TfrmFuelMaps>(nullptr, workspace, workspace.fuelMapSet), "tabFuelMaps",
             tr("Fuel Maps"));
     AddPage(std::make_unique<TfrmTimingMaps>(nullptr, workspace, workspace.timingMapSet),
@@ -65,6 +85,79 @@ void TfrmNotebook::FormCreate() {
     // TabSheet1 is the tab of the contents view.
     AddPage(std::make_unique<TfrmFileContents>(nullptr, workspace, printing_), "TabSheet1",
             tr("File Contents"));
+    btnState_ = new TStateButton(StatusBar1);
+    btnState_->OnChoose = [this](int tab) { PageControl1->SelectByUser(tab); };
+    StatusBar1->addPermanentWidget(btnState_);
+    AddCommands();
+    setAcceptDrops(true);
+    StateChanged();
+}
+
+void TfrmNotebook::AddCommands() {
+    AddCommand(*this, {.name = "actLoad",
+                       .text = tr("&Load ROM Image"),
+                       .keys = {Qt::CTRL | Qt::Key_O},
+                       .run = [this] { Press("btnLoad"); }});
+    AddCommand(*this, {.name = "actSave",
+                       .text = tr("&Save ROM"),
+                       .keys = {Qt::CTRL | Qt::Key_S},
+                       .run = [this] { Press("btnSave"); },
+                       .can = [this] { return MaySave(); }});
+    AddCommand(*this,
+               {.name = "actState", .text = tr("S&tate"), .keys = {Qt::Key_F9}, .run = [this] {
+                    btnState_->OpenList();
+                }});
+    AddCommandLine(*this);
+    addAction(actGuide); // behind these
+    AddCommand(*this, {.name = "actAbout", .text = tr("&About"), .keys = {}, .run = [this] {
+                           ShowAbout();
+                       }});
+}
+
+bool TfrmNotebook::GoToROMPage() {
+    PageControl1->SelectByUser(PageIndex(rom_));
+    return CurrentPage() == rom_;
+}
+
+void TfrmNotebook::Press(const char *button) {
+    if (GoToROMPage())
+        rom_->findChild<QPushButton *>(button)->click(); // nothing while it is disabled
+}
+
+bool TfrmNotebook::MaySave() const {
+    if (CurrentPage() == rom_)
+        return rom_->findChild<QPushButton *>("btnSave")->isEnabled();
+    return AnyDataChanged() || !StateOfWork(*this, *rom_, workspace).edited.empty();
+}
+
+void TfrmNotebook::LoadDropped(const QString &fileName) {
+    if (GoToROMPage())
+        rom_->LoadChosen(fileName);
+}
+
+void TfrmNotebook::StateChanged() {
+    if (btnState_)
+        btnState_->ShowState(StateTexts(StateOfWork(*this, *rom_, workspace)));
+}
+
+void TfrmNotebook::ShowAbout() {
+    Dialogs().ShowMessage(tr("Ferrolyn %1\nEditor and analyser for engine control unit ROM images\n"
+                             "Licence: MIT\nCopyright 2026 the Ferrolyn authors")
+                              .arg(QCoreApplication::applicationVersion()));
+}
+
+void TfrmNotebook::dragEnterEvent(QDragEnterEvent *event) {
+    if (!ImageIn(*event->mimeData()).isEmpty() && !QApplication::activeModalWidget())
+        event->acceptProposedAction();
+}
+
+void TfrmNotebook::dropEvent(QDropEvent *event) {
+    event->acceptProposedAction();
+    // Behind the event: whoever dropped it must not wait for our questions.
+    QTimer::singleShot(0, this, [this, name = ImageIn(*event->mimeData())] {
+        activateWindow();
+        Guarded([&] { LoadDropped(name); });
+    });
 }
 
 void TfrmNotebook::FormShow() {

@@ -11,6 +11,9 @@
 
 #include <memory>
 
+class TfrmROMInformation;
+class TStateButton;
+
 /// How the window comes up: minimised, so that the splash stands alone; maximised, as it would not
 /// fit, on a screen of at most 600 pixels. The first tick of tmrSplash makes either normal.
 Qt::WindowState StateAtFirstShow(int screenHeight);
@@ -36,18 +39,34 @@ public:
     /// A tick of tmrSplash: ends the splash and makes the window normal, whatever the user did to
     /// it. The timer is never switched off, so that this goes on (docs/peculiarities.md).
     void tmrSplashTimer();
+    /// Loads an image file that was dropped on the window as "Load ROM Image" does, from the page
+    /// "ROM Information", if the current page may be left.
+    void LoadDropped(const QString &fileName);
+    void StateChanged() override;
     /// The page "ROM Information" has no use for the notebook's own buttons.
     void tabROMInfoShow();
 
 protected:
     void FormShow() override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void FormCreate();
+    void AddCommands();
+    /// Leaves the current page as a choice of the first tab does; false when that is refused.
+    bool GoToROMPage();
+    /// Presses a button of that page, if it is enabled there.
+    void Press(const char *button);
+    /// Whether "Save ROM" is enabled on its page, or will be once that page is entered.
+    bool MaySave() const;
+    void ShowAbout();
     /// Gives the map pages their controls once the window is up, so that it comes up sooner.
     void PreparePages();
 
     TPrinting printing_;
+    TfrmROMInformation *rom_ = nullptr;
+    TStateButton *btnState_ = nullptr; ///< none before it is made and while all is freed
     std::unique_ptr<TSplashScreen> splashThread_;
     TThreadedTimer tmrSplash_{this};
 };

@@ -1,5 +1,6 @@
 #include "spec/offsetentry.h"
 
+#include "forms/Hint.h"
 #include "forms/Named.h"
 #include "model/Numbers.h"
 
@@ -20,6 +21,7 @@ std::string TextOf(const QLineEdit *edit) {
 QLineEdit *AddField(QGridLayout &grid, const char *name, const QString &caption) {
     auto *edit = Named(name, new QLineEdit);
     edit->setAccessibleDescription(TfrmOffsetEntry::tr("Decimal, or hexadecimal behind a $"));
+    SetHint(edit, edit->accessibleDescription());
     edit->setLayoutDirection(Qt::LeftToRight); // "$" stands before its number everywhere
     edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("$FFFFF") + editMargins);
     auto *label = new QLabel(caption);
@@ -46,6 +48,8 @@ TfrmOffsetEntry::TfrmOffsetEntry(QWidget *owner, TWorkspace &workspace)
                       AddField(*grid, "edtTimingIdMapOffset", tr("Timing Idle Offset")),
                       AddField(*grid, "edtTimingFTMapOffset", tr("Timing WOT Offset"))};
     Contents()->addLayout(grid);
+    SetHint(btnOK, tr("Take the offsets and close"));
+    SetHint(btnCancel, tr("Close without placing any map"));
     for (QLineEdit *edit : findChildren<QLineEdit *>())
         connect(edit, &QLineEdit::textChanged, this, [this] { modified = true; });
     resize(405, 293);

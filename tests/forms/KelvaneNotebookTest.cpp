@@ -1,12 +1,15 @@
 #include "forms/KelvaneNotebook.h"
 
+#include "forms/Help.h"
 #include "forms/PageControl.h"
+#include "forms/ProgramFile.h"
 #include "forms/RecordingPage.h"
 #include "support/FakeDialogs.h"
 
 #include <stdexcept>
 
 #include <QApplication>
+#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollArea>
@@ -237,12 +240,43 @@ TEST_F(Notebook, TheBottomButtonsCallTheCurrentPage) {
     EXPECT_EQ(Calls(), QStringList({"b print", "b save", "b cancel"}));
 }
 
-TEST_F(Notebook, F1IsTheHelpOfTheCurrentPage) {
+TEST_F(Notebook, F1LeavesTheHelpOfThePagesToTheirButtons) {
+    const TProgramFile file("readme.txt", "the guide\n");
     Show();
     QTest::keyClick(pages[0]->edit, Qt::Key_F1);
-    window->PageControl1->SelectByUser(2);
-    QTest::keyClick(pages[2]->edit, Qt::Key_F1);
-    EXPECT_EQ(Calls(), QStringList({"a help", "a query", "c show", "c help"}));
+    EXPECT_TRUE(window->findChild<TfrmHelp *>());
+    pages[0]->btnHelp->click();
+    EXPECT_EQ(Calls(), QStringList("a help"));
+}
+
+TEST_F(Notebook, AtRestTheBottomLineTellsOfF1) {
+    Show();
+    const auto &atRest = *window->StatusBar1->findChild<QLabel *>();
+    EXPECT_EQ(atRest.text(), "F1: guide");
+    for (const char *hint : {"", "Print Displayed Data", ""}) {
+        QStatusTipEvent event(hint);
+        QApplication::sendEvent(window->btnPrint, &event);
+        EXPECT_EQ(atRest.isVisible(), !*hint) << hint;
+    }
+}
+
+TEST_F(Notebook, WhatAPageSaysOutlastsHintsUntilTheUserActs) {
+    Show();
+    const auto hint = [this] {
+        QStatusTipEvent event("Close");
+        QApplication::sendEvent(window->btnClose, &event);
+        return window->StatusBar1->currentMessage();
+    };
+    for (const bool byKey : {true, false}) {
+        pages[0]->Say("done");
+        EXPECT_EQ(hint(), "done");
+        if (byKey)
+            QTest::keyClick(pages[0]->edit, Qt::Key_Right);
+        else
+            QTest::mouseClick(pages[0]->edit, Qt::LeftButton);
+        EXPECT_EQ(window->StatusBar1->currentMessage(), "done");
+        EXPECT_EQ(hint(), "Close");
+    }
 }
 
 TEST_F(Notebook, AnEditIsLeftBeforeItsPageIsAsked) {

@@ -1,6 +1,7 @@
 #include "forms/QtDialogs.h"
 
 #include "forms/Hourglass.h"
+#include "forms/Places.h"
 
 #include <functional>
 
@@ -24,6 +25,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
+#include <QUrl>
 #include <gmock/gmock.h>
 
 namespace {
@@ -358,6 +360,27 @@ INSTANTIATE_TEST_SUITE_P(Table, SaveDialogOffer,
                                          TOffer{"FolderAbove", "A.BIN", ".BIN", ""},
                                          TOffer{"FolderThatHasGone", "gone/A.BIN", ".BIN", ""}),
                          [](const auto &offer) { return std::string(offer.param.name); });
+
+TEST_F(QtDialogs, FileDialogsOfferThePlacesAtTheirSideAndKeepNoneOfThem) {
+    const QString recent = Folder("recent");
+    RememberFolder(recent);
+    QDir::setCurrent(Folder("here"));
+    QList<QUrl> own;
+    for (const QString &place : Places())
+        own << QUrl::fromLocalFile(place);
+    ASSERT_GE(own.size(), 2);
+    const QList<QUrl> before = QFileDialog().sidebarUrls();
+    const auto look = [&](QFileDialog &dialog) {
+        EXPECT_EQ(dialog.sidebarUrls(), before + own);
+        dialog.reject();
+    };
+    WhenOpen<QFileDialog>(look);
+    dialogs.OpenFile("ROM Image (*.BIN)|*.BIN", folder.path());
+    TSaveDialog save(nullptr, "SaveDialog1");
+    WhenOpen<QFileDialog>(look);
+    dialogs.RunSaveDialog(save);
+    EXPECT_EQ(QFileDialog().sidebarUrls(), before);
+}
 
 TEST_F(QtDialogs, ACancelledSaveDialogKeepsTheName) {
     QObject page;
