@@ -141,6 +141,33 @@ TEST_F(TROMImageTest, AFailedSaveKeepsTheModifiedFlag) {
     }
 }
 
+TEST_F(TROMImageTest, CountsTheBytesThatAreNotInTheFile) {
+    Image().Poke(0, 9);
+    EXPECT_EQ(Image().BytesNotInFile(), 0U) << "there is no file";
+    Image().LoadFromFile(FileOf(16, 5));
+    EXPECT_EQ(Image().BytesNotInFile(), 0U);
+    for (const int offset : {0, 7, 15, 16})
+        Image().Poke(offset, 6);
+    EXPECT_EQ(Image().BytesNotInFile(), 3U) << "the last one lies behind the file";
+    Image().Poke(7, 5);
+    EXPECT_EQ(Image().BytesNotInFile(), 2U);
+    EXPECT_THROW(Image().LoadFromFile(folder / "gone"), EFileError);
+    EXPECT_THROW(Image().SaveToFile(folder / "gone" / "rom.bin"), EFileError);
+    EXPECT_EQ(Image().BytesNotInFile(), 2U);
+    Image().SaveToFile(folder / "saved.bin");
+    EXPECT_EQ(Image().BytesNotInFile(), 0U);
+    Image().Poke(0, 7);
+    EXPECT_EQ(Image().BytesNotInFile(), 1U) << "of the saved one";
+    Image().LoadFromFile(FileOf(8, 1));
+    EXPECT_EQ(Image().BytesNotInFile(), 0U);
+}
+
+TEST_F(TROMImageTest, KnowsWhichBytesGoIntoFiles) {
+    Image().size = 16;
+    for (const auto &[offset, inFile] : {std::pair(-1, false), {0, true}, {15, true}, {16, false}})
+        EXPECT_EQ(Image().IsInFile(offset), inFile) << offset;
+}
+
 TEST_F(TROMImageTest, PeeksAndPokesOnlyInsideTheBuffer) {
     constexpr std::int64_t far = std::numeric_limits<std::int64_t>::max();
     Image().data.fill(0x5A);
