@@ -41,7 +41,12 @@ std::vector<const QWidget *> TCommandMenu::Panes() const {
 void TCommandMenu::Open() {
     Fill();
     menu->popup(mapToGlobal(QPoint(width(), height())) - QPoint(menu->sizeHint().width(), 0));
-    menu->setActiveAction(menu->actions().value(0));
+    const QList<QAction *> commands = menu->actions();
+    const auto first = std::find_if(commands.begin(), commands.end(), [](const QAction *command) {
+        return command->isEnabled() && !command->isSeparator();
+    });
+    if (first != commands.end())
+        menu->setActiveAction(*first);
 }
 
 /// Anew each time, since pages come and go.

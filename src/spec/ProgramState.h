@@ -31,13 +31,13 @@ bool RevLimiterIsUnsaved(const TFuelMapSet &maps);
 
 struct TProgramState {
     bool loaded = false; ///< without an image nothing else counts
-    std::vector<TUncommitted> edited;
+    std::vector<TUncommitted> edited = {};
     std::size_t unsavedBytes = 0; ///< of the image in memory that differ from its file
     bool unsavedRevLimiter = false;
-    TUncommittedCells cells;
+    TUncommittedCells cells = {};
     TMappingType mapping = TMappingType::None;
-    std::string spec;      ///< name of the spec file in force, without its folder
-    std::string elsewhere; ///< the spec's folder, where that is not the image's
+    std::string spec = {};      ///< name of the spec file in force, without its folder
+    std::string elsewhere = {}; ///< the spec's folder, where that is not the image's
 };
 
 /// One piece of the state.

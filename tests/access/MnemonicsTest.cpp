@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMenu>
 #include <QShortcut>
 
 namespace {
@@ -82,11 +83,87 @@ TEST_F(TKeysOfTheProgram, NoShortcutIsSetTwice) {
     std::map<QString, int> keys;
     for (const QShortcut *shortcut : window.findChildren<QShortcut *>())
         ++keys[shortcut->key().toString()];
-    EXPECT_EQ(keys, (std::map<QString, int>{{"F1", 1},
-                                            {"F6", 1},
+    EXPECT_EQ(keys, (std::map<QString, int>{{"F6", 1},
+                                            {"F10", 1},
+                                            {"Alt+M", 1},
                                             {"Ctrl+Tab", 1},
                                             {"Ctrl+Shift+Tab", 1},
                                             {"Ctrl+PgDown", 1},
                                             {"Ctrl+PgUp", 1}}));
 }
+
+/// The commands of the menu button, on each page.
+class TCommandKeysTest : public TSceneTest, public testing::WithParamInterface<TScene> {
+protected:
+    /// Those of a menu that can be chosen; those of its submenus too, when told so.
+    static QList<QAction *> Commands(const QMenu &menu, bool deep) {
+        QList<QAction *> commands;
+        for (QAction *action : menu.actions()) {
+            if (!action->isSeparator())
+                commands << action;
+            if (action->menu() && deep)
+                commands << Commands(*action->menu(), deep);
+        }
+        return commands;
+    }
+    /// No letter stands for two commands of a menu, and no command is without one.
+    static void ExpectLetters(const QMenu &menu) {
+        std::map<QString, QStringList> letters;
+        for (const QAction *command : Commands(menu, false)) {
+            letters[QKeySequence::mnemonic(command->text()).toString()] << command->text();
+            if (command->menu())
+                ExpectLetters(*command->menu());
+        }
+        for (const auto &[letter, commands] : letters)
+            EXPECT_EQ(commands.size(), letter.isEmpty() ? 0 : 1)
+                << letter.toStdString() << ": " << commands.join(", ").toStdString();
+    }
+    QMenu &OpenMenu() {
+        Open(GetParam());
+        Press(Qt::Key_F10);
+        auto &menu = FindControl<QMenu>(window, "mnuCommands");
+        EXPECT_TRUE(menu.isVisible());
+        return menu;
+    }
+};
+
+TEST_P(TCommandKeysTest, EachHasALetterOfItsOwn) {
+    QMenu &menu = OpenMenu();
+    ExpectLetters(menu);
+    menu.close();
+}
+
+TEST_P(TCommandKeysTest, EachKeyStandsForOneThing) {
+    QMenu &menu = OpenMenu();
+    std::map<QString, QStringList> keys;
+    for (const QAction *command : Commands(menu, true))
+        for (const QKeySequence &key : command->shortcuts())
+            keys[key.toString()] << command->text();
+    for (const QShortcut *shortcut : window.findChildren<QShortcut *>())
+        keys[shortcut->key().toString()] << "a shortcut";
+    EXPECT_GE(keys.size(), 10U);
+    for (const auto &[key, uses] : keys)
+        EXPECT_EQ(uses.size(), 1) << key.toStdString() << ": " << uses.join(", ").toStdString();
+    menu.close();
+}
+
+TEST_P(TCommandKeysTest, TheArrowsAndEnterOfTheMenuAreEnough) {
+    QMenu &menu = OpenMenu();
+    const auto count = Commands(menu, false).size();
+    QStringList visited;
+    for (int i = 0; i < count; ++i) {
+        ASSERT_TRUE(menu.activeAction());
+        visited << menu.activeAction()->text();
+        QTest::keyClick(&menu, Qt::Key_Down);
+    }
+    EXPECT_TRUE(visited.contains("&About"));
+    QTest::keyClick(&menu, Qt::Key_Escape);
+    EXPECT_FALSE(menu.isVisible());
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenes, TCommandKeysTest,
+                         testing::Values(TScene::FreshROM, TScene::ROM, TScene::Fuel,
+                                         TScene::Timing, TScene::FuelChart, TScene::Contents,
+                                         TScene::AddedPage),
+                         [](const auto &scene) { return SceneName(scene.param); });
 } // namespace

@@ -140,8 +140,10 @@ const TTold controls[] = {
     {TScene::ROM, "grpLoadROM", QAccessible::Grouping, "ROM Information", ""},
     {TScene::ROM, "btnLoad", QAccessible::PushButton, "Load ROM Image",
      "Load a new ROM Image into the program"},
-    {TScene::ROM, "btnOffsetEntry", QAccessible::PushButton, "Manual Offsets", ""},
-    {TScene::ROM, "rdoROMtemplate", QAccessible::Grouping, "Select Mapping Specification", ""},
+    {TScene::ROM, "btnOffsetEntry", QAccessible::PushButton, "Manual Offsets",
+     "Open the offset dialog again; its OK reads the image anew"},
+    {TScene::ROM, "rdoROMtemplate", QAccessible::Grouping, "Select Mapping Specification",
+     "Say where the maps are: by a spec file of the image's folder, or by hand"},
     {TScene::ROM, "rdoROMtemplate0", QAccessible::RadioButton, "Direct", ""},
     {TScene::Fuel, "Panel1", QAccessible::Grouping, "Partial Throttle Lambda Trim Map", ""},
     {TScene::Fuel, "grdPTMap", QAccessible::Table, "Partial Throttle Lambda Trim Map", menuHint},
@@ -153,10 +155,12 @@ const TTold controls[] = {
      "Writes the edits of \"Partial Throttle Lambda Trim Map\" into the image"},
     {TScene::Fuel, "btnResetFT", QAccessible::PushButton, "Reset",
      "Drops the edits of \"Full Throttle Lambda Trim Map\""},
-    {TScene::Fuel, "spnRevLimiter", QAccessible::SpinBox, "Max RPM", ""},
+    {TScene::Fuel, "spnRevLimiter", QAccessible::SpinBox, "Max RPM",
+     "The engine speed of the rev limiter, in steps of 40 rpm"},
     {TScene::Fuel, "btnSaverev", QAccessible::PushButton, "Commit",
      "Of the rev limiter and of the part throttle map"},
-    {TScene::Fuel, "chkInterpret", QAccessible::CheckBox, "Interpret Byte Values", ""},
+    {TScene::Fuel, "chkInterpret", QAccessible::CheckBox, "Interpret Byte Values",
+     "Show lambda trims or degrees in place of the stored bytes"},
     {TScene::Timing, "grdFTMap", QAccessible::Table, "Full Throttle Ign Timing Map", menuHint},
     {TScene::Timing, "chtFTMap", QAccessible::Chart, "Full Throttle Ign Timing Map",
      "1 series of up to 4 points, values from 1 to 4"},
@@ -170,16 +174,16 @@ const TTold controls[] = {
      "The whole image with its marks: a click or the arrow keys go there"},
     {TScene::Contents, "PopupMenu1", QAccessible::PopupMenu, "File Contents", ""},
     {TScene::AddedPage, "frmFuelMaps_4000", QAccessible::PropertyPage, "map at $4000", ""},
-    {TScene::Tools, "rdoDataset", QAccessible::Grouping, "Data Set", ""},
-    {TScene::Tools, "edtVal", QAccessible::EditableText, "Amount", ""},
+    {TScene::Tools, "rdoDataset", QAccessible::Grouping, "Data Set", "The map that is changed"},
+    {TScene::Tools, "edtVal", QAccessible::EditableText, "Amount", "The amount, a whole number"},
     {TScene::QuickChart, "chtMap", QAccessible::Chart, "Map Offset: $1000",
      "3 series of up to 4 points, values from 1 to 12"},
-    {TScene::QuickChart, "edtOffset", QAccessible::EditableText, "Offset", ""},
+    {TScene::QuickChart, "edtOffset", QAccessible::EditableText, "Offset", "Where the map begins"},
     {TScene::Offsets, "edtDataOffset", QAccessible::EditableText,
      "Main Data Offset (try $0 or $100)", hexHint},
     {TScene::Offsets, "edtTimingFTMapOffset", QAccessible::EditableText, "Timing WOT Offset",
      hexHint},
-    {TScene::Offsets, "btnOK", QAccessible::PushButton, "OK", ""},
+    {TScene::Offsets, "btnOK", QAccessible::PushButton, "OK", "Take the offsets and close"},
     {TScene::Help, "Memo1", QAccessible::EditableText, "Help", ""},
 };
 
@@ -208,6 +212,22 @@ TEST_F(TOtherNamesTest, TheTabsOfTheWindow) {
         EXPECT_EQ(bar.child(i)->role(), QAccessible::PageTab);
         EXPECT_EQ(NameOf(*bar.child(i)), window.PageControl1->tabText(i));
     }
+}
+
+TEST_F(TOtherNamesTest, TheMenuAndTheStateOfTheWork) {
+    Open(TScene::Fuel);
+    QAccessibleInterface &menu = InterfaceOf(FindControl<QWidget>(window, "btnMenu"));
+    EXPECT_EQ(menu.role(), QAccessible::PushButton);
+    EXPECT_EQ(NameOf(menu), "Menu");
+    EXPECT_EQ(NameOf(InterfaceOf(FindControl<QMenu>(window, "mnuCommands"))), "Menu");
+    QAccessibleInterface &state = InterfaceOf(FindControl<QWidget>(window, "btnState"));
+    EXPECT_EQ(state.role(), QAccessible::PushButton);
+    EXPECT_EQ(NameOf(state), "State: spec DIRECT.SPC");
+    EXPECT_EQ(state.text(QAccessible::Description),
+              "Nothing is edited, and all is in the file; Spec file in force: DIRECT.SPC");
+    auto &list = FindControl<QMenu>(window, "mnuState");
+    EXPECT_EQ(NameOf(InterfaceOf(list)), "State");
+    EXPECT_EQ(NameOf(*InterfaceOf(list).child(1)), "Spec file in force: DIRECT.SPC");
 }
 
 TEST_F(TOtherNamesTest, TheHintInTheStatusBarIsTold) {
