@@ -141,9 +141,10 @@ void TfrmNotebook::StateChanged() {
 }
 
 void TfrmNotebook::ShowAbout() {
-    Dialogs().ShowMessage(tr("Ferrolyn %1\nEditor and analyser for engine control unit ROM images\n"
-                             "Licence: MIT\nCopyright 2026 the Ferrolyn authors")
-                              .arg(QCoreApplication::applicationVersion()));
+    const QStringList lines{tr("Ferrolyn %1").arg(QCoreApplication::applicationVersion()),
+                            tr("Editor and analyser for engine control unit ROM images"),
+                            tr("Licence: MIT"), tr("Copyright 2026 the Ferrolyn authors")};
+    Dialogs().ShowMessage(lines.join('\n'));
 }
 
 void TfrmNotebook::dragEnterEvent(QDragEnterEvent *event) {

@@ -16,6 +16,7 @@
 #include <QFileInfo>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextBlock>
 #include <QTimer>
 #include <gmock/gmock.h>
 
@@ -54,12 +55,32 @@ protected:
 };
 } // namespace
 
-TEST_F(HelpLookup, F1OnEachPageOpensTheGuide) {
+TEST_F(HelpLookup, F1OnEachPageOpensTheGuideAtThePagesChapter) {
     window.show();
     window.setWindowState(Qt::WindowNoState); // it comes up minimised
+    const char *const chapters[] = {"5  ROM INFORMATION",
+                                    "8  FUEL MAPS AND TIMING MAPS",
+                                    "8  FUEL MAPS AND TIMING MAPS",
+                                    "10  GRAPHICAL FUEL MAPS AND GRAPHICAL TIMING MAPS",
+                                    "10  GRAPHICAL FUEL MAPS AND GRAPHICAL TIMING MAPS",
+                                    "11  FILE CONTENTS"};
     for (int page = 0; page < window.PageCount(); ++page) {
         window.PageControl1->SelectByUser(page);
         QApplication::setActiveWindow(&window);
+        QTest::keyClick(&window, Qt::Key_F1);
+        const auto *help = window.findChild<TfrmHelp *>();
+        ASSERT_TRUE(help) << page;
+        EXPECT_TRUE(help->isVisible());
+        EXPECT_FALSE(help->isModal());
+        EXPECT_EQ((help->Memo1->toPlainText() + '\n').toStdString(),
+                  SourceOf("readme.txt").toStdString());
+        EXPECT_EQ(help->Memo1->cursorForPosition({2, 2}).block().text(), chapters[page]);
+    }
+    EXPECT_EQ(dialogs.messages, QStringList());
+}
+
+TEST_F(HelpLookup, TheHelpButtonOfAPageOpensTheGuideModally) {
+    for (int page = 0; page < window.PageCount(); ++page) {
         QString shown;
         QTimer::singleShot(0, &window, [&] {
             auto *help = qobject_cast<TfrmHelp *>(QApplication::activeModalWidget());
@@ -67,10 +88,9 @@ TEST_F(HelpLookup, F1OnEachPageOpensTheGuide) {
             shown = help->Memo1->toPlainText();
             help->reject();
         });
-        QTest::keyClick(&window, Qt::Key_F1);
+        window.GetPage(page)->btnHelp->click();
         EXPECT_EQ((shown + '\n').toStdString(), SourceOf("readme.txt").toStdString()) << page;
     }
-    EXPECT_EQ(dialogs.messages, QStringList());
 }
 
 TEST_F(HelpLookup, F1InOffsetEntryOpensItsText) {
