@@ -110,6 +110,8 @@ TEST_F(TStatedMenus, KeysOfTheWindowAreStillThere) {
     QStringList keys;
     for (const QShortcut *shortcut : window.findChildren<QShortcut *>())
         keys << shortcut->key().toString();
+    for (const QAction *command : window.actions())
+        keys << QKeySequence::listToString(command->shortcuts());
     for (const char *key : {"F1", "F6", "Ctrl+Tab", "Ctrl+Shift+Tab", "Ctrl+PgDown", "Ctrl+PgUp"})
         EXPECT_EQ(keys.count(key), 1) << key;
 }

@@ -62,7 +62,9 @@ step "using the installed program"
 drive ferrolyn /usr/share/ferrolyn/samples /usr/lib/ferrolyn
 expect_files "$scratch/installed" "using the program changed the system's folders"
 step "looking what it left in the user's home"
-(cd /home/tester && find . -type f ! -path './.cache/*' -printf '%P\n') | diff - <(echo .config/QtProject.conf) # the file dialog's folders
+# The folders of the loaded images, and the file dialog's.
+(cd /home/tester && find . -type f ! -path './.cache/*' -printf '%P\n' | LC_ALL=C sort) |
+    diff - <(printf '%s\n' .config/Ferrolyn/Ferrolyn.ini .config/QtProject.conf)
 
 step "removing the package but not what it needs"
 quietly apt-get purge -y ferrolyn
