@@ -1,0 +1,64 @@
+#include "maps/StoredValue.h"
+
+#include "model/Messages.h"
+#include "model/Numbers.h"
+#include "model/ROMImage.h"
+#include "system/Texts.h"
+
+#include <exception>
+#include <memory>
+
+namespace {
+/// A copy that took the number; none where that is refused.
+std::unique_ptr<TVal> Taken(const TVal &value, double number) {
+    std::unique_ptr<TVal> copy = value.CreateCopy();
+    bool refused = false;
+    // A refusal in words belongs to "Commit", which makes it.
+    const TMessageHook hook = SetMessageHook([&](const std::string &) { refused = true; });
+    try {
+        copy->SetValue(number);
+    } catch (const std::exception &) {
+        refused = true;
+    }
+    SetMessageHook(hook);
+    return refused ? nullptr : std::move(copy);
+}
+
+struct TWords {
+    std::string before;
+    std::string after;
+};
+
+std::string Words(TNoteTime time, const TWords &words, const std::string &text,
+                  const std::string &shown = {}) {
+    return Filled(time == TNoteTime::Before ? words.before : words.after, {text, shown});
+}
+} // namespace
+
+std::string StoredNote(const TMap &map, int column, int row, const std::string &text,
+                       TNoteTime time) {
+    const TVal *value = map.data->values->GetItem(column - 1, row - 1);
+    const std::optional<double> number = TryParseReal(text);
+    if (!value || !number)
+        return {};
+    const std::unique_ptr<TVal> taken = Taken(*value, *number);
+    if (!taken)
+        return Words(time,
+                     {Translated("StoredValue", "%1 cannot be stored: the old byte stays"),
+                      Translated("StoredValue", "%1 could not be stored: the old byte stays")},
+                     text);
+    const bool fits = taken->raw == LowByte(taken->raw);
+    taken->raw = LowByte(taken->raw);
+    const std::string shown = FormatReal(map.GetCellFormat(), taken->GetValue());
+    if (!fits)
+        return Words(time,
+                     {Translated("StoredValue", "%1 does not fit a byte: %2 will be stored"),
+                      Translated("StoredValue", "%1 does not fit a byte: %2 was stored")},
+                     text, shown);
+    if (taken->GetValue() == *number || TryParseReal(shown) == number)
+        return {};
+    return Words(time,
+                 {Translated("StoredValue", "%1 will be stored as %2"),
+                  Translated("StoredValue", "%1 was stored as %2")},
+                 text, shown);
+}
