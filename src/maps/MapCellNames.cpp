@@ -4,8 +4,7 @@
 
 #include <QCoreApplication>
 
-namespace {
-QString PlaceOf(const TStringAlignGrid &grid, int column, int row) {
+QString MapCellPlace(const TStringAlignGrid &grid, int column, int row) {
     if (column == 0 && row == 0)
         return QCoreApplication::translate("MapCellNames", "Corner");
     if (row == 0)
@@ -15,7 +14,6 @@ QString PlaceOf(const TStringAlignGrid &grid, int column, int row) {
     return QCoreApplication::translate("MapCellNames", "%1 RPM, %2")
         .arg(grid.Cell(column, 0), grid.Cell(0, row));
 }
-} // namespace
 
 QString MarkMeaning(TColor fontColor) {
     switch (fontColor) {
@@ -32,7 +30,7 @@ QString MarkMeaning(TColor fontColor) {
 
 void NameMapCells(TStringAlignGrid &grid) {
     grid.OnCellPlace = [&grid](int column, int row, QString &place) {
-        place = PlaceOf(grid, column, row);
+        place = MapCellPlace(grid, column, row);
     };
     grid.OnCellMeaning = [&grid](int column, int row, QString &meaning) {
         meaning = MarkMeaning(grid.FontColor(column, row));

@@ -11,5 +11,8 @@ class TStringAlignGrid;
 /// What the colour of a text on a map page means; an empty text for one without a mark.
 QString MarkMeaning(TColor fontColor);
 
+/// Where a cell of a map page's grid is, such as "2400 RPM, 20%".
+QString MapCellPlace(const TStringAlignGrid &grid, int column, int row);
+
 /// Names the cells of a map page's grid, its axes' cells too.
 void NameMapCells(TStringAlignGrid &grid);

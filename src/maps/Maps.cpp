@@ -99,6 +99,7 @@ void TfrmMaps::ConnectPanel(TMapPanel &row) {
             {&T::edtPTOffsetExit, &T::edtIdOffsetExit, &T::edtFTOffsetExit});
     ConnectGuarded(row.offset, &TOffsetEdit::DoubleClicked, this,
                    [this, box = row.offset] { edtOffsetDblClick(*box); });
+    TellNotes(row);
 }
 
 bool &TfrmMaps::Changed(TMapKind kind) {
@@ -195,11 +196,13 @@ void TfrmMaps::Commit(TMapKind kind) {
     row.grid->CloseEditor();
     history.RunOnImage(tr("Commit"), [&] {
         if (Changed(kind)) {
+            const QString notes = StoredNotes(kind, EditedCells(kind), TNoteTime::After);
             try {
                 Map(kind).ReadGrid(row.gridView);
                 Map(kind).Save();
                 Changed(kind) = false;
                 DataChanged = true;
+                Say(notes);
             } catch (const std::exception &) {
                 Dialogs().ShowMessage(tr("Error saving new data"));
             }

@@ -7,6 +7,7 @@
 #include "forms/TEmbedFm.h"
 #include "maps/MapHistory.h"
 #include "maps/MapPageControls.h"
+#include "maps/StoredValue.h"
 #include "model/Workspace.h"
 
 #include <memory>
@@ -93,13 +94,20 @@ public:
     void Paste3Click() { PasteMap(TMapKind::WOT); }
 
     /// The map whose grid has the keyboard, or had it last.
-    TMapKind CurrentKind() const { return currentKind_; }
+    TMapKind CurrentKind() const { return only_.value_or(currentKind_); }
+    /// Whether the page shows its grids: without them there are no commands for cells.
+    virtual bool ShowsGrids() const { return true; }
     /// Undo and redo of what is done on the page since it was shown.
     TMapHistory history{*this};
     /// Enters texts that are numbers as if each were typed, but as one step, drawing once.
+    /// The bottom line says what fits no byte, as after each edit.
     void EnterTexts(TMapKind kind, const std::vector<TCellText> &texts, const QString &step);
     /// Accepts and closes the open edit of a cell, if there is one.
     void CloseEditors();
+    /// What the bottom line says of these cells: the StoredNote of the first that has one, and how
+    /// many more have; empty when none has.
+    QString StoredNotes(TMapKind kind, const std::vector<TGridCell> &cells,
+                        TNoteTime time = TNoteTime::Before);
     /// Colours the cells by their values, or no longer, as the user has chosen.
     void ShowShades();
     /// The page as it stands; shares with `last` what has not changed since then.
@@ -155,6 +163,10 @@ private:
     void MarkEdited(TMapKind kind, int column, int row);
     void OffsetExit(TMapKind kind);
     void UnlockAxis(TMapKind kind);
+    QString CellNote(TMapKind kind, int column, int row, TNoteTime time = TNoteTime::Before);
+    std::vector<TGridCell> EditedCells(TMapKind kind);
+    /// Lets a grid's cells tell their notes by tool tip and to screen readers.
+    void TellNotes(TMapPanel &row);
 
     std::unique_ptr<TMapPageControls> controls_; ///< for Controls() and Prepare() alone
     TMapKind currentKind_ = TMapKind::PT;

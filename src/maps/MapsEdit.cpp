@@ -29,6 +29,7 @@ void TfrmMaps::AfterEdit(TMapKind kind, int column, int row) {
         MarkEdited(kind, column, row);
         RedrawMapChart(kind);
     });
+    Say(StoredNotes(kind, {{column, row}}));
 }
 
 void TfrmMaps::MarkEdited(TMapKind kind, int column, int row) {
@@ -41,14 +42,17 @@ void TfrmMaps::MarkEdited(TMapKind kind, int column, int row) {
 void TfrmMaps::EnterTexts(TMapKind kind, const std::vector<TCellText> &texts, const QString &step) {
     TStringAlignGrid &grid = *Panel(kind).grid;
     grid.CloseEditor();
+    std::vector<TGridCell> entered;
     history.Run(step, [&] {
         const TGridUpdate update(grid);
         for (const TCellText &cell : texts) {
             grid.SetCell(cell.column, cell.row, cell.text);
             MarkEdited(kind, cell.column, cell.row);
+            entered.push_back({cell.column, cell.row});
         }
         RedrawMapChart(kind);
     });
+    Say(StoredNotes(kind, entered));
 }
 
 TMapPageState TfrmMaps::State(const TMapPageState &last) {

@@ -26,6 +26,7 @@ public:
 
     /// Takes the page's keys before its controls see them.
     bool eventFilter(QObject *watched, QEvent *event) override;
+    bool ShowsGrids() const override { return false; }
 
 protected:
     void MakeControls() override;

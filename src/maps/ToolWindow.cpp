@@ -6,6 +6,7 @@
 #include "forms/Hint.h"
 #include "forms/OtherWindows.h"
 #include "forms/PlainScroll.h"
+#include "maps/MapSelection.h"
 #include "maps/Maps.h"
 #include "model/Numbers.h"
 
@@ -190,17 +191,18 @@ void TfrmToolWindow::btnExecClick() {
     const TMapKind kind{DataSet};
     TStringAlignGrid &grid = *page_.Panel(kind).grid;
     grid.CloseEditor();
+    const TCellRange cells = CellsToAdjust(kind, TAdjustRange{Range},
+                                           {.columns = grid.ColCount(),
+                                            .rows = grid.RowCount(),
+                                            .currentColumn = grid.Col(),
+                                            .currentRow = grid.Row()});
     page_.history.Run(tr("adjustment"), [&] {
         // The map counts as changed before any cell is touched, and even when none changes. This is
         // intended: see docs/peculiarities.md.
         page_.Changed(kind) = true;
-        const TCellRange cells = CellsToAdjust(kind, TAdjustRange{Range},
-                                               {.columns = grid.ColCount(),
-                                                .rows = grid.RowCount(),
-                                                .currentColumn = grid.Col(),
-                                                .currentRow = grid.Row()});
         AdjustCells(page_.Panel(kind).gridView, cells, {Sign, Scale == 1, Amount},
                     page_.Map(kind).GetCellFormat());
         page_.RedrawMapChart(kind);
     });
+    page_.Say(page_.StoredNotes(kind, CellsIn(cells)));
 }
