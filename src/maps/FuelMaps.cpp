@@ -60,7 +60,13 @@ void TfrmFuelMaps::TakeRevLimiter() {
 
 void TfrmFuelMaps::SetRevChanged(bool changed) {
     RevChanged = changed;
-    RevBox().setAccessibleDescription(changed ? MarkMeaning(clBlue) : QString());
+    RevBox().setAccessibleDescription(
+        WithNote(changed ? MarkMeaning(clBlue) : QString(), RevNote()));
+}
+
+QString TfrmFuelMaps::RevNote() {
+    const std::string text = RevBox().cleanText().toStdString();
+    return QString::fromStdString(StoredNote(FuelMapSet->revLimiter, "####0", text));
 }
 
 void TfrmFuelMaps::CommitAll() {
@@ -79,6 +85,7 @@ void TfrmFuelMaps::spnRevLimiterChange() {
         SetRevChanged(true);
     };
     history.Run(RevBox().label->text(), change, withTheDigitsBefore);
+    Say(RevNote());
 }
 
 void TfrmFuelMaps::btnSavePTClick() {

@@ -38,6 +38,8 @@ private:
     void TakeRevLimiter();
     /// Sets RevChanged and tells screen readers of it.
     void SetRevChanged(bool changed);
+    /// The StoredNote of what the box shows.
+    QString RevNote();
 
     /// The rev limiter's box; makes the page's controls unless they are made.
     TRevLimiterBox &RevBox();

@@ -28,6 +28,10 @@ QString MarkMeaning(TColor fontColor) {
     }
 }
 
+QString WithNote(const QString &mark, const QString &note) {
+    return mark.isEmpty() || note.isEmpty() ? mark + note : mark + "; " + note;
+}
+
 void NameMapCells(TStringAlignGrid &grid) {
     grid.OnCellPlace = [&grid](int column, int row, QString &place) {
         place = MapCellPlace(grid, column, row);

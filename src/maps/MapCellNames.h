@@ -11,6 +11,9 @@ class TStringAlignGrid;
 /// What the colour of a text on a map page means; an empty text for one without a mark.
 QString MarkMeaning(TColor fontColor);
 
+/// What screen readers are told of a mark and of what becomes of a number; either may be empty.
+QString WithNote(const QString &mark, const QString &note);
+
 /// Where a cell of a map page's grid is, such as "2400 RPM, 20%".
 QString MapCellPlace(const TStringAlignGrid &grid, int column, int row);
 

@@ -48,8 +48,6 @@ void TfrmMaps::TellNotes(TMapPanel &row) {
     row.grid->OnCellMeaning = [this, kind, mark = row.grid->OnCellMeaning](int column, int gridRow,
                                                                            QString &meaning) {
         mark(column, gridRow, meaning);
-        const QString note = CellNote(kind, column, gridRow);
-        if (!note.isEmpty())
-            meaning += (meaning.isEmpty() ? "" : "; ") + note;
+        meaning = WithNote(meaning, CellNote(kind, column, gridRow));
     };
 }

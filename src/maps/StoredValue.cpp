@@ -35,13 +35,12 @@ std::string Words(TNoteTime time, const TWords &words, const std::string &text,
 }
 } // namespace
 
-std::string StoredNote(const TMap &map, int column, int row, const std::string &text,
+std::string StoredNote(const TVal &value, const std::string &picture, const std::string &text,
                        TNoteTime time) {
-    const TVal *value = map.data->values->GetItem(column - 1, row - 1);
     const std::optional<double> number = TryParseReal(text);
-    if (!value || !number)
+    if (!number)
         return {};
-    const std::unique_ptr<TVal> taken = Taken(*value, *number);
+    const std::unique_ptr<TVal> taken = Taken(value, *number);
     if (!taken)
         return Words(time,
                      {Translated("StoredValue", "%1 cannot be stored: the old byte stays"),
@@ -49,7 +48,7 @@ std::string StoredNote(const TMap &map, int column, int row, const std::string &
                      text);
     const bool fits = taken->raw == LowByte(taken->raw);
     taken->raw = LowByte(taken->raw);
-    const std::string shown = FormatReal(map.GetCellFormat(), taken->GetValue());
+    const std::string shown = FormatReal(picture, taken->GetValue());
     if (!fits)
         return Words(time,
                      {Translated("StoredValue", "%1 does not fit a byte: %2 will be stored"),
@@ -61,4 +60,10 @@ std::string StoredNote(const TMap &map, int column, int row, const std::string &
                  {Translated("StoredValue", "%1 will be stored as %2"),
                   Translated("StoredValue", "%1 was stored as %2")},
                  text, shown);
+}
+
+std::string StoredNote(const TMap &map, int column, int row, const std::string &text,
+                       TNoteTime time) {
+    const TVal *value = map.data->values->GetItem(column - 1, row - 1);
+    return value ? StoredNote(*value, map.GetCellFormat(), text, time) : std::string();
 }

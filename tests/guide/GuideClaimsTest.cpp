@@ -111,13 +111,12 @@ TEST_F(GuideClaims, WrappedRevLimiterShowsInTheSavedImageOnly) {
     EXPECT_EQ(Image().Peek(revLimiter), 1) << "40 rpm";
 }
 
-TEST_F(GuideClaims, CtrlCCopiesWhatTheGridOrTheBoxHas) {
-    ExpectSaid("Ctrl+C copies: of a map's grid the current cell, of \"File Contents\" the selected "
-               "cells, of a box the selected text");
+TEST_F(GuideClaims, CtrlCCopiesWhatTheGridOrTheBoxHasSelected) {
+    ExpectSaid("Ctrl+C copies: of a grid the selected cells, of a box the selected text");
     QApplication::setActiveWindow(&window);
     QClipboard &clipboard = *QApplication::clipboard();
     for (const auto &[tab, name, copied] :
-         {std::tuple{fuelTab, "grdPTMap", "the current one"},
+         {std::tuple{fuelTab, "grdPTMap", "1\t4\n2\tthe current one"},
           {contentsTab, "grdFile", "17\t0\n0\tthe current one\n"}}) {
         window.PageControl1->SelectByUser(tab);
         auto &grid = On<TStringAlignGrid>(tab, name);
@@ -125,6 +124,7 @@ TEST_F(GuideClaims, CtrlCCopiesWhatTheGridOrTheBoxHas) {
         grid.SetSelection({1, 1, 2, 2});
         grid.SetCell(2, 2, "the current one");
         clipboard.clear();
+        grid.setFocus();
         QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
         EXPECT_EQ(clipboard.text(), copied) << name;
     }

@@ -28,7 +28,8 @@ protected:
             AddPage(std::make_unique<Page>(nullptr, workspace, workspace.fuelMapSet));
         else
             AddPage(std::make_unique<Page>(nullptr, workspace, workspace.timingMapSet));
-        window.resize(1200, 900);
+        window.setGeometry(50, 50, 1200, 900);
+        QCursor::setPos(0, 0); // beside the window: no control gives its hint
         window.show();
         QApplication::setActiveWindow(&window);
         QTest::qWait(0);

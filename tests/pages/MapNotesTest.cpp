@@ -1,6 +1,7 @@
 // What a map page says of numbers that a byte will not show again: in the bottom line, by tool tip
 // and to screen readers. What is stored stays as it always was.
 #include "maps/MapClipboard.h"
+#include "maps/RevLimiterBox.h"
 #include "maps/ToolWindow.h"
 #include "pages/MapCellsFixture.h"
 
@@ -159,5 +160,20 @@ TEST_F(TMapNotesTest, UnlockedHeadersSayNothing) {
     Enter(2, 0, "12000");
     EXPECT_EQ(Said(), "");
     EXPECT_EQ(Meaning(2, 0), "edited, waiting for Commit");
+}
+
+TEST_F(TMapNotesTest, TheRevLimiterSaysIt) {
+    auto &limiter = Find<TRevLimiterBox>("spnRevLimiter");
+    limiter.setValue(10280);
+    constexpr auto note = "10280 does not fit a byte: 40 will be stored";
+    EXPECT_EQ(Said(), note);
+    EXPECT_EQ(limiter.accessibleDescription(), QString("edited, waiting for Commit; ") + note);
+    Click("btnSaverev");
+    EXPECT_EQ(limiter.accessibleDescription(), note);
+    limiter.setValue(6510);
+    EXPECT_EQ(Said(), "6510 will be stored as 6520");
+    limiter.setValue(6520);
+    EXPECT_EQ(Said(), "");
+    EXPECT_EQ(limiter.accessibleDescription(), "edited, waiting for Commit");
 }
 } // namespace
