@@ -7,6 +7,7 @@
 #include "Start.h"
 #include "forms/Aligrid.h"
 #include "maps/FuelMaps.h"
+#include "maps/MapClipboard.h"
 #include "maps/ToolWindow.h"
 #include "model/ROMTypes.h"
 
@@ -18,6 +19,7 @@
 #include <vector>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -114,6 +116,22 @@ public:
         const double commit = undo();
         return {commit, undo()};
     }
+    /// Pastes other numbers over the whole part throttle map, of which half fit no byte.
+    double Paste() {
+        std::string table;
+        ++typed_;
+        for (int row = 0; row < loadPoints; ++row)
+            for (int column = 0; column < rpmPoints; ++column)
+                table += std::to_string((typed_ + row * rpmPoints + column) % 512) +
+                         (column + 1 < rpmPoints ? '\t' : '\n');
+        QApplication::clipboard()->setText(QString::fromStdString(table));
+        page_.Panel(TMapKind::PT).grid->SetCurrent(1, 1);
+        PaintNow(window_);
+        return Time([this] {
+            PasteCells(page_);
+            PaintNow(window_);
+        });
+    }
     /// Sizes of the page's three grids.
     std::vector<QSize> GridSizes() const {
         std::vector<QSize> sizes;
@@ -203,6 +221,16 @@ void Undoing(TTable &table) {
     table.Difference("undo a block of 31 x 20, painted, ms", {Median(blocks), 0}, frame);
 }
 
+// ---- pasting -----------------------------------------------------------------------------------
+
+double Pasting() {
+    TPageBench page;
+    std::vector<double> times;
+    for (int i = 0; i < rounds; ++i)
+        times.push_back(page.Paste());
+    return Median(times);
+}
+
 // ---- starting ----------------------------------------------------------------------------------
 
 struct TStarts {
@@ -234,6 +262,7 @@ bool MeasureAll(const fs::path &image) {
     table.Ratio("show a page of 31 x 20 and 31 x 1 / empty grids, ms", ShowingAPage(), 3);
     table.Ratio("adjust a map of 31 x 20 / fill its grid, ms", Adjusting(), 2);
     Undoing(table);
+    table.Difference("paste a block of 31 x 20, painted, ms", {Pasting(), 0}, 30);
     const TStarts start = Starting(image);
     table.Ratio("start to the window shown / empty program, ms", start.milliseconds, 1.5);
     table.Difference("memory with 1 MiB loaded - empty program, MiB", start.mebibytes, 15);
