@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QShortcut>
+#include <QStyle>
 
 TCommandMenu::TCommandMenu(TfrmKelvaneNotebook &notebook)
     : QToolButton(&notebook), menu(new QMenu(this)), notebook_(notebook) {

@@ -47,7 +47,7 @@ protected:
     void Click(const QString &button) { Find<QPushButton>(button).click(); }
     void Choose(const QString &action) { Find<QAction>(action).trigger(); }
     TMap &Map(TMapKind kind = TMapKind::PT) { return page->Map(kind); }
-    QUndoStack &Steps() { return page->history.Stack(); }
+    const QUndoStack &Steps() { return page->history.Stack(); }
 
     static constexpr Qt::KeyboardModifiers ctrl = Qt::ControlModifier;
     static constexpr Qt::KeyboardModifiers ctrlShift = Qt::ControlModifier | Qt::ShiftModifier;

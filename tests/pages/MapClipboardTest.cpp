@@ -64,7 +64,7 @@ TEST_F(TMapClipboardTest, CtrlVEntersTheTableAsOneStep) {
     EXPECT_FALSE(Grid().IsEditing());
     EXPECT_EQ(Steps().count(), 1);
     EXPECT_EQ(Steps().undoText(), "Paste");
-    Steps().undo();
+    page->history.Undo();
     EXPECT_EQ(Texts().join(' '), "1 4 7 10 2 5 8 11 3 6 9 12");
     EXPECT_EQ(Edited(), QStringList());
 }

@@ -52,7 +52,7 @@ TEST_P(TCommandTest, ChangesTheSelectedCellsAsOneStep) {
     EXPECT_EQ(Steps().undoText(), GetParam().step);
     EXPECT_EQ(Steps().count(), 2);
     EXPECT_EQ(Grid().Selection(), (TGridRect{2, 1, 4, 3}));
-    Steps().undo();
+    page->history.Undo();
     EXPECT_EQ(Selected(), "4 7 10 5 80 11 6 9 12");
 }
 
