@@ -185,6 +185,22 @@ TEST_F(TOverviewTest, AClickGoesThereAndLeavesTheCellAndTheGridTheKeyboard) {
     EXPECT_TRUE(Grid().hasFocus()) << "as after a click on its scroll bar";
 }
 
+TEST_F(TOverviewTest, LeavesTheBottomLineToWhatASearchHasFound) {
+    Enter(0x10000, {{0x8000, {7}}});
+    Mark("7");
+    const std::string found = Said();
+    ASSERT_TRUE(found.starts_with("1 cell, at $8000"));
+    QTest::mouseMove(&Overview(), {5, HeightOf(0x8000)});
+    QApplication::processEvents();
+    EXPECT_EQ(Said(), found);
+    ClickAt(HeightOf(0x8000));
+    QTest::mouseMove(Grid().viewport(), {50, 50});
+    QApplication::processEvents();
+    EXPECT_EQ(Said(), found);
+    EXPECT_EQ(Overview().toolTip(),
+              "The whole image with its marks: a click or the arrow keys go there");
+}
+
 TEST_F(TOverviewTest, OnlyTheLeftButtonGoesThere) {
     Enter(0x10000);
     ClickAt(HeightOf(0x8000), Qt::RightButton);
