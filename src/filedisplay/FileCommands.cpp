@@ -17,15 +17,15 @@ void AddFileCommands(TfrmFileContents &page) {
                              const std::function<void()> &run) {
         AddCommand(page, {name, text, {keys}, run, [&page] { return !page.session.IsEmpty(); }});
     };
-    add("actGoToOffset", TFileCommands::tr("Go to &offset..."), Qt::CTRL | Qt::Key_G,
+    add("actGoToOffset", TFileCommands::tr("Go to &Offset..."), Qt::CTRL | Qt::Key_G,
         [&page] { page.walk.GoToOffset(); });
-    add("actNextMark", TFileCommands::tr("&Next mark"), Qt::Key_F3,
+    add("actNextMark", TFileCommands::tr("&Next Mark"), Qt::Key_F3,
         [&page] { page.walk.GoToMark(TWay::Forward); });
-    add("actPreviousMark", TFileCommands::tr("&Previous mark"), Qt::SHIFT | Qt::Key_F3,
+    add("actPreviousMark", TFileCommands::tr("&Previous Mark"), Qt::SHIFT | Qt::Key_F3,
         [&page] { page.walk.GoToMark(TWay::Backward); });
     AddCommandLine(page);
-    add("actCopyCells", TFileCommands::tr("&Copy cells"), Qt::CTRL | Qt::Key_C,
+    add("actCopyCells", TFileCommands::tr("&Copy Cells"), Qt::CTRL | Qt::Key_C,
         [&page] { page.CopyCells(); });
-    add("actCopyCellsWithHeaders", TFileCommands::tr("Copy cells with &headers"),
+    add("actCopyCellsWithHeaders", TFileCommands::tr("Copy Cells with &Headers"),
         Qt::CTRL | Qt::SHIFT | Qt::Key_C, [&page] { page.CopyCellsWithHeaders(); });
 }

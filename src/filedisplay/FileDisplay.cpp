@@ -6,7 +6,6 @@
 #include "filedisplay/FileMenu.h"
 #include "filedisplay/Overview.h"
 #include "filedisplay/filedisplaykey.h"
-#include "forms/AligridText.h"
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
 #include "forms/Hint.h"
@@ -232,7 +231,7 @@ void TfrmFileContents::Copy1Click() {
 }
 
 void TfrmFileContents::CopyCellsWithHeaders() {
-    QGuiApplication::clipboard()->setText(HeadedText(*grdFile_, grdFile_->Selection(), '\t'));
+    QGuiApplication::clipboard()->setText(HeadedText(*grdFile_, grdFile_->Selection()));
 }
 
 void TfrmFileContents::Print1Click() {

@@ -79,6 +79,17 @@ void FillFileGrid(TStringAlignGrid &grid, std::span<const std::uint8_t> bytes, b
     });
 }
 
+QString HeadedText(const TStringAlignGrid &grid, const TGridRect &rect) {
+    const auto line = [&](int row) {
+        return grid.Cell(0, row) + '\t' +
+               grid.RectangleText({rect.left, row, rect.right, row}, '\t');
+    };
+    QString text = line(0);
+    for (int row = rect.top; row <= rect.bottom; ++row)
+        text += line(row);
+    return text;
+}
+
 TCellColors MarksOf(TStringAlignGrid &grid) {
     return TCellColors::InGrid(grid.LendCellColors());
 }

@@ -17,6 +17,10 @@ void FillFileGrid(TStringAlignGrid &grid, std::span<const std::uint8_t> bytes, b
 /// they are, with room for the scroll bar when not all rows are visible at `visibleHeight` pixels.
 void SizeFileGrid(TStringAlignGrid &grid, int visibleHeight);
 
+/// Some cells as rows for a spreadsheet, under the headers of their columns and behind those of
+/// their rows: "\t" between the cells, "\n" after each row. `rect` holds none of the headers.
+QString HeadedText(const TStringAlignGrid &grid, const TGridRect &rect);
+
 /// The marks, to be read and written as the grid keeps them; until other bytes are shown.
 TCellColors MarksOf(TStringAlignGrid &grid);
 

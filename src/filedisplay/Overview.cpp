@@ -38,9 +38,7 @@ TOverview::TOverview(TStringAlignGrid &grid, QWidget *parent)
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Expanding);
     setAccessibleName(tr("Overview"));
-    // No hint below: what a search has found is said there while one looks for it here.
-    SetPlainToolTip(*this,
-                    tr("The whole image with its marks: a click or the arrow keys go there"));
+    SetHint(this, tr("The whole image with its marks: a click or the arrow keys go there"));
     const QScrollBar &bar = *grid.verticalScrollBar();
     connect(&bar, &QScrollBar::rangeChanged, this, &TOverview::Follow);
     connect(&bar, &QScrollBar::valueChanged, this, &TOverview::setValue);

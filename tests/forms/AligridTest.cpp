@@ -1,4 +1,3 @@
-#include "forms/AligridText.h"
 #include "forms/ShownGrid.h"
 
 #include <QApplication>
@@ -81,14 +80,6 @@ TEST_F(TShownGrid, ReadingColoursAnnouncesNothing) {
     EXPECT_EQ(grid.OwnCellColors()[5], clRed);
     QCoreApplication::processEvents();
     EXPECT_EQ(heard.All(), 0);
-}
-
-TEST_F(TShownGrid, ATextWithHeadersHasThoseOfItsCells) {
-    EXPECT_EQ(HeadedText(grid, {2, 3, 3, 4}, '\t'), "00\t20\t30\n03\t23\t33\n04\t24\t34\n");
-    EXPECT_EQ(HeadedText(grid, {1, 1, 1, 1}, ';'), "00;10\n01;11\n");
-    grid.SetFixedRows(0);
-    grid.SetFixedCols(0);
-    EXPECT_EQ(HeadedText(grid, {1, 1, 1, 1}, ';'), "00;10\n01;11\n");
 }
 
 TEST_F(TShownGrid, ColoursReadBackExactly) {

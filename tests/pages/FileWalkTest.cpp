@@ -329,8 +329,8 @@ TEST_F(TFileWalkTest, TheMenuHasItsCommandsWithTheirKeys) {
                       ? "-"
                       : QString(action->text()).remove('&') + " " + action->shortcut().toString());
     EXPECT_EQ(items,
-              (QStringList{"Go to offset... Ctrl+G", "Next mark F3", "Previous mark Shift+F3", "-",
-                           "Copy cells Ctrl+C", "Copy cells with headers Ctrl+Shift+C"}));
+              (QStringList{"Go to Offset... Ctrl+G", "Next Mark F3", "Previous Mark Shift+F3", "-",
+                           "Copy Cells Ctrl+C", "Copy Cells with headers Ctrl+Shift+C"}));
     menu.close();
 }
 

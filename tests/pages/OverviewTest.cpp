@@ -193,12 +193,9 @@ TEST_F(TOverviewTest, LeavesTheBottomLineToWhatASearchHasFound) {
     QTest::mouseMove(&Overview(), {5, HeightOf(0x8000)});
     QApplication::processEvents();
     EXPECT_EQ(Said(), found);
-    ClickAt(HeightOf(0x8000));
     QTest::mouseMove(Grid().viewport(), {50, 50});
     QApplication::processEvents();
     EXPECT_EQ(Said(), found);
-    EXPECT_EQ(Overview().toolTip(),
-              "The whole image with its marks: a click or the arrow keys go there");
 }
 
 TEST_F(TOverviewTest, OnlyTheLeftButtonGoesThere) {
