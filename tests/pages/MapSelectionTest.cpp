@@ -217,6 +217,15 @@ TEST_F(TMapSelectionTest, ANumberThatNothingCouldStoreIsAnErrorBeforeAnyIsEntere
     EXPECT_FALSE(page->PTChanged);
 }
 
+TEST_F(TMapSelectionTest, WhatIsBeingTypedIsAcceptedFirst) {
+    Grid().SetCurrent(2, 1);
+    QTest::keyClicks(&Grid(), "9");
+    ASSERT_TRUE(Grid().IsEditing());
+    Choose("actUp"); // by the menu: its key belongs to the editor
+    EXPECT_EQ(Grid().Cell(2, 1), "10");
+    EXPECT_EQ(Steps().count(), 2);
+}
+
 TEST_F(TMapSelectionTest, AMinusStillBeginsANumber) {
     Grid().SetCurrent(2, 1);
     QTest::keyClicks(&Grid(), "-");
