@@ -4,6 +4,8 @@
 #include "PlayedSession.h"
 
 #include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace {
@@ -31,6 +33,8 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     testing::InitGoogleTest(&argc, argv);
     application = new QApplication(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    static const QTemporaryDir settings; // none of the user's own
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     qInstallMessageHandler(FailOnWarning);
     return 0;
 }

@@ -20,7 +20,7 @@ TCommandMenu::TCommandMenu(TfrmKelvaneNotebook &notebook)
     setAutoRaise(true);
     setFocusPolicy(Qt::NoFocus); // its keys open it from anywhere
     setAccessibleName(tr("Menu"));
-    SetHint(this, tr("Menu (F10)|All commands of this page: F10 or Alt+M"));
+    SetHint(this, tr("All commands of this page: F10 or Alt+M"));
     menu->setObjectName("mnuCommands");
     menu->setAccessibleName(tr("Menu"));
     menu->setToolTipsVisible(true);

@@ -15,6 +15,8 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QPixmap>
+#include <QSettings>
+#include <QTemporaryDir>
 
 namespace {
 void UseTheme(const QString &name) {
@@ -53,6 +55,8 @@ int main(int argc, char **argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
+    const QTemporaryDir settings; // none of the user's own
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     QCommandLineParser parser;
     parser.addPositionalArgument("SAMPLES", "folder of the sample files");
     parser.addPositionalArgument("OUTPUT", "folder for the pictures");
