@@ -1,5 +1,6 @@
 #include "forms/Help.h"
 
+#include "forms/Beside.h"
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
 #include "forms/Paths.h"
@@ -69,6 +70,7 @@ TfrmHelp &HelpBeside(QWidget &window, const QString &fileName, Qt::WindowType ki
     help->setWindowFlags(kind);
     help->setAttribute(Qt::WA_DeleteOnClose);
     help->setAttribute(Qt::WA_QuitOnClose, false); // the program does not live on for it
+    MoveBeside(*help, window);
     return *help;
 }
 

@@ -11,10 +11,12 @@
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QListView>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QScreen>
+#include <QSplitter>
 #include <QTreeView>
 #include <QUrl>
 
@@ -115,12 +117,22 @@ public:
             if (const QUrl url = QUrl::fromLocalFile(place); !all.contains(url))
                 all << url;
         dialog_.setSidebarUrls(all);
+        MakeRoom();
     }
     ~TOwnPlaces() { dialog_.setSidebarUrls(before_); }
     TOwnPlaces(const TOwnPlaces &) = delete;
     TOwnPlaces &operator=(const TOwnPlaces &) = delete;
 
 private:
+    /// The names of the places are seen whole, unless they would take too much from the files.
+    void MakeRoom() {
+        const auto *list = dialog_.findChild<QListView *>("sidebar");
+        const int wanted = list->sizeHintForColumn(0) + 2 * list->frameWidth();
+        const int width = std::min(wanted, dialog_.width() / mostSideShare);
+        dialog_.findChild<QSplitter *>("splitter")->setSizes({width, dialog_.width() - width});
+    }
+
+    static constexpr int mostSideShare = 5; // of the dialog's width
     QFileDialog &dialog_;
     const QList<QUrl> before_;
 };

@@ -1,5 +1,6 @@
 #include "maps/ToolWindow.h"
 
+#include "forms/Beside.h"
 #include "forms/FrameRoom.h"
 #include "forms/Guard.h"
 #include "forms/Help.h"
@@ -45,7 +46,7 @@ TfrmToolWindow::TfrmToolWindow(TfrmMaps &page)
     setFloating(true);
     MakeReachable();
     FitTo(*contents);
-    MoveBeside(*page.window());
+    MoveBeside(*this, *page.window());
     hide();
 }
 
@@ -67,14 +68,6 @@ void TfrmToolWindow::FitTo(const QWidget &contents) {
     const int bar = height > highest ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
     widget()->setMinimumWidth(wanted.width() + bar);
     resize(wanted.width() + bar + frame.width(), std::min(height, highest));
-}
-
-void TfrmToolWindow::MoveBeside(const QWidget &window) {
-    const QRect screen = window.screen()->availableGeometry();
-    const QRect taken = window.frameGeometry();
-    move(std::min(taken.right() + 1, screen.right() + 1 - width()),
-         std::clamp(taken.top(), screen.top(),
-                    std::max(screen.top(), screen.bottom() + 1 - height())));
 }
 
 TRadioGroup *TfrmToolWindow::MakeGroup(const char *name, const QString &title,

@@ -47,7 +47,6 @@ private:
     QWidget *MakeContents();
     void FitTo(const QWidget &contents);
     /// To the right of `window`, as far as the screen has room there.
-    void MoveBeside(const QWidget &window);
     void ConnectControls();
     void MakeReachable();
     /// Above all other windows, or not, while it floats.

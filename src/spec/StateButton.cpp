@@ -63,7 +63,8 @@ void TStateButton::FillList(const std::vector<TStateText> &texts) {
 }
 
 void TStateButton::OpenList() {
-    list->popup(mapToGlobal(QPoint()) - QPoint(0, list->sizeHint().height()));
+    const QSize size = list->sizeHint();
+    list->popup(mapToGlobal(QPoint(width() - size.width(), -size.height())));
     list->setActiveAction(list->actions().value(0));
 }
 

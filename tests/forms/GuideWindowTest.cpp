@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
@@ -74,6 +75,17 @@ TEST_F(Guide, OpensBesideTheProgramAtTheChapterOfThePage) {
         EXPECT_EQ(TopLine(*guide), head);
     }
     EXPECT_EQ(window.findChildren<TfrmHelp *>().size(), 1) << "always the same";
+}
+
+TEST_F(Guide, ComesUpAtTheProgramsSideAndStaysWhereItIsMovedTo) {
+    window.move(0, 40);
+    TfrmHelp *guide = PressF1();
+    EXPECT_EQ(guide->y(), 40);
+    EXPECT_EQ(guide->frameGeometry().left(),
+              std::min(window.frameGeometry().right() + 1,
+                       window.screen()->availableGeometry().right() + 1 - guide->width()));
+    guide->move(7, 8);
+    EXPECT_EQ(PressF1()->pos(), QPoint(7, 8));
 }
 
 TEST_F(Guide, StaysAtItsPlaceForAChapterThatItDoesNotHave) {

@@ -372,6 +372,10 @@ TEST_F(QtDialogs, FileDialogsOfferThePlacesAtTheirSideAndKeepNoneOfThem) {
     const QList<QUrl> before = QFileDialog().sidebarUrls();
     const auto look = [&](QFileDialog &dialog) {
         EXPECT_EQ(dialog.sidebarUrls(), before + own);
+        QApplication::processEvents();
+        const auto *list = dialog.findChild<QListView *>("sidebar");
+        EXPECT_GE(list->viewport()->width(), list->fontMetrics().horizontalAdvance("recent") + 16);
+        EXPECT_LE(list->width(), dialog.width() / 4);
         dialog.reject();
     };
     WhenOpen<QFileDialog>(look);
