@@ -330,7 +330,7 @@ TEST_F(TFileWalkTest, TheMenuHasItsCommandsWithTheirKeys) {
                       : QString(action->text()).remove('&') + " " + action->shortcut().toString());
     EXPECT_EQ(items,
               (QStringList{"Go to Offset... Ctrl+G", "Next Mark F3", "Previous Mark Shift+F3", "-",
-                           "Copy Cells Ctrl+C", "Copy Cells with headers Ctrl+Shift+C"}));
+                           "Copy Cells Ctrl+C", "Copy Cells with Headers Ctrl+Shift+C"}));
     menu.close();
 }
 
