@@ -9,7 +9,6 @@
 #include <stdexcept>
 
 #include <QApplication>
-#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollArea>
@@ -247,36 +246,6 @@ TEST_F(Notebook, F1LeavesTheHelpOfThePagesToTheirButtons) {
     EXPECT_TRUE(window->findChild<TfrmHelp *>());
     pages[0]->btnHelp->click();
     EXPECT_EQ(Calls(), QStringList("a help"));
-}
-
-TEST_F(Notebook, AtRestTheBottomLineTellsOfF1) {
-    Show();
-    const auto &atRest = *window->StatusBar1->findChild<QLabel *>();
-    EXPECT_EQ(atRest.text(), "F1: guide");
-    for (const char *hint : {"", "Print Displayed Data", ""}) {
-        QStatusTipEvent event(hint);
-        QApplication::sendEvent(window->btnPrint, &event);
-        EXPECT_EQ(atRest.isVisible(), !*hint) << hint;
-    }
-}
-
-TEST_F(Notebook, WhatAPageSaysOutlastsHintsUntilTheUserActs) {
-    Show();
-    const auto hint = [this] {
-        QStatusTipEvent event("Close");
-        QApplication::sendEvent(window->btnClose, &event);
-        return window->StatusBar1->currentMessage();
-    };
-    for (const bool byKey : {true, false}) {
-        pages[0]->Say("done");
-        EXPECT_EQ(hint(), "done");
-        if (byKey)
-            QTest::keyClick(pages[0]->edit, Qt::Key_Right);
-        else
-            QTest::mouseClick(pages[0]->edit, Qt::LeftButton);
-        EXPECT_EQ(window->StatusBar1->currentMessage(), "done");
-        EXPECT_EQ(hint(), "Close");
-    }
 }
 
 TEST_F(Notebook, AnEditIsLeftBeforeItsPageIsAsked) {

@@ -5,6 +5,7 @@
 #include "maps/Maps.h"
 #include "maps/QuickChart.h"
 #include "maps/ToolWindow.h"
+#include "pages/ControlStates.h"
 #include "pages/PageFixture.h"
 #include "spec/main.h"
 #include "spec/offsetentry.h"
@@ -386,33 +387,6 @@ protected:
                 return true;
         return false;
     }
-    static QString TextOf(const QObject &control) {
-        for (const char *property : {"currentText", "text", "title"})
-            if (const QVariant text = control.property(property); text.isValid())
-                return text.toString();
-        return "(no text)";
-    }
-    /// Hidden by word, itself or one of its parents up to the form.
-    bool Hidden(const QWidget *widget, const QObject &form) {
-        for (; widget && widget != &form; widget = widget->parentWidget())
-            if (widget->isHidden() && !qobject_cast<const TEmbeddedForm *>(widget))
-                return widget->testAttribute(Qt::WA_WState_ExplicitShowHide);
-        return false;
-    }
-    QString StatesOf(const QObject &control, const QObject &form) {
-        QString states;
-        if (!control.property("enabled").toBool())
-            states += 'd';
-        if (const auto *widget = qobject_cast<const QWidget *>(&control))
-            if (Hidden(widget, form))
-                states += 'h';
-        if (control.inherits("QAbstractButton") && control.property("checked").toBool())
-            states += 'c';
-        if (control.property("readOnly").toBool())
-            states += 'r';
-        return states;
-    }
-
     TfrmNotebook window;
     std::unique_ptr<TfrmOffsetEntry> offsets;
     std::unique_ptr<TfrmQuickChart> quickChart;
