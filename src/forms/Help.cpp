@@ -69,7 +69,6 @@ TfrmHelp &HelpBeside(QWidget &window, const QString &fileName, Qt::WindowType ki
     auto *help = new TfrmHelp(fileName, &window);
     help->setWindowFlags(kind);
     help->setAttribute(Qt::WA_DeleteOnClose);
-    help->setAttribute(Qt::WA_QuitOnClose, false); // the program does not live on for it
     MoveBeside(*help, window);
     return *help;
 }

@@ -249,7 +249,6 @@ void TfrmMaps::OffsetExit(TMapKind kind) {
     } else {
         map.SetOffset(offset);
         LoadMap(kind);
-        TellState();
     }
     row.offset->SetWritable(false);
 }
