@@ -24,8 +24,8 @@ TChild Spawn(const std::string &program, std::vector<std::string> arguments) {
     posix_spawn_file_actions_adddup2(&actions, channel[1], STDOUT_FILENO);
     posix_spawn_file_actions_addclose(&actions, channel[0]);
     posix_spawn_file_actions_addclose(&actions, channel[1]);
-    arguments.insert(arguments.begin(), program);
-    std::vector<char *> texts;
+    std::string name = program;
+    std::vector<char *> texts{name.data()};
     for (std::string &argument : arguments)
         texts.push_back(argument.data());
     texts.push_back(nullptr);

@@ -25,7 +25,7 @@ measure() {
     local name=$1
     shift
     step "measuring $name"
-    { "$top/tools/xvfb.sh" "$@" || over+=("$name"); } > >(grep -E '( +-?[0-9]+\.[0-9]+){4}(  OVER)?$' | tee -a "$report")
+    { "$top/tools/xvfb.sh" "$@" || over+=("$name"); } > >({ grep -E '( +-?[0-9]+\.[0-9]+){4}(  OVER)?$' || true; } | tee -a "$report")
     wait $!
 }
 
