@@ -210,6 +210,17 @@ protected:
         tool.Scale = Pick(2);
         tool.btnExecClick();
     }
+    /// A command of the menu "Selection", or one of the clipboard.
+    void ChangeSelected() {
+        TStringAlignGrid &grid = Grid("grdPTMap");
+        const int right = 1 + Pick(grid.ColCount() - 1);
+        const int bottom = 1 + Pick(grid.RowCount() - 1);
+        grid.SetSelection({1 + Pick(right), 1 + Pick(bottom), right, bottom});
+        const QStringList commands{
+            "actUp",   "actDownTen", "actInterpolateRows", "actInterpolateBoth", "actSmooth",
+            "actCopy", "actPaste"};
+        Choose(commands[Pick(int(commands.size()))]);
+    }
     void ClickAny(const QStringList &buttons) { Click(buttons[Pick(int(buttons.size()))]); }
 
     void Act() {
@@ -218,6 +229,8 @@ protected:
             [&] { TypeAnything(); },
             [&] { EnterAnything(); },
             [&] { Adjust(); },
+            [&] { ChangeSelected(); },
+            [&] { ChangeSelected(); },
             [&] {
                 ClickAny({"btnSavePT", "btnSaveIdle", "btnSaveFT", "btnSaverev"});
             },
