@@ -3,7 +3,6 @@
 #include "maps/Maps.h"
 #include "model/ROMImage.h"
 
-#include <cstring>
 #include <utility>
 
 #include <QScopeGuard>
@@ -18,17 +17,11 @@ TBytes ImageBytes() {
 }
 
 std::vector<TByteChange> ChangesSince(const TBytes &before) {
-    constexpr std::size_t block = 4096; // compared at once: most are as they were
     std::vector<TByteChange> changes;
-    for (std::size_t first = 0; first < before.size(); first += block) {
-        const std::uint8_t *old = &before[first];
-        const std::uint8_t *now = &ROMImage()->data[first];
-        if (std::memcmp(old, now, block) == 0)
-            continue;
-        for (std::size_t i = 0; i < block; ++i)
-            if (old[i] != now[i])
-                changes.push_back({static_cast<std::int32_t>(first + i), old[i], now[i]});
-    }
+    if (!before.empty())
+        for (const auto &[offset, length] : DifferingRuns(before, ROMImage()->data))
+            for (std::uint32_t i = offset; i < offset + length; ++i)
+                changes.push_back({i, before[i], ROMImage()->data[i]});
     return changes;
 }
 

@@ -3,6 +3,7 @@
 // that it changed. What the page's state is: MapPageState.h.
 #pragma once
 
+#include "changes/ByteRuns.h"
 #include "maps/MapPageState.h"
 
 #include <functional>
@@ -10,13 +11,6 @@
 #include <QUndoStack>
 
 class TfrmMaps;
-
-/// A byte of the image that a step changed.
-struct TByteChange {
-    std::int32_t offset;
-    std::uint8_t before;
-    std::uint8_t after;
-};
 
 class TMapHistory {
 public:

@@ -6,9 +6,12 @@
 #include <filesystem>
 #include <span>
 
+/// Who may read a file that is made: whom the process's mask lets, or its owner alone.
+enum class TReaders { ByMask, Owner };
+
 /// Replaces the contents of `file`, or creates it, through a temporary file in the same folder that
 /// is flushed to the disk and renamed over the target. A symbolic link is followed; an existing
-/// file keeps its permissions, a new one gets those of the process's mask. Where the folder takes
+/// file keeps its permissions, a new one gets those that `readers` says. Where the folder takes
 /// no new file, or no renaming over the target, but the target can be written, it is written in
 /// place; so is a device.
 ///
@@ -19,7 +22,8 @@
 /// and no temporary file is left, unless the system refuses even that. A folder as target is an
 /// error. Only what is written in place can be lost: when the process is killed meanwhile, or when
 /// the old contents cannot be put back after a failure, which the error then says.
-void WriteFileSafely(const std::filesystem::path &file, std::span<const std::uint8_t> bytes);
+void WriteFileSafely(const std::filesystem::path &file, std::span<const std::uint8_t> bytes,
+                     TReaders readers = TReaders::ByMask);
 
 /// Throws the error of WriteFileSafely where that can be told without writing: for a target that
 /// may not be written, and for a new file that its folder does not take. Leaves nothing behind.

@@ -161,7 +161,8 @@ void TakeOver(const TOpenFile &file, const TStatus &old) {
     Sure([&] { return fchmod(file.Descriptor(), kept ? mode : groupless); });
 }
 
-void Replace(const fs::path &target, const std::optional<TStatus> &old, TBytes bytes) {
+void Replace(const fs::path &target, const std::optional<TStatus> &old, TBytes bytes,
+             TReaders readers) {
     const fs::path folder = FolderOf(target);
     RemoveRemains(folder);
     constexpr int mostTries = 100;
@@ -170,7 +171,7 @@ void Replace(const fs::path &target, const std::optional<TStatus> &old, TBytes b
         if (tries == mostTries)
             Fail(EAGAIN);
         // Until it has its owner and group, a file that replaces another is the saver's alone.
-        temporary.emplace(folder, old ? 0600 : 0666);
+        temporary.emplace(folder, old || readers == TReaders::Owner ? 0600 : 0666);
     }
     WriteAll(temporary->File(), bytes);
     if (old)
@@ -214,14 +215,14 @@ bool FolderRefuses(int code) {
     return code == EACCES || code == EPERM || code == EROFS || code == EBUSY;
 }
 
-void Write(const fs::path &target, TBytes bytes) {
+void Write(const fs::path &target, TBytes bytes, TReaders readers) {
     const std::optional<TStatus> old = ExistingTarget(target);
     if (old && !S_ISREG(old->st_mode)) {
         WriteDevice(target, bytes);
         return;
     }
     try {
-        Replace(target, old, bytes);
+        Replace(target, old, bytes, readers);
     } catch (const TSystemFailure &failure) {
         if (!old || !FolderRefuses(failure.code))
             throw;
@@ -250,8 +251,8 @@ void Writing(const fs::path &file, TWrite write) {
 
 } // namespace
 
-void WriteFileSafely(const fs::path &file, TBytes bytes) {
-    Writing(file, [&](const fs::path &target) { Write(target, bytes); });
+void WriteFileSafely(const fs::path &file, TBytes bytes, TReaders readers) {
+    Writing(file, [&](const fs::path &target) { Write(target, bytes, readers); });
 }
 
 void CheckCanWrite(const fs::path &file) {
