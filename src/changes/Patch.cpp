@@ -11,7 +11,7 @@
 namespace {
 constexpr std::string_view head = "Ferrolyn patch 1";
 constexpr std::string_view arrow = " -> ";
-constexpr std::string_view digits = "0123456789abcdef";
+constexpr std::string_view hexDigits = "0123456789abcdef";
 constexpr std::size_t digestLength = 64;
 
 bool IsControl(char c) {
@@ -22,7 +22,7 @@ std::string HexBytes(std::span<const std::uint8_t> bytes) {
     std::string text;
     for (const std::uint8_t byte : bytes) {
         text += text.empty() ? "" : " ";
-        text += {digits[byte >> 4], digits[byte & 0xF]};
+        text += {hexDigits[byte >> 4], hexDigits[byte & 0xF]};
     }
     return text;
 }
@@ -47,7 +47,7 @@ public:
         patch.size = Number(Value("size "));
         patch.sha256 = Value("sha256 ");
         if (patch.sha256.size() != digestLength ||
-            patch.sha256.find_first_not_of(digits) != std::string::npos)
+            patch.sha256.find_first_not_of(hexDigits) != std::string::npos)
             Refuse(line_, Translated("Patch", "64 digits from 0 to f are expected"));
         ReadRuns(patch);
         if (!rest_.empty())

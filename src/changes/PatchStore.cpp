@@ -12,24 +12,25 @@
 namespace {
 namespace fs = std::filesystem;
 
-constexpr std::string_view prefix = "unsaved-";
-constexpr std::string_view suffix = ".patch";
-constexpr std::string_view digits = "0123456789abcdef";
+constexpr std::string_view storePrefix = "unsaved-";
+constexpr std::string_view storeSuffix = ".patch";
+constexpr std::string_view nameLetters = "0123456789abcdef";
 constexpr std::size_t nameDigits = 16;
 constexpr std::uint64_t largestPatch = 16 * 1024 * 1024; // some 7 MiB for an image wholly changed
 
 std::string NewName() {
     std::random_device source;
-    std::string name(prefix);
+    std::string name(storePrefix);
     for (std::size_t i = 0; i < nameDigits; ++i)
-        name += digits[source() % digits.size()];
-    return name.append(suffix);
+        name += nameLetters[source() % nameLetters.size()];
+    return name.append(storeSuffix);
 }
 
 bool IsOurs(std::string_view name) {
-    return name.size() == prefix.size() + nameDigits + suffix.size() && name.starts_with(prefix) &&
-           name.ends_with(suffix) &&
-           name.find_first_not_of(digits, prefix.size()) == prefix.size() + nameDigits;
+    return name.size() == storePrefix.size() + nameDigits + storeSuffix.size() &&
+           name.starts_with(storePrefix) && name.ends_with(storeSuffix) &&
+           name.find_first_not_of(nameLetters, storePrefix.size()) ==
+               storePrefix.size() + nameDigits;
 }
 
 void Check(const std::error_code &error, const fs::path &file) {

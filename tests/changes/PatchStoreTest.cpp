@@ -16,10 +16,10 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-const std::string digest(64, 'a');
+const std::string ofImage(64, 'a');
 
 TPatch PatchTo(std::uint8_t byte) {
-    return MakePatch("A.BIN", digest, TBytes{1, 2, 3}, TBytes{1, byte, 3});
+    return MakePatch("A.BIN", ofImage, TBytes{1, 2, 3}, TBytes{1, byte, 3});
 }
 
 class TPatchStoreTest : public testing::Test {
@@ -31,7 +31,7 @@ protected:
     /// What another start of the program finds.
     std::vector<TPatch> Found() const {
         std::vector<TPatch> patches;
-        for (const TKeptPatch &kept : TPatchStore(path).Of(3, digest))
+        for (const TKeptPatch &kept : TPatchStore(path).Of(3, ofImage))
             patches.push_back(kept.patch);
         return patches;
     }
@@ -42,7 +42,7 @@ protected:
 
 TEST_F(TPatchStoreTest, IsEmptyAndMakesNothingUntilAPatchIsKept) {
     TPatchStore store(path);
-    EXPECT_THAT(store.Of(3, digest), IsEmpty());
+    EXPECT_THAT(store.Of(3, ofImage), IsEmpty());
     store.Drop();
     EXPECT_FALSE(fs::exists(path));
 }
@@ -52,7 +52,7 @@ TEST_F(TPatchStoreTest, KeepsTheLastPatchForTheNextStart) {
     store.Keep(PatchTo(7));
     store.Keep(PatchTo(8));
     EXPECT_THAT(Found(), ElementsAre(PatchTo(8)));
-    EXPECT_THAT(store.Of(3, digest), IsEmpty()) << "not its own";
+    EXPECT_THAT(store.Of(3, ofImage), IsEmpty()) << "not its own";
     store.Drop();
     EXPECT_THAT(Found(), IsEmpty());
 }
@@ -66,7 +66,7 @@ TEST_F(TPatchStoreTest, IsReadByItsOwnerAlone) {
 
 TEST_F(TPatchStoreTest, FindsThePatchesOfItsImageAlone) {
     TPatchStore(path).Keep(PatchTo(7));
-    EXPECT_THAT(TPatchStore(path).Of(4, digest), IsEmpty());
+    EXPECT_THAT(TPatchStore(path).Of(4, ofImage), IsEmpty());
     EXPECT_THAT(TPatchStore(path).Of(3, std::string(64, 'b')), IsEmpty());
 }
 
@@ -81,7 +81,7 @@ TEST_F(TPatchStoreTest, OfTwoProgramsDoesNotMixTheirPatches) {
 
 TEST_F(TPatchStoreTest, ForgetsOneThatItTold) {
     TPatchStore(path).Keep(PatchTo(7));
-    const std::vector<TKeptPatch> kept = TPatchStore(path).Of(3, digest);
+    const std::vector<TKeptPatch> kept = TPatchStore(path).Of(3, ofImage);
     ASSERT_THAT(kept, SizeIs(1));
     TPatchStore::Forget(kept.front());
     EXPECT_THAT(Found(), IsEmpty());
@@ -126,6 +126,6 @@ TEST_F(TPatchStoreTest, SaysWhenTheFolderIsAFile) {
     std::ofstream(path) << "x";
     TPatchStore store(path);
     EXPECT_THROW(store.Keep(PatchTo(7)), EFileError);
-    EXPECT_THROW(store.Of(3, digest), EFileError);
+    EXPECT_THROW(store.Of(3, ofImage), EFileError);
 }
 } // namespace

@@ -47,6 +47,8 @@ const TOtherText otherTexts[] = {
     {"from", "Tools, when it subtracts"},
     {"&Lookup", "a button that no window of the program has"},
     {"Set Mapping Type", "the list, until it is filled"},
+    {"Patch", "reading patch files, which no page offers yet"},
+    {"PatchStore", "keeping patch files, which no page offers yet"},
     {"TMapCommands", "the menu of commands"},
     {"typing %1", "the menu of commands, behind Undo and Redo"},
     {"adjustment", "the menu of commands, behind Undo and Redo"},
@@ -167,7 +169,7 @@ TEST(GuideMessageTexts, ThatAreSaidToBeShownOtherwiseAreThere) {
 }
 
 TEST(GuideMessageTexts, OfTheSourcesGoThroughTheTranslation) {
-    QStringList known{"Other Maps"}; // a section of spec files
+    QStringList known{"Other Maps", "Ferrolyn patch 1"}; // of spec files and patch files
     for (const TProgramText &text : ProgramTexts())
         known << QString(text.text).replace('\\', "\\\\").replace('"', "\\\"");
     const QStringList sentences = SourceSentences();
