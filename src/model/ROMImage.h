@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <vector>
 
 /// A ROM image. Bytes are addressed by absolute offset; offset 0 is the first byte of the file.
@@ -41,6 +42,13 @@ public:
 
     /// Whether the byte at `offset` is written to files.
     bool IsInFile(std::int64_t offset) const noexcept { return Contains(offset) && offset < size; }
+
+    /// The file as it was loaded or saved last; empty before.
+    std::span<const std::uint8_t> FileBytes() const noexcept { return file_; }
+    /// The same bytes as they are now.
+    std::span<const std::uint8_t> BytesNow() const noexcept {
+        return std::span(data).first(file_.size());
+    }
 
     /// How many bytes differ from those of the file that was loaded or saved last; 0 before.
     std::size_t BytesNotInFile() const noexcept;
