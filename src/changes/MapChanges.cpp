@@ -1,80 +1,166 @@
 #include "changes/MapChanges.h"
 
+#include "system/Texts.h"
+
 #include <algorithm>
+#include <utility>
 
 namespace {
-/// The differing bytes of two images, of which parts are claimed.
-class TDiffering {
+/// A run of bytes of an image, with where it lies.
+struct TPart {
+    std::int64_t offset;
+    std::span<const std::uint8_t> bytes;
+};
+
+TPart PartOf(const TMappedImage &image, std::int64_t offset, std::int64_t length) {
+    const auto all = image.Bytes();
+    const auto size = static_cast<std::int64_t>(all.size());
+    const std::int64_t first = std::clamp<std::int64_t>(offset, 0, size);
+    const std::int64_t end = std::clamp<std::int64_t>(offset + length, first, size);
+    return {first,
+            all.subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(end - first))};
+}
+
+/// Those of two parts, byte for byte from their beginnings.
+std::vector<TByteDifference> Differences(const TPart &before, const TPart &after) {
+    std::vector<TByteDifference> differences;
+    for (const auto &[offset, length] : DifferingRuns(before.bytes, after.bytes))
+        for (std::uint32_t i = offset; i < offset + length; ++i)
+            differences.push_back({static_cast<std::uint32_t>(before.offset + i),
+                                   static_cast<std::uint32_t>(after.offset + i), before.bytes[i],
+                                   after.bytes[i]});
+    return differences;
+}
+
+bool IsShown(const TMappedImage &image, TMapId id) {
+    const TMap &map = MapOf(image.Maps(), id);
+    bool placed = false;
+    image.InForce([&] { placed = map.GetLocation() != 0; }); // it may be behind a pointer
+    return placed && map.Fits() && map.RPMCount() > 0 && map.LoadCount() > 0;
+}
+
+/// The points of both axes as they are stored.
+std::vector<std::int32_t> Points(const TMap &map) {
+    std::vector<std::int32_t> points;
+    const auto add = [&points](const TAxisData &axis) {
+        for (std::int32_t i = 0; i < axis.rows; ++i)
+            if (const TVal *point = std::as_const(*axis.values).GetItem(i, 0))
+                points.push_back(point->raw);
+    };
+    add(*map.axes->rpmAxis);
+    if (map.axisCount > 1)
+        add(*map.axes->throttleAxis);
+    return points;
+}
+
+TMatch MatchOf(const TMappedImage &imageBefore, const TMappedImage &imageAfter, TMapId id) {
+    const bool shownBefore = IsShown(imageBefore, id);
+    const bool shownAfter = IsShown(imageAfter, id);
+    if (!shownBefore || !shownAfter)
+        return shownBefore ? TMatch::OnlyBefore : shownAfter ? TMatch::OnlyAfter : TMatch::None;
+    const TMap &before = MapOf(imageBefore.Maps(), id);
+    const TMap &after = MapOf(imageAfter.Maps(), id);
+    if (before.RPMCount() != after.RPMCount() || before.LoadCount() != after.LoadCount())
+        return TMatch::OtherShape;
+    return Points(before) == Points(after) ? TMatch::Same : TMatch::OtherAxes;
+}
+
+/// Compares two images and remembers which bytes were compared.
+class TComparing {
 public:
-    TDiffering(std::span<const std::uint8_t> before, std::span<const std::uint8_t> after)
-        : before_(before), after_(after) {
-        for (const TByteRun &run : DifferingRuns(before, after))
-            for (std::uint32_t i = 0; i < run.length; ++i)
-                offsets_.push_back(run.offset + i);
-        claimed_.resize(offsets_.size());
+    TComparing(const TMappedImage &before, const TMappedImage &after)
+        : before_(before), after_(after) {}
+
+    std::vector<TByteDifference> Compare(std::int32_t before, std::int32_t after,
+                                         std::int32_t length) {
+        const TPart one = PartOf(before_, before, length);
+        const TPart other = PartOf(after_, after, length);
+        compared_.push_back({one.offset, one.offset + std::ssize(one.bytes)});
+        compared_.push_back({other.offset, other.offset + std::ssize(other.bytes)});
+        return Differences(one, other);
     }
 
-    /// Claims the differing bytes of `length` bytes from `first` on.
-    std::vector<TByteChange> Claim(std::int64_t first, std::int64_t length) {
-        std::vector<TByteChange> changes;
-        const auto begin = std::lower_bound(offsets_.begin(), offsets_.end(), first);
-        for (auto at = begin; at != offsets_.end() && *at < first + length; ++at) {
-            changes.push_back({*at, before_[*at], after_[*at]});
-            claimed_[static_cast<std::size_t>(at - offsets_.begin())] = true;
+    TMapChanges Map(TMapId id) {
+        const TMap &before = MapOf(before_.Maps(), id);
+        const TMap &after = MapOf(after_.Maps(), id);
+        TMapChanges changes{id, MatchOf(before_, after_, id), {}, {}};
+        if (changes.match != TMatch::Same && changes.match != TMatch::OtherAxes)
+            return changes;
+        changes.axes = Compare(before.axes->offset, after.axes->offset, before.axes->length);
+        const TMapData &body = *before.data;
+        for (const TByteDifference &byte :
+             Compare(body.offset, after.data->offset, body.rows * body.columns)) {
+            const std::int32_t place = static_cast<std::int32_t>(byte.offsetBefore) - body.offset;
+            changes.cells.push_back({place / body.columns, place % body.columns, byte});
         }
         return changes;
     }
 
-    std::vector<TByteRun> Unclaimed() const {
-        std::vector<TByteRun> runs;
-        for (std::size_t i = 0; i < offsets_.size(); ++i) {
-            if (claimed_[i])
-                continue;
-            if (runs.empty() || runs.back().offset + runs.back().length != offsets_[i])
-                runs.push_back({offsets_[i], 0});
-            ++runs.back().length;
-        }
-        return runs;
+    /// Of the runs what was not compared.
+    std::vector<TByteRun> Elsewhere(const std::vector<TByteRun> &runs) {
+        std::sort(compared_.begin(), compared_.end());
+        std::vector<TByteRun> rest;
+        auto part = compared_.cbegin();
+        for (const TByteRun &run : runs)
+            for (std::int64_t i = run.offset; i < run.offset + run.length; ++i) {
+                while (part != compared_.cend() && part->end <= i)
+                    ++part;
+                if (part != compared_.cend() && part->first <= i)
+                    continue;
+                const auto offset = static_cast<std::uint32_t>(i);
+                if (rest.empty() || rest.back().offset + rest.back().length != offset)
+                    rest.push_back({offset, 0});
+                ++rest.back().length;
+            }
+        return rest;
     }
 
 private:
-    std::span<const std::uint8_t> before_;
-    std::span<const std::uint8_t> after_;
-    std::vector<std::uint32_t> offsets_;
-    std::vector<bool> claimed_;
+    struct TInterval {
+        std::int64_t first;
+        std::int64_t end;
+        auto operator<=>(const TInterval &) const = default;
+    };
+    const TMappedImage &before_;
+    const TMappedImage &after_;
+    std::vector<TInterval> compared_;
 };
-
-TMapChanges ChangesOf(TDiffering &differing, TMapSetKind set, TMapKind kind, const TMap &map) {
-    TMapChanges changes{set, kind, {}, {}};
-    if (map.GetLocation() == 0 || !map.Fits())
-        return changes;
-    const TMapData &body = *map.data;
-    changes.axes = differing.Claim(map.axes->offset, map.axes->length);
-    for (const TByteChange &byte : differing.Claim(body.offset, body.rows * body.columns)) {
-        const std::int32_t place = static_cast<std::int32_t>(byte.offset) - body.offset;
-        changes.cells.push_back({place / body.columns, place % body.columns, byte});
-    }
-    return changes;
-}
 } // namespace
 
-TImageChanges ImageChanges(std::span<const std::uint8_t> before,
-                           std::span<const std::uint8_t> after, const TWorkspace &workspace) {
-    TImageChanges changes{before.size(), after.size(), DifferingRuns(before, after), {}, {}, {}};
-    TDiffering differing(before, after);
-    const auto add = [&](TMapSetKind set, const TMapSet &maps) {
-        for (const TMapKind kind : {TMapKind::PT, TMapKind::Idle, TMapKind::WOT}) {
-            TMapChanges one = ChangesOf(differing, set, kind, maps.Map(kind));
-            if (!one.cells.empty() || !one.axes.empty())
-                changes.maps.push_back(std::move(one));
-        }
-    };
-    add(TMapSetKind::Fuel, workspace.fuelMapSet);
-    add(TMapSetKind::Timing, workspace.timingMapSet);
-    if (workspace.fuelMapSet.HasRevLimiter())
-        for (const TByteChange &byte : differing.Claim(workspace.fuelMapSet.revLimiter.offset, 1))
+std::string MapName(TMapId map) {
+    const bool fuel = map.set == TMapSetKind::Fuel;
+    if (map.kind == TMapKind::PT)
+        return fuel ? Translated("MapChanges", "Fuel PT") : Translated("MapChanges", "Timing PT");
+    if (map.kind == TMapKind::Idle)
+        return fuel ? Translated("MapChanges", "Fuel Idle")
+                    : Translated("MapChanges", "Timing Idle");
+    return fuel ? Translated("MapChanges", "Fuel WOT") : Translated("MapChanges", "Timing WOT");
+}
+
+const TMap &MapOf(const TWorkspace &maps, TMapId map) {
+    const bool fuel = map.set == TMapSetKind::Fuel;
+    return fuel ? maps.fuelMapSet.Map(map.kind) : maps.timingMapSet.Map(map.kind);
+}
+
+bool TMapChanges::Any() const {
+    return !cells.empty() || !axes.empty();
+}
+
+TImageChanges ImageChanges(const TMappedImage &before, const TMappedImage &after) {
+    TImageChanges changes;
+    changes.sizeBefore = before.Bytes().size();
+    changes.sizeAfter = after.Bytes().size();
+    changes.runs = DifferingRuns(before.Bytes(), after.Bytes());
+    TComparing comparing(before, after);
+    for (const TMapId map : allMaps)
+        changes.maps.push_back(comparing.Map(map));
+    const TFuelMapSet &one = before.Maps().fuelMapSet;
+    const TFuelMapSet &other = after.Maps().fuelMapSet;
+    if (one.HasRevLimiter() && other.HasRevLimiter())
+        for (const TByteDifference &byte :
+             comparing.Compare(one.revLimiter.offset, other.revLimiter.offset, 1))
             changes.revLimiter = byte;
-    changes.elsewhere = differing.Unclaimed();
+    changes.elsewhere = comparing.Elsewhere(changes.runs);
     return changes;
 }
 

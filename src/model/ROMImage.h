@@ -66,7 +66,7 @@ private:
 /// works on this one. The pointer is good until the next ExchangeROMImage.
 TROMImage *ROMImage() noexcept;
 
-/// Puts another image, or none, in place and returns the old one. For tests.
+/// Puts another image, or none, in place and returns the old one; see ImageInForce.h.
 std::unique_ptr<TROMImage> ExchangeROMImage(std::unique_ptr<TROMImage> image) noexcept;
 
 /// The byte at `offset` of the process's image; 0 outside the buffer and without an image.

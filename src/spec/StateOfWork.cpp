@@ -1,5 +1,6 @@
 #include "spec/StateOfWork.h"
 
+#include "changes/MapChanges.h"
 #include "forms/KelvaneNotebook.h"
 #include "forms/PageControl.h"
 #include "maps/FuelMaps.h"
@@ -14,14 +15,6 @@ struct TStateOfWork {
     Q_DECLARE_TR_FUNCTIONS(TStateOfWork)
 };
 
-QString NameOf(TMapKind kind, bool fuel) {
-    if (kind == TMapKind::PT)
-        return fuel ? TStateOfWork::tr("Fuel PT") : TStateOfWork::tr("Timing PT");
-    if (kind == TMapKind::Idle)
-        return fuel ? TStateOfWork::tr("Fuel Idle") : TStateOfWork::tr("Timing Idle");
-    return fuel ? TStateOfWork::tr("Fuel WOT") : TStateOfWork::tr("Timing WOT");
-}
-
 /// Only the page that is shown has edits: leaving it commits or drops them.
 std::vector<TUncommitted> Edited(const TfrmKelvaneNotebook &notebook, const TWorkspace &workspace) {
     if (notebook.PageCount() == 0)
@@ -35,7 +28,10 @@ std::vector<TUncommitted> Edited(const TfrmKelvaneNotebook &notebook, const TWor
     const bool added = !fuel && page->MapSet != &workspace.timingMapSet;
     for (const TMapKind kind : allMapKinds)
         if (page->Changed(kind)) {
-            const QString name = added ? notebook.PageControl1->tabText(tab) : NameOf(kind, fuel);
+            const QString name =
+                added ? notebook.PageControl1->tabText(tab)
+                      : QString::fromStdString(
+                            MapName({fuel ? TMapSetKind::Fuel : TMapSetKind::Timing, kind}));
             edited.push_back({name.toStdString(), tab});
         }
     const auto *fuelPage = dynamic_cast<TfrmFuelMaps *>(page);

@@ -1,0 +1,51 @@
+#include "changes/MappedImage.h"
+
+#include "spec/MappingChoice.h"
+
+#include <algorithm>
+#include <exception>
+
+namespace {
+/// Through a pointer it is the image in force that says where.
+void PlaceSet(TMapSet &maps, const TMapSet &others) {
+    maps.SetOffsets(others.PTMap->GetLocation(), others.IdleMap->GetLocation(),
+                    others.WOTMap->GetLocation());
+    maps.SetShowConverted(others.showConverted);
+}
+} // namespace
+
+TMappedImage::TMappedImage(std::span<const std::uint8_t> bytes) {
+    const auto fitting =
+        bytes.first(std::min(bytes.size(), static_cast<std::size_t>(TROMImage::capacity)));
+    std::copy(fitting.begin(), fitting.end(), contents_.image->data.begin());
+    contents_.image->size = static_cast<std::int32_t>(fitting.size());
+}
+
+std::span<const std::uint8_t> TMappedImage::Bytes() const {
+    return std::span(contents_.image->data).first(static_cast<std::size_t>(contents_.image->size));
+}
+
+void TMappedImage::PlaceAs(const TWorkspace &others) {
+    contents_.timing = TimingConstants();
+    InForce([&] {
+        PlaceSet(maps_.fuelMapSet, others.fuelMapSet);
+        PlaceSet(maps_.timingMapSet, others.timingMapSet);
+        if (others.fuelMapSet.HasRevLimiter())
+            maps_.fuelMapSet.revLimiter.SetOffset(others.fuelMapSet.revLimiter.offset);
+    });
+}
+
+void TMappedImage::PlaceBySpec(const std::filesystem::path &spec) {
+    TSpecReading reading;
+    InForce([&] { reading = ReadSpec(spec, maps_); });
+    for (TMapSet *set :
+         {static_cast<TMapSet *>(&maps_.fuelMapSet), static_cast<TMapSet *>(&maps_.timingMapSet)})
+        set->SetShowConverted(set->showConverted);
+    if (reading.error)
+        std::rethrow_exception(reading.error);
+}
+
+void TMappedImage::InForce(const std::function<void()> &look) const {
+    const TImageInForce inForce(contents_);
+    look();
+}

@@ -1,0 +1,37 @@
+// An image with maps of its own beside the one in force: the file as it was loaded, another file, a
+// version that was kept. Looking into it leaves the image in force and its maps alone.
+#pragma once
+
+#include "model/ImageInForce.h"
+#include "model/Workspace.h"
+
+#include <filesystem>
+#include <functional>
+#include <span>
+
+class TMappedImage {
+public:
+    /// Of the first TROMImage::capacity of these bytes; no map has a place.
+    explicit TMappedImage(std::span<const std::uint8_t> bytes);
+
+    std::span<const std::uint8_t> Bytes() const;
+    /// Placed in this image; what they hold was read from it.
+    const TWorkspace &Maps() const { return maps_; }
+    const TTimingConstants &Timing() const { return contents_.timing; }
+
+    /// Places the maps and the rev limiter where those of the image in force are, through the same
+    /// pointers where these are placed so. The timing constants and what is shown, counts or units,
+    /// become the same.
+    void PlaceAs(const TWorkspace &others);
+
+    /// Places them by a spec file. Throws EFileError or EConvertError as reading it does: the
+    /// maps are then where the part of it that could be read has placed them.
+    void PlaceBySpec(const std::filesystem::path &spec);
+
+    /// Runs `look` while this image is in force.
+    void InForce(const std::function<void()> &look) const;
+
+private:
+    mutable TROMContents contents_; ///< goes away only while it is in force
+    TWorkspace maps_;
+};
