@@ -6,8 +6,8 @@
 
 packages_of() {
     case $1 in
-        # Compiler, build tool, toolkit.
-        build) echo g++ cmake ninja-build pkg-config qt6-base-dev libxcb1-dev ;;
+        # Compiler, build tool, toolkit, digests.
+        build) echo g++ cmake ninja-build pkg-config qt6-base-dev libxcb1-dev nettle-dev ;;
         # What the program's window needs.
         run) echo fonts-dejavu-core ;;
         # The toolkit's window system for a desktop without X.

@@ -37,6 +37,9 @@ check() {
         breach "$place" "the main window is known to the entry alone" "$include"
     fi
 
+    # The library of digests is known to one unit.
+    [[ $file == system/Sha256.cpp && $include == "<nettle/sha2.h>" ]] && return
+
     # What a system does its own way is in files that are named after it.
     if [[ ! $file =~ ^system/.*(Linux|Windows)\.(h|cpp)$ ]]; then
         is_of_a_system "$include" && breach "$place" "headers of a system are for system/*Linux and system/*Windows alone" "$include"
