@@ -1,7 +1,7 @@
 // Patch files: their text, what is refused, and applying them.
 #include "changes/Patch.h"
 
-#include <random>
+#include "changes/RandomPairs.h"
 
 #include <gmock/gmock.h>
 
@@ -156,21 +156,32 @@ TEST(ApplyPatch, RefusesAnotherSize) {
 }
 
 TEST(Patch, OfRandomPairsGivesOneFromTheOther) {
-    std::mt19937 random(4);
-    for (int pair = 0; pair < 10000; ++pair) {
-        TBytes before(random() % 200);
-        for (std::uint8_t &byte : before)
-            byte = static_cast<std::uint8_t>(random());
-        TBytes after = before;
-        for (auto change = random() % 30; change > 0 && !after.empty(); --change)
-            after[random() % after.size()] = static_cast<std::uint8_t>(random());
-        const TPatch patch = MakePatch("A", digest, before, after);
-        ASSERT_EQ(ParsePatch(PatchText(patch)), patch) << pair;
+    TRandomPairs pairs;
+    for (int pair = 0; pair < TRandomPairs::count; ++pair) {
+        const auto [before, after] = pairs.Next();
+        const TPatch patch = ParsePatch(PatchText(MakePatch("A", digest, before, after)));
+        ASSERT_EQ(patch, MakePatch("A", digest, before, after)) << pair;
         TBytes image = before;
         ApplyPatch(patch, image);
         ASSERT_EQ(image, after) << pair;
         ApplyPatch(Reversed(patch), image);
         ASSERT_EQ(image, before) << pair;
+    }
+}
+
+TEST(Patch, OfRandomPairsIsRefusedByAnImageWithAnotherByte) {
+    TRandomPairs pairs;
+    for (int pair = 0; pair < TRandomPairs::count; ++pair) {
+        const auto [before, after] = pairs.Next();
+        const TPatch patch = MakePatch("A", digest, before, after);
+        if (patch.runs.empty())
+            continue;
+        const TPatchRun &run = patch.runs[pairs.Below(patch.runs.size())];
+        TBytes image = before;
+        ++image[run.offset + pairs.Below(run.before.size())];
+        const TBytes damaged = image;
+        ASSERT_THROW(ApplyPatch(patch, image), EPatchError) << pair;
+        ASSERT_EQ(image, damaged) << pair;
     }
 }
 } // namespace

@@ -1,0 +1,81 @@
+// Differences of files as another program tells them, and patches that went through a file.
+#include "changes/ByteRuns.h"
+#include "changes/Patch.h"
+#include "changes/RandomPairs.h"
+#include "support/TemporaryFolder.h"
+
+#include <cstdio>
+
+#include <gmock/gmock.h>
+
+namespace {
+using TBytes = std::vector<std::uint8_t>;
+
+/// What "cmp -l" lists: the number of a byte from 1, and both values in octal.
+std::vector<TByteChange> ListedByCmp(const TTemporaryFolder &folder) {
+    const std::string command = "cmp -l '" + (folder / "before").string() + "' '" +
+                                (folder / "after").string() + "' 2>/dev/null";
+    std::FILE *output = popen(command.c_str(), "r");
+    std::vector<TByteChange> changes;
+    unsigned number = 0;
+    unsigned before = 0;
+    unsigned after = 0;
+    while (std::fscanf(output, "%u %o %o", &number, &before, &after) == 3)
+        changes.push_back(
+            {number - 1, static_cast<std::uint8_t>(before), static_cast<std::uint8_t>(after)});
+    pclose(output);
+    return changes;
+}
+
+std::vector<TByteChange> Changes(const TBytes &before, const TBytes &after) {
+    std::vector<TByteChange> changes;
+    for (const TByteRun &run : DifferingRuns(before, after))
+        for (std::uint32_t i = run.offset; i < run.offset + run.length; ++i)
+            changes.push_back({i, before[i], after[i]});
+    return changes;
+}
+
+/// Random pairs, one behind the other.
+TBytePair Joined(TRandomPairs &pairs, int count) {
+    TBytePair joined;
+    for (int i = 0; i < count; ++i) {
+        const auto [before, after] = pairs.Next();
+        joined.before.insert(joined.before.end(), before.begin(), before.end());
+        joined.after.insert(joined.after.end(), after.begin(), after.end());
+    }
+    return joined;
+}
+
+TEST(ComparedFiles, DifferWhereCmpSaysSo) {
+    constexpr int files = 200;
+    const TTemporaryFolder folder;
+    TRandomPairs pairs;
+    for (int file = 0; file < files; ++file) {
+        auto [before, after] = Joined(pairs, TRandomPairs::count / files);
+        if (file % 4 == 0) // the other file is longer
+            (file % 8 == 0 ? before : after).resize(before.size() + 1 + pairs.Below(5000));
+        PutFile(folder / "before", before);
+        PutFile(folder / "after", after);
+        ASSERT_EQ(Changes(before, after), ListedByCmp(folder)) << file;
+    }
+}
+
+TEST(ComparedFiles, BecomeAlikeByThePatchThatIsReadBack) {
+    constexpr int files = 20;
+    const TTemporaryFolder folder;
+    TRandomPairs pairs;
+    for (int file = 0; file < files; ++file) {
+        const auto [before, after] = Joined(pairs, 50);
+        const std::string written =
+            PatchText(MakePatch("A.BIN", std::string(64, '0'), before, after));
+        PutFile(folder / "patch", {written.begin(), written.end()});
+        const TBytes read = GetFile(folder / "patch");
+        TBytes image = before;
+        ApplyPatch(ParsePatch(std::string(read.begin(), read.end())), image);
+        PutFile(folder / "before", image);
+        PutFile(folder / "after", after);
+        ASSERT_TRUE(ListedByCmp(folder).empty()) << file;
+        ASSERT_EQ(image.size(), after.size()) << file;
+    }
+}
+} // namespace
