@@ -61,6 +61,14 @@ void TMapSet::SetSingleLoadPoints() {
     WOTMap->axes->throttleAxis->SetSinglePoint(fullLoad);
 }
 
+void TMapSet::ReadAnew() {
+    PTMap->ReadAnew();
+    IdleMap->ReadAnew();
+    WOTMap->ReadAnew();
+    SetSingleLoadPoints();
+    SetShowConverted(showConverted);
+}
+
 void TMapSet::SaveAll() {
     if (!ROMImage())
         return;
@@ -104,6 +112,14 @@ bool TFuelMapSet::HasRevLimiter() const {
 
 bool TFuelMapSet::IsModified() const {
     return TMapSet::IsModified() || revLimiter.modified;
+}
+
+void TFuelMapSet::ReadAnew() {
+    TMapSet::ReadAnew();
+    if (!HasRevLimiter())
+        return;
+    revLimiter.SetOffset(revLimiter.offset);
+    revLimiter.modified = false;
 }
 
 void TFuelMapSet::SaveAll() {

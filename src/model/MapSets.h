@@ -36,6 +36,9 @@ public:
     virtual void SetPointers(std::int32_t ptPointer, std::int32_t ptBitmask,
                              std::int32_t idlePointer, std::int32_t idleBitmask,
                              std::int32_t wotPointer, std::int32_t wotBitmask);
+    /// Reads what is placed again from the image, as it is shown now; edits that are not in the
+    /// image are dropped.
+    virtual void ReadAnew();
     /// Writes all three maps into the image; nothing without one.
     virtual void SaveAll();
 
@@ -65,6 +68,8 @@ public:
     /// Whether the rev limiter is placed, at an offset above 0.
     bool HasRevLimiter() const;
     bool IsModified() const override;
+    /// Also reads the rev limiter, if there is one.
+    void ReadAnew() override;
     /// Also saves the rev limiter, placed or not: an unplaced one shows its message at each save.
     void SaveAll() override;
 };

@@ -42,6 +42,11 @@ void TMap::SetPointer(std::int32_t pointerOffset, std::int32_t bitmask) {
     LoadFromLocation();
 }
 
+void TMap::ReadAnew() {
+    if (location->offset != -1 || location->raw != 0)
+        LoadFromLocation();
+}
+
 void TMap::LoadFromLocation() {
     axes->SetOffset(GetLocation());
     const std::int32_t loadPoints = axisCount > 1 ? LoadCount() : 1;

@@ -46,6 +46,9 @@ public:
     /// Places the map through the pointer at `pointerOffset`, its high byte ANDed with `bitmask`,
     /// and loads it. A pointer of 0 is a place like any other.
     virtual void SetPointer(std::int32_t pointerOffset, std::int32_t bitmask);
+    /// Reads axes and body again from where the map lies, directly or through its pointer; nothing
+    /// while it has no place. Fresh cells show raw as those of SetOffset do.
+    void ReadAnew();
     /// Writes axes and body into the image; see TAxisData::SaveAxis and TMapData::Save.
     virtual void Save();
 

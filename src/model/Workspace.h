@@ -29,3 +29,10 @@ struct TWorkspace {
     /// The ROM file loaded last; empty before the first load.
     std::filesystem::path romFileName;
 };
+
+/// Reads all that is placed again from the image, whose bytes something else than the maps has
+/// changed.
+inline void ReadMapsAnew(TWorkspace &workspace) {
+    workspace.fuelMapSet.ReadAnew();
+    workspace.timingMapSet.ReadAnew();
+}

@@ -293,4 +293,46 @@ TEST_F(TMapSetsTest, AWorkspaceHoldsBothSetsAndEmptyPasteSlots) {
     EXPECT_EQ(workspace.timingPasteSlots[TMapKind::WOT], nullptr);
 }
 
+TEST_F(TMapSetsTest, AreReadAnewWithTheRevLimiterWhenOtherHandsHaveChangedTheImage) {
+    TWorkspace workspace;
+    TFuelMapSet &set = workspace.fuelMapSet;
+    Put(0x400, {0x03, 0x00}); // full throttle through a pointer
+    set.SetOffsets(0x100, 0x200, 0);
+    set.WOTMap->SetPointer(0x400, 0xFF);
+    workspace.timingMapSet.SetOffsets(0x100, 0, 0);
+    set.revLimiter.SetOffset(0x500);
+    set.SetShowConverted(true);
+    Cell(*set.PTMap).SetValue(1.5);
+    set.revLimiter.SetValue(4000);
+
+    PutMap(0x100, {1, 2}, {4, 5});
+    Put(0x108, {77});
+    Put(0x200 + 5, {78});
+    Put(0x300 + 4, {79});
+    Put(0x500, {80});
+    ReadMapsAnew(workspace);
+    EXPECT_FALSE(set.IsModified());
+    EXPECT_EQ(set.PTMap->RPMCount(), 2);
+    EXPECT_TRUE(Cell(*set.PTMap).showConverted) << "as the page shows it";
+    EXPECT_EQ(Cell(*set.PTMap).raw, 77);
+    EXPECT_EQ(Cell(*set.IdleMap).raw, 78);
+    EXPECT_EQ(Cell(*set.WOTMap).raw, 79);
+    EXPECT_EQ(set.WOTMap->location->offset, 0x400) << "placed as it was";
+    EXPECT_EQ(LoadPoint(*set.WOTMap), 100.0);
+    EXPECT_EQ(set.revLimiter.raw, 80);
+    EXPECT_EQ(RawOf(*workspace.timingMapSet.PTMap->data), RawOf(*set.PTMap->data));
+    EXPECT_FALSE(Cell(*workspace.timingMapSet.PTMap).showConverted);
+}
+
+TEST_F(TMapSetsTest, WithoutAPlaceAreNotReadAnew) {
+    fuel.ReadAnew();
+    EXPECT_EQ(fuel.PTMap->RPMCount(), 0);
+    EXPECT_FALSE(fuel.HasRevLimiter());
+    fuel.SetOffsets(0x100, 0x200, 0x300);
+    fuel.PTMap->SetOffset(0); // keeps its old place and values
+    Put(0x108, {77});
+    fuel.ReadAnew();
+    EXPECT_EQ(Cell(*fuel.PTMap).raw, 1);
+}
+
 } // namespace
