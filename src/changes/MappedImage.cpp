@@ -1,6 +1,7 @@
 #include "changes/MappedImage.h"
 
 #include "spec/MappingChoice.h"
+#include "spec/ProgramState.h"
 
 #include <algorithm>
 #include <exception>
@@ -10,9 +11,17 @@ namespace {
 void PlaceSet(TMapSet &maps, const TMapSet &others) {
     maps.SetOffsets(others.PTMap->GetLocation(), others.IdleMap->GetLocation(),
                     others.WOTMap->GetLocation());
-    maps.SetShowConverted(others.showConverted);
 }
 } // namespace
+
+std::vector<std::uint8_t> CommittedBytes(const TWorkspace &maps) {
+    const auto now = ROMImage()->BytesNow();
+    std::vector<std::uint8_t> bytes(now.begin(), now.end());
+    const TRPMVal &limiter = maps.fuelMapSet.revLimiter;
+    if (RevLimiterIsUnsaved(maps.fuelMapSet))
+        bytes[static_cast<std::size_t>(limiter.offset)] = LowByte(limiter.raw);
+    return bytes;
+}
 
 TMappedImage::TMappedImage(std::span<const std::uint8_t> bytes) {
     const auto fitting =
@@ -25,22 +34,26 @@ std::span<const std::uint8_t> TMappedImage::Bytes() const {
     return std::span(contents_.image->data).first(static_cast<std::size_t>(contents_.image->size));
 }
 
+void TMappedImage::ShowAs(const TWorkspace &others) {
+    maps_->fuelMapSet.SetShowConverted(others.fuelMapSet.showConverted);
+    maps_->timingMapSet.SetShowConverted(others.timingMapSet.showConverted);
+}
+
 void TMappedImage::PlaceAs(const TWorkspace &others) {
     contents_.timing = TimingConstants();
     InForce([&] {
-        PlaceSet(maps_.fuelMapSet, others.fuelMapSet);
-        PlaceSet(maps_.timingMapSet, others.timingMapSet);
+        PlaceSet(maps_->fuelMapSet, others.fuelMapSet);
+        PlaceSet(maps_->timingMapSet, others.timingMapSet);
         if (others.fuelMapSet.HasRevLimiter())
-            maps_.fuelMapSet.revLimiter.SetOffset(others.fuelMapSet.revLimiter.offset);
+            maps_->fuelMapSet.revLimiter.SetOffset(others.fuelMapSet.revLimiter.offset);
     });
+    ShowAs(others);
 }
 
 void TMappedImage::PlaceBySpec(const std::filesystem::path &spec) {
     TSpecReading reading;
-    InForce([&] { reading = ReadSpec(spec, maps_); });
-    for (TMapSet *set :
-         {static_cast<TMapSet *>(&maps_.fuelMapSet), static_cast<TMapSet *>(&maps_.timingMapSet)})
-        set->SetShowConverted(set->showConverted);
+    InForce([&] { reading = ReadSpec(spec, *maps_); });
+    ShowAs(*maps_); // cells that were just read show counts
     if (reading.error)
         std::rethrow_exception(reading.error);
 }

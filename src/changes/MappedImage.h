@@ -7,7 +7,13 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <span>
+#include <vector>
+
+/// The bytes of the file that is in memory as they are committed: with the rev limiter, which a
+/// commit takes and only "Save ROM" writes into the image.
+std::vector<std::uint8_t> CommittedBytes(const TWorkspace &maps);
 
 class TMappedImage {
 public:
@@ -16,12 +22,14 @@ public:
 
     std::span<const std::uint8_t> Bytes() const;
     /// Placed in this image; what they hold was read from it.
-    const TWorkspace &Maps() const { return maps_; }
+    const TWorkspace &Maps() const { return *maps_; }
     const TTimingConstants &Timing() const { return contents_.timing; }
 
+    /// Shows counts or units as the other maps do, now and once they are placed.
+    void ShowAs(const TWorkspace &others);
+
     /// Places the maps and the rev limiter where those of the image in force are, through the same
-    /// pointers where these are placed so. The timing constants and what is shown, counts or units,
-    /// become the same.
+    /// pointers where these are placed so, shown as these are, with the same timing constants.
     void PlaceAs(const TWorkspace &others);
 
     /// Places them by a spec file. Throws EFileError or EConvertError as reading it does: the
@@ -33,5 +41,5 @@ public:
 
 private:
     mutable TROMContents contents_; ///< goes away only while it is in force
-    TWorkspace maps_;
+    std::unique_ptr<TWorkspace> maps_ = std::make_unique<TWorkspace>();
 };

@@ -22,6 +22,9 @@ public:
     void btnSavePTClick() override;
     void btnResetPTClick() override;
 
+    /// Enters an engine speed into the box of the rev limiter, as if it were typed.
+    void EnterRevLimiter(int rpm) { RevBox().setValue(rpm); }
+
 protected:
     /// The rev limiter too.
     bool AnyChanged() const override { return TfrmMaps::AnyChanged() || RevChanged; }
@@ -30,7 +33,10 @@ protected:
     TRevState RevState() override;
     void SetRevState(const TRevState &state) override;
     void CopyMap(TMapKind kind) override { CopyTo(workspace.fuelPasteSlots, *FuelMapSet, kind); }
-    void PasteMap(TMapKind kind) override { PasteFrom(workspace.fuelPasteSlots, kind, tr("Fuel")); }
+    void PasteMap(TMapKind kind) override {
+        Paste(workspace.fuelPasteSlots[kind].get(), kind, Panel(kind).pasteAction->text());
+    }
+    QString SetName() const override { return tr("Fuel"); }
     QString DepthTitle() const override { return tr("% Load"); }
 
 private:

@@ -281,20 +281,20 @@ void TfrmMaps::CopyTo(TPasteSlots &buffer, TMapSet &from, TMapKind kind) {
     buffer[kind] = std::move(copy);
 }
 
-void TfrmMaps::PasteFrom(TPasteSlots &buffer, TMapKind kind, const QString &setName) {
-    const TMap *buffered = buffer[kind].get();
+bool TfrmMaps::Paste(const TMap *pasted, TMapKind kind, const QString &step) {
     TMap &map = Map(kind);
-    const std::string problem = WhyNoPaste(buffered, map, setName.toStdString(), kind);
+    const std::string problem = WhyNoPaste(pasted, map, SetName().toStdString(), kind);
     if (!problem.empty()) {
         Dialogs().ShowMessage(QString::fromStdString(problem));
-        return;
+        return false;
     }
     Panel(kind).grid->CloseEditor();
-    history.Run(Panel(kind).pasteAction->text(), [&] {
-        buffered->AssignTo(map);
+    history.Run(step, [&] {
+        pasted->AssignTo(map);
         ShapeRow(kind);
         FillMap(kind);
         RedrawMapChart(kind);
         Changed(kind) = true;
     });
+    return true;
 }

@@ -102,6 +102,9 @@ public:
     /// Enters texts that are numbers as if each were typed, but as one step, drawing once.
     /// The bottom line says what fits no byte, as after each edit.
     void EnterTexts(TMapKind kind, const std::vector<TCellText> &texts, const QString &step);
+    /// Lets the page's map of `kind` take over the values and axes of another one as the step
+    /// `step`, not committed; a message says why not, and false comes back. None is an empty slot.
+    bool Paste(const TMap *map, TMapKind kind, const QString &step);
     /// Accepts and closes the open edit of a cell, if there is one.
     void CloseEditors();
     /// What the bottom line says of these cells: the StoredNote of the first that has one, and how
@@ -130,9 +133,8 @@ protected:
     virtual void PasteMap(TMapKind) {}
     /// Puts a copy of a map into its slot; the copy of a one-axis map gets its one load point anew.
     static void CopyTo(TPasteSlots &buffer, TMapSet &from, TMapKind kind);
-    /// Lets the page's map of `kind` take over its slot's map, or says why not. `setName` is "Fuel"
-    /// or "Timing".
-    void PasteFrom(TPasteSlots &buffer, TMapKind kind, const QString &setName);
+    /// "Fuel" or "Timing".
+    virtual QString SetName() const { return {}; }
     /// Whether anything is uncommitted, which is what QueryClose asks about.
     virtual bool AnyChanged() const { return PTChanged || IdleChanged || FTChanged; }
     /// Commits the three maps; derived pages what else is uncommitted, behind them.

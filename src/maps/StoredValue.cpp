@@ -67,3 +67,17 @@ std::string StoredNote(const TMap &map, int column, int row, const std::string &
     const TVal *value = map.data->values->GetItem(column - 1, row - 1);
     return value ? StoredNote(*value, map.GetCellFormat(), text, time) : std::string();
 }
+
+std::string EntryFor(const TVal &value, const std::string &picture, std::uint8_t byte) {
+    constexpr int mostMoreDigits = 15;
+    const std::unique_ptr<TVal> wanted = value.CreateCopy();
+    wanted->raw = byte;
+    std::string digits = picture;
+    for (int more = 0; more <= mostMoreDigits; ++more, digits += '0') {
+        const std::string text = FormatReal(digits, wanted->GetValue());
+        const std::unique_ptr<TVal> taken = Taken(value, ParseReal(text));
+        if (taken && taken->raw == byte)
+            return text;
+    }
+    return {};
+}

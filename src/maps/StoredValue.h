@@ -1,9 +1,10 @@
 // What becomes of a number that is shown when it is stored in a byte: in words, where the byte will
-// not show that number again. Nothing is stored here.
+// not show that number again, and which number to enter for a byte. Nothing is stored here.
 #pragma once
 
 #include "model/MapTypes.h"
 
+#include <cstdint>
 #include <string>
 
 /// Whether the note is read before or after "Commit".
@@ -21,3 +22,8 @@ std::string StoredNote(const TVal &value, const std::string &picture, const std:
 /// headers too.
 std::string StoredNote(const TMap &map, int column, int row, const std::string &text,
                        TNoteTime time = TNoteTime::Before);
+
+/// What is to be entered where `value` is shown so that `byte` is stored: as `picture` shows it
+/// where that is exact enough, else with as many more digits as it takes. Empty where no number
+/// gives that byte: an angle without a divider.
+std::string EntryFor(const TVal &value, const std::string &picture, std::uint8_t byte);

@@ -25,7 +25,8 @@ protected:
         CopyTo(workspace.timingPasteSlots, *TimingMapSet, kind);
     }
     void PasteMap(TMapKind kind) override {
-        PasteFrom(workspace.timingPasteSlots, kind, tr("Timing"));
+        Paste(workspace.timingPasteSlots[kind].get(), kind, Panel(kind).pasteAction->text());
     }
+    QString SetName() const override { return tr("Timing"); }
     QString DepthTitle() const override { return tr("% Throttle"); }
 };

@@ -131,8 +131,10 @@ std::vector<TStateText> StateTexts(const TProgramState &state) {
     std::vector<TStateText> texts;
     AddWarnings(texts, state);
     AddEdits(texts, state.edited);
-    if (state.unsavedBytes > 0)
+    if (state.unsavedBytes > 0) {
         texts.push_back(NumberText(state.unsavedBytes, bytesNotSaved));
+        texts.back().tab = changesTab;
+    }
     if (state.unsavedRevLimiter)
         texts.push_back(
             {Translated("ProgramState", "Max RPM not saved"),

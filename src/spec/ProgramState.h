@@ -40,6 +40,9 @@ struct TProgramState {
     std::string elsewhere = {}; ///< the spec's folder, where that is not the image's
 };
 
+/// In place of a tab: the page "Changes", which is added when it is called for.
+inline constexpr int changesTab = -1;
+
 /// One piece of the state.
 struct TStateText {
     std::string brief;    ///< for the bottom line; may be empty

@@ -19,13 +19,6 @@
 namespace {
 namespace fs = std::filesystem;
 
-/// False only for what surely is not there: a file that cannot be looked at may exist.
-bool MayExist(const fs::path &name) {
-    std::error_code error;
-    const fs::file_type type = fs::status(name, error).type();
-    return type != fs::file_type::not_found && error != std::errc::filename_too_long;
-}
-
 /// The folder whose spec files are listed: the process's current one. One that has been deleted
 /// gives way to the folder of `image`, else to the user's own.
 fs::path ListedFolder(const fs::path &image) {

@@ -1,11 +1,14 @@
 #include "spec/main.h"
 
+#include "changes/ChangesPage.h"
+#include "changes/ComparePage.h"
 #include "filedisplay/FileDisplay.h"
 #include "forms/Commands.h"
 #include "forms/Dialogs.h"
 #include "forms/FrameRoom.h"
 #include "forms/Guard.h"
 #include "forms/PageControl.h"
+#include "forms/Paths.h"
 #include "maps/FuelMaps.h"
 #include "maps/FuelMapsGraphical.h"
 #include "maps/TimingMaps.h"
@@ -86,7 +89,12 @@ void TfrmNotebook::FormCreate() {
     AddPage(std::make_unique<TfrmFileContents>(nullptr, workspace, printing_), "TabSheet1",
             tr("File Contents"));
     btnState_ = new TStateButton(StatusBar1);
-    btnState_->OnChoose = [this](int tab) { PageControl1->SelectByUser(tab); };
+    btnState_->OnChoose = [this](int tab) {
+        if (tab == changesTab)
+            ShowChanges();
+        else
+            PageControl1->SelectByUser(tab);
+    };
     StatusBar1->addPermanentWidget(btnState_);
     AddCommands();
     setAcceptDrops(true);
@@ -108,6 +116,15 @@ void TfrmNotebook::AddCommands() {
                     btnState_->OpenList();
                 }});
     AddCommandLine(*this);
+    AddCommand(*this, {.name = "actChanges",
+                       .text = tr("Cha&nges"),
+                       .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_D},
+                       .run = [this] { ShowChanges(); }});
+    AddCommand(*this, {.name = "actCompare",
+                       .text = tr("Compa&re"),
+                       .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_O},
+                       .run = [this] { ShowCompare({}); }});
+    AddCommandLine(*this);
     addAction(actGuide); // behind these
     AddCommand(*this, {.name = "actAbout", .text = tr("&About"), .keys = {}, .run = [this] {
                            ShowAbout();
@@ -128,6 +145,33 @@ bool TfrmNotebook::MaySave() const {
     if (CurrentPage() == rom_)
         return rom_->findChild<QPushButton *>("btnSave")->isEnabled();
     return AnyDataChanged() || !StateOfWork(*this, *rom_, workspace).edited.empty();
+}
+
+template <class TPage>
+TPage *TfrmNotebook::GoToOnly(const QString &tabName, const QString &caption) {
+    TPage *page = nullptr;
+    for (int tab = 0; tab < PageCount(); ++tab)
+        if (auto *found = dynamic_cast<TPage *>(Page(tab)))
+            page = found;
+    if (!page) {
+        auto made = std::make_unique<TPage>(nullptr, workspace);
+        page = made.get();
+        AddPage(std::move(made), tabName, caption);
+    }
+    PageControl1->SelectByUser(PageIndex(page));
+    return CurrentPage() == page ? page : nullptr;
+}
+
+void TfrmNotebook::ShowChanges() {
+    GoToOnly<TfrmChanges>("tabChanges", tr("Changes"));
+}
+
+void TfrmNotebook::ShowCompare(std::optional<TOtherImage> with) {
+    auto *page = GoToOnly<TfrmCompare>("tabCompare", tr("Compare"));
+    if (page && with)
+        page->CompareWith(std::move(*with));
+    else if (page && !page->HasOther())
+        page->btnOtherClick();
 }
 
 void TfrmNotebook::LoadDropped(const QString &fileName) {
@@ -155,9 +199,15 @@ void TfrmNotebook::dragEnterEvent(QDragEnterEvent *event) {
 void TfrmNotebook::dropEvent(QDropEvent *event) {
     event->acceptProposedAction();
     // Behind the event: whoever dropped it must not wait for our questions.
-    QTimer::singleShot(0, this, [this, name = ImageIn(*event->mimeData())] {
+    const bool compare = event->modifiers().testFlag(Qt::ShiftModifier);
+    QTimer::singleShot(0, this, [this, compare, name = ImageIn(*event->mimeData())] {
         activateWindow();
-        Guarded([&] { LoadDropped(name); });
+        Guarded([&] {
+            if (compare)
+                ShowCompare(TOtherImage(ToPath(name)));
+            else
+                LoadDropped(name);
+        });
     });
 }
 

@@ -3,6 +3,7 @@
 // is ferrolyn.cpp.
 #pragma once
 
+#include "changes/OtherImage.h"
 #include "forms/KelvaneNotebook.h"
 #include "forms/Printing.h"
 #include "model/Workspace.h"
@@ -10,6 +11,7 @@
 #include "spec/ThdTimer.h"
 
 #include <memory>
+#include <optional>
 
 class TfrmROMInformation;
 class TStateButton;
@@ -42,6 +44,11 @@ public:
     /// Loads an image file that was dropped on the window as "Load ROM Image" does, from the page
     /// "ROM Information", if the current page may be left.
     void LoadDropped(const QString &fileName);
+    /// The page "Changes"; adds it unless it is there.
+    void ShowChanges();
+    /// The page "Compare", likewise. `with` is the other image; none asks for a file, unless the
+    /// page is there already.
+    void ShowCompare(std::optional<TOtherImage> with);
     void StateChanged() override;
     /// The page "ROM Information" has no use for the notebook's own buttons.
     void tabROMInfoShow();
@@ -60,6 +67,10 @@ private:
     void Press(const char *button);
     /// Whether "Save ROM" is enabled on its page, or will be once that page is entered.
     bool MaySave() const;
+    /// Goes to the page of a class that has at most one; a new one gets this tab. None when the
+    /// current page is not left.
+    template <class TPage>
+    TPage *GoToOnly(const QString &tabName, const QString &caption);
     void ShowAbout();
     /// Gives the map pages their controls once the window is up, so that it comes up sooner.
     void PreparePages();

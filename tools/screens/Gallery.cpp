@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QSpinBox>
 #include <QTimer>
+#include <QTreeWidget>
 
 namespace {
 enum TPage { pageROM, pageFuel, pageTiming, pageFuelChart, pageTimingChart, pageContents };
@@ -116,6 +117,7 @@ void TGallery::Visit(const TVisitor &visitor) {
     ShowWindows(visitor);
     ShowBoxes(visitor);
     ShowMenus(visitor);
+    ShowChanges(visitor);
 }
 
 void TGallery::ShowPages(const TVisitor &visitor) {
@@ -224,4 +226,26 @@ void TGallery::ShowMenus(const TVisitor &visitor) {
     show(contents);
     for (QMenu *menu : contents.findChildren<QMenu *>())
         show(*menu);
+}
+
+void TGallery::ShowChanges(const TVisitor &visitor) {
+    const TMap &map = *window_->workspace.fuelMapSet.PTMap;
+    for (const auto &[cell, step] : {std::pair(15, 4), {16, 6}, {17, 4}, {27, -5}, {28, -7}}) {
+        const int offset = map.data->offset + cell;
+        ROMImage()->Poke(offset, static_cast<std::uint8_t>(ROMImage()->Peek(offset) + step));
+    }
+    ROMImage()->Poke(window_->workspace.fuelMapSet.revLimiter.offset, 170);
+    ROMImage()->Poke(1, 0xA5);
+    window_->ShowChanges();
+    const int page = window_->PageControl1->currentIndex();
+    Find<TStringAlignGrid>("grdChanges", page).SetCurrent(2, 4);
+    Settle();
+    visitor("40-changes", *window_);
+    Find<QTreeWidget>("lstChanges", page)
+        .setCurrentItem(Find<QTreeWidget>("lstChanges", page).topLevelItem(2));
+    Settle();
+    visitor("41-changes-elsewhere", *window_);
+    window_->ShowCompare(TOtherImage(samples_.filePath("FERRO64K.BIN").toStdString()));
+    Settle();
+    visitor("42-compare", *window_);
 }

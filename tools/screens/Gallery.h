@@ -45,6 +45,7 @@ private:
     void ShowWindows(const TVisitor &visitor);
     void ShowBoxes(const TVisitor &visitor);
     void ShowMenus(const TVisitor &visitor);
+    void ShowChanges(const TVisitor &visitor);
 
     QString oldFolder_;
     QDir samples_;

@@ -1,0 +1,84 @@
+#include "changes/DifferencesPage.h"
+
+#include "changes/ChangesTexts.h"
+#include "forms/Guard.h"
+#include "forms/Hint.h"
+#include "forms/KelvaneNotebook.h"
+#include "forms/Named.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+TfrmDifferences::TfrmDifferences(QWidget *parent, TWorkspace &sharedWorkspace)
+    : TEmbeddedForm(parent),
+      workspace(sharedWorkspace),
+      view_(new TDifferencesView(this)),
+      lblTotal_(Named("lblTotal", new QLabel(this))),
+      buttons_(new TFoldingLine(this)),
+      btnExport_(new TExportButton(this)) {
+    btnExport_->OnExport = [this] { return Exported(); };
+    view_->OnChoose = [this] { UpdateButtons(); };
+    lblTotal_->setWordWrap(true);
+    auto *btnClose = Named("btnClose", new QPushButton(tr("Close Page"), this));
+    SetHint(btnClose, tr("Close this page"));
+    ConnectGuarded(btnClose, &QPushButton::clicked, this, [this] { btnCloseClick(); });
+    buttons_->End().addWidget(btnExport_);
+    buttons_->End().addWidget(btnClose);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(lblTotal_);
+    column->addWidget(view_, 1);
+    column->addWidget(buttons_);
+}
+
+QPushButton *TfrmDifferences::AddButton(const char *name, const QString &text, const QString &hint,
+                                        const std::function<void()> &click) {
+    auto *button = Named(name, new QPushButton(text, this));
+    SetHint(button, hint);
+    ConnectGuarded(button, &QPushButton::clicked, this, click);
+    buttons_->Start().addWidget(button);
+    return button;
+}
+
+void TfrmDifferences::AddOnTop(QWidget *controls) {
+    static_cast<QVBoxLayout *>(layout())->insertWidget(0, controls);
+}
+
+void TfrmDifferences::ShowPage() {
+    Compare();
+    TEmbeddedForm::ShowPage();
+}
+
+TMappedImage TfrmDifferences::Here() const {
+    TMappedImage here(CommittedBytes(workspace));
+    here.PlaceAs(workspace);
+    return here;
+}
+
+void TfrmDifferences::Compare() {
+    view_->Show(nullptr);
+    shown_.reset();
+    if (!ROMImage() || ROMImage()->size == 0) {
+        lblTotal_->setText(tr("No ROM image is loaded"));
+    } else if (!HasOther()) {
+        lblTotal_->setText(tr("No other image is chosen"));
+    } else {
+        shown_.emplace(Here(), There());
+        lblTotal_->setText(QString::fromStdString(TotalText(shown_->changes, FileThere())));
+        view_->Show(&*shown_);
+    }
+    btnExport_->setEnabled(shown_.has_value());
+    UpdateButtons();
+}
+
+TExported TfrmDifferences::Exported() const {
+    const std::string nameHere = workspace.romFileName.string();
+    if (ThereIsBefore())
+        return {shown_->there, shown_->here, FileThere(), nameHere};
+    return {shown_->here, shown_->there, nameHere, FileThere()};
+}
+
+void TfrmDifferences::btnCloseClick() {
+    if (TfrmKelvaneNotebook *host = Notebook())
+        host->CloseTab(host->PageIndex(this));
+}

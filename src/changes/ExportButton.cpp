@@ -1,0 +1,62 @@
+#include "changes/ExportButton.h"
+
+#include "changes/Patch.h"
+#include "forms/Dialogs.h"
+#include "forms/Guard.h"
+#include "forms/Hint.h"
+#include "forms/Paths.h"
+#include "system/SafeFile.h"
+#include "system/Sha256.h"
+
+#include <QMenu>
+
+namespace {
+namespace fs = std::filesystem;
+
+void WriteText(const fs::path &target, const std::string &text) {
+    WriteFileSafely(target, {reinterpret_cast<const std::uint8_t *>(text.data()), text.size()});
+}
+
+void WritePatch(const fs::path &target, const TExported &exported) {
+    const auto before = exported.before.Bytes();
+    const auto after = exported.after.Bytes();
+    if (before.size() != after.size())
+        throw EPatchError(
+            TExportButton::tr("A patch needs two images of the same length").toStdString());
+    WriteText(target, PatchText(MakePatch(fs::path(exported.nameBefore).filename().string(),
+                                          Sha256(before), before, after)));
+}
+} // namespace
+
+TExportButton::TExportButton(QWidget *page)
+    : QPushButton(tr("&Export"), page), dlgExport_(new TSaveDialog(page, "dlgExport")) {
+    setObjectName("btnExport");
+    SetHint(this, tr("Write the differences into a file: patch, table or printed pages"));
+    auto *formats = new QMenu(this);
+    formats->setObjectName("mnuExport");
+    setMenu(formats);
+    AddFormat("actPatch", tr("&Patch..."), ".patch", tr("Patches (*.patch)|*.patch"), WritePatch);
+}
+
+void TExportButton::AddFormat(const char *name, const QString &text, const QString &extension,
+                              const QString &filter, TWriter write) {
+    QAction *action = menu()->addAction(text);
+    action->setObjectName(name);
+    ConnectGuarded(action, &QAction::triggered, this, [this, extension, filter, write] {
+        if (const std::optional<fs::path> target = AskForTarget(extension, filter))
+            write(*target, OnExport());
+    });
+}
+
+std::optional<fs::path> TExportButton::AskForTarget(const QString &extension,
+                                                    const QString &filter) {
+    dlgExport_->defaultExt = extension;
+    dlgExport_->title = tr("Export Differences");
+    dlgExport_->filter = filter;
+    if (!dlgExport_->Execute())
+        return std::nullopt;
+    const fs::path target = ToPath(dlgExport_->fileName);
+    const bool write =
+        !MayExist(target) || Dialogs().AskYesNo(tr("Overwrite existing file?")) == TAnswer::Yes;
+    return write ? std::optional(target) : std::nullopt;
+}
