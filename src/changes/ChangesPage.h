@@ -12,7 +12,7 @@ public:
     TfrmChanges(QWidget *parent, TWorkspace &workspace);
 
     void ShowPage() override;
-    int GuideChapter() const override { return 10; }
+    int GuideChapter() const override { return 17; }
 
     /// The file's bytes come back into the image in memory: of the selected cells, or of all that
     /// is chosen in the list.

@@ -35,20 +35,19 @@ bool BothHave(const TMapChanges &map) {
 } // namespace
 
 TfrmCompare::TfrmCompare(QWidget *parent, TWorkspace &sharedWorkspace)
-    : TfrmDifferences(parent, sharedWorkspace),
-      cboSpec_(Named("cboSpec", new QComboBox(this))),
-      btnTakeCells_(AddButton("btnTakeCells", tr("Take Over &Cells"),
-                              tr("Enter the values there into the selected cells of the map page"),
-                              [this] { btnTakeCellsClick(); })),
-      btnTakeAll_(AddButton("btnTakeAll", tr("&Take Over All"),
-                            tr("Enter all that is chosen in the list into the map page"),
-                            [this] { btnTakeAllClick(); })) {
+    : TfrmDifferences(parent, sharedWorkspace), cboSpec_(Named("cboSpec", new QComboBox(this))) {
     setObjectName("frmCompare");
-    AddOnTop(MakeOtherLine());
+    MakeOtherLine();
+    btnTakeCells_ = AddButton("btnTakeCells", tr("Take Over &Cells"),
+                              tr("Enter the values there into the selected cells of the map page"),
+                              [this] { btnTakeCellsClick(); });
+    btnTakeAll_ = AddButton("btnTakeAll", tr("&Take Over All"),
+                            tr("Enter all that is chosen in the list into the map page"),
+                            [this] { btnTakeAllClick(); });
     FillSpecs();
 }
 
-QWidget *TfrmCompare::MakeOtherLine() {
+void TfrmCompare::MakeOtherLine() {
     auto *line = new QWidget(this);
     auto *btnOther = Named("btnOther", new QPushButton(tr("&Other Image..."), line));
     SetHint(btnOther, tr("Choose the image file to compare with"));
@@ -63,7 +62,7 @@ QWidget *TfrmCompare::MakeOtherLine() {
     row->addStretch(1);
     row->addWidget(label);
     row->addWidget(cboSpec_, 2);
-    return line;
+    AddOnTop(line, btnOther, cboSpec_);
 }
 
 void TfrmCompare::FillSpecs() {

@@ -14,7 +14,7 @@ public:
     /// `workspace` outlives the page. There is no other image yet.
     TfrmCompare(QWidget *parent, TWorkspace &workspace);
 
-    int GuideChapter() const override { return 10; }
+    int GuideChapter() const override { return 17; }
 
     /// Compares with another image, its maps placed as those in force.
     void CompareWith(TOtherImage other);
@@ -34,7 +34,7 @@ protected:
     void UpdateButtons() override;
 
 private:
-    QWidget *MakeOtherLine();
+    void MakeOtherLine();
     void FillSpecs();
     /// Goes to the page that edits the maps of a set; none when the user stays here.
     TfrmMaps *GoToMaps(TMapSetKind set);

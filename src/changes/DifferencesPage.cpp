@@ -5,6 +5,7 @@
 #include "forms/Hint.h"
 #include "forms/KelvaneNotebook.h"
 #include "forms/Named.h"
+#include "forms/TabOrder.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -16,15 +17,15 @@ TfrmDifferences::TfrmDifferences(QWidget *parent, TWorkspace &sharedWorkspace)
       view_(new TDifferencesView(this)),
       lblTotal_(Named("lblTotal", new QLabel(this))),
       buttons_(new TFoldingLine(this)),
-      btnExport_(new TExportButton(this)) {
+      btnExport_(new TExportButton(this)),
+      btnClose_(Named("btnClose", new QPushButton(tr("Close Page"), this))) {
     btnExport_->OnExport = [this] { return Exported(); };
     view_->OnChoose = [this] { UpdateButtons(); };
     lblTotal_->setWordWrap(true);
-    auto *btnClose = Named("btnClose", new QPushButton(tr("Close Page"), this));
-    SetHint(btnClose, tr("Close this page"));
-    ConnectGuarded(btnClose, &QPushButton::clicked, this, [this] { btnCloseClick(); });
+    SetHint(btnClose_, tr("Close this page"));
+    ConnectGuarded(btnClose_, &QPushButton::clicked, this, [this] { btnCloseClick(); });
     buttons_->End().addWidget(btnExport_);
-    buttons_->End().addWidget(btnClose);
+    buttons_->End().addWidget(btnClose_);
     auto *column = new QVBoxLayout(this);
     column->addWidget(lblTotal_);
     column->addWidget(view_, 1);
@@ -37,11 +38,14 @@ QPushButton *TfrmDifferences::AddButton(const char *name, const QString &text, c
     SetHint(button, hint);
     ConnectGuarded(button, &QPushButton::clicked, this, click);
     buttons_->Start().addWidget(button);
+    MoveToTabEnd(*this, {btnExport_, btnClose_});
     return button;
 }
 
-void TfrmDifferences::AddOnTop(QWidget *controls) {
+void TfrmDifferences::AddOnTop(QWidget *controls, QWidget *first, QWidget *second) {
     static_cast<QVBoxLayout *>(layout())->insertWidget(0, controls);
+    SetTabSequence({first, second});
+    view_->TabFrom(second);
 }
 
 void TfrmDifferences::ShowPage() {
@@ -58,6 +62,7 @@ TMappedImage TfrmDifferences::Here() const {
 void TfrmDifferences::Compare() {
     view_->Show(nullptr);
     shown_.reset();
+    lblTotal_->clear(); // finding the other image may fail
     if (!ROMImage() || ROMImage()->size == 0) {
         lblTotal_->setText(tr("No ROM image is loaded"));
     } else if (!HasOther()) {

@@ -43,8 +43,9 @@ protected:
     /// Adds a button to the line below, in front of "Close Page".
     QPushButton *AddButton(const char *name, const QString &text, const QString &hint,
                            const std::function<void()> &click);
-    /// Adds a line of controls above all.
-    void AddOnTop(QWidget *controls);
+    /// Adds a line of controls above all, before any button; Tab comes to `first` and `second`
+    /// before the others.
+    void AddOnTop(QWidget *controls, QWidget *first, QWidget *second);
 
     TWorkspace &workspace;
 
@@ -55,5 +56,6 @@ private:
     QLabel *lblTotal_;
     TFoldingLine *buttons_;
     TExportButton *btnExport_;
+    QPushButton *btnClose_;
     std::optional<TComparison> shown_;
 };

@@ -6,6 +6,7 @@
 #include "forms/Guard.h"
 #include "forms/Hint.h"
 #include "forms/Named.h"
+#include "forms/TabOrder.h"
 #include "maps/ChartData.h"
 #include "maps/MapCellNames.h"
 #include "maps/MapGrid.h"
@@ -72,6 +73,7 @@ void TDifferencesView::MakeList() {
     lstChanges_->setRootIsDecorated(false);
     lstChanges_->setAllColumnsShowFocus(true);
     lstChanges_->setAccessibleName(tr("What differs"));
+    lstChanges_->setFixedHeight((elsewhereItem + 3) * (fontMetrics().height() + 2)); // all lines
     SetHint(lstChanges_, tr("What differs: maps, rev limiter, the rest of the image"));
     ConnectGuarded(lstChanges_, &QTreeWidget::currentItemChanged, this, [this] { ShowChosen(); });
 }
@@ -102,8 +104,8 @@ void TDifferencesView::MakeTable() {
 
 QWidget *TDifferencesView::MakeLegend() {
     auto *legend = new QWidget(this);
-    auto *row = new QHBoxLayout(legend);
-    row->setContentsMargins(0, 0, 0, 0);
+    auto *column = new QVBoxLayout(legend);
+    column->setContentsMargins(0, 0, 0, 0);
     const auto add = [&](const char *name, const QString &text, TColor color) {
         auto *label = Named(name, new QLabel(text, legend));
         QPalette colors = label->palette();
@@ -112,25 +114,29 @@ QWidget *TDifferencesView::MakeLegend() {
         label->setPalette(colors);
         label->setAutoFillBackground(true);
         label->setMargin(cellMargins / 2);
-        row->addWidget(label);
+        column->addWidget(label);
     };
     add("lblHigher", tr("higher here"), higherColor);
     add("lblLower", tr("lower here"), lowerColor);
-    row->addWidget(new QLabel(tr("beneath: the value there"), legend));
-    row->addStretch(1);
+    column->addWidget(Named("lblBeneath", new QLabel(tr("beneath: the value there"), legend)));
     return legend;
 }
 
 void TDifferencesView::LayOut() {
+    auto *left = new QWidget(this);
+    auto *leftColumn = new QVBoxLayout(left);
+    leftColumn->setContentsMargins(0, 0, 0, 0);
+    leftColumn->addWidget(lstChanges_);
+    leftColumn->addWidget(MakeLegend());
+    leftColumn->addStretch(1);
     auto *right = new QWidget(this);
     auto *column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(MakeLegend());
     column->addWidget(grdChanges_, 3);
     column->addWidget(lblCell_);
     column->addWidget(chtChanges_, 2);
     auto *sides = new QSplitter(this);
-    sides->addWidget(lstChanges_);
+    sides->addWidget(left);
     sides->addWidget(right);
     sides->setStretchFactor(1, 1);
     sides->setChildrenCollapsible(false);
@@ -153,6 +159,10 @@ void TDifferencesView::Show(const TComparison *comparison) {
                 lstChanges_->setCurrentItem(item);
     }
     ShowChosen();
+}
+
+void TDifferencesView::TabFrom(QWidget *control) {
+    SetTabSequence({control, lstChanges_, grdChanges_, chtChanges_});
 }
 
 void TDifferencesView::FillList() {

@@ -40,6 +40,9 @@ public:
     /// in the list stays chosen where it still differs, else the first one is.
     void Show(const TComparison *comparison);
 
+    /// Tab goes from this control into the view.
+    void TabFrom(QWidget *control);
+
     enum class TKind { None, Map, RevLimiter, Elsewhere };
     /// What is chosen in the list.
     TKind Chosen() const;

@@ -7,7 +7,7 @@
 
 TOtherImage::TOtherImage(const std::filesystem::path &file)
     : name_(file.string()), bytes_(ReadWholeFile(file, TROMImage::capacity)) {
-    for (const TSpecEntry &entry : ScanSpecFiles(file.parent_path()).entries)
+    for (const TSpecEntry &entry : ScanSpecFiles(absolute(file).parent_path()).entries)
         specs_.push_back({entry.label, entry.path});
 }
 

@@ -17,6 +17,11 @@ namespace {
 constexpr int focusFrame = 2;
 constexpr QMargins shadeFrame(3, 3, 3, 3); // of a shaded cell, around a marked text
 
+/// Of the longest line.
+int TextWidth(const QFontMetrics &metrics, const QString &text) {
+    return text.contains('\n') ? metrics.size(0, text).width() : metrics.horizontalAdvance(text);
+}
+
 bool IsCurrent(const QStyleOptionViewItem &option, const QModelIndex &index) {
     const auto *view = qobject_cast<const QAbstractItemView *>(option.widget);
     return view && view->currentIndex() == index;
@@ -82,7 +87,7 @@ QRect TAligridDelegate::Inside(const QRect &rect) const {
 
 QRect TAligridDelegate::TextRect(const QStyleOptionViewItem &option, const QString &text) const {
     const QRect inside = Inside(option.rect);
-    const int room = inside.width() - option.fontMetrics.horizontalAdvance(text);
+    const int room = inside.width() - TextWidth(option.fontMetrics, text);
     const int margin = std::clamp(room / 2, 0, cellTextMargin);
     return inside.adjusted(margin, 0, -margin, 0);
 }
@@ -172,7 +177,7 @@ bool TAligridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const TGridCell cell = model_.CellOf(index);
     const QString text = model_.cells.Text(cell.column, cell.row);
-    const bool fits = option.fontMetrics.horizontalAdvance(text) <= TextRect(option, text).width();
+    const bool fits = TextWidth(option.fontMetrics, text) <= TextRect(option, text).width();
     QString hint = fits ? QString() : text;
     onHint(cell, hint);
     QToolTip::showText(event->globalPos(), hint, view, option.rect);

@@ -117,11 +117,11 @@ void TfrmNotebook::AddCommands() {
                 }});
     AddCommandLine(*this);
     AddCommand(*this, {.name = "actChanges",
-                       .text = tr("Cha&nges"),
+                       .text = tr("Sho&w Changes"),
                        .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_D},
                        .run = [this] { ShowChanges(); }});
     AddCommand(*this, {.name = "actCompare",
-                       .text = tr("Compa&re"),
+                       .text = tr("Co&mpare"),
                        .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_O},
                        .run = [this] { ShowCompare({}); }});
     AddCommandLine(*this);

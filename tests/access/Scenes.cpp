@@ -28,6 +28,8 @@ const std::vector<std::pair<TScene, const char *>> scenes{
     {TScene::TimingChart, "TimingChart"},
     {TScene::Contents, "Contents"},
     {TScene::AddedPage, "AddedPage"},
+    {TScene::Changes, "Changes"},
+    {TScene::Compare, "Compare"},
     {TScene::Tools, "Tools"},
     {TScene::DockedTools, "DockedTools"},
     {TScene::Key, "Key"},
@@ -133,6 +135,14 @@ QWidget &TSceneTest::OpenOwnWindow(TScene scene) {
         OnPage<QAction>("Fuel5").trigger();
         OnPage<QAction>("AllHighlighted1").trigger();
         SelectTab(contentsTab + 1);
+        return window;
+    case TScene::Changes:
+        ROMImage()->Poke(fuelPT + 11, 128);
+        window.ShowChanges();
+        return window;
+    case TScene::Compare:
+        ROMImage()->Poke(fuelPT + 11, 128);
+        window.ShowCompare(TOtherImage(folder / "A.BIN"));
         return window;
     case TScene::Tools:
     case TScene::DockedTools: {

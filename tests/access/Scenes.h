@@ -19,6 +19,8 @@ enum class TScene {
     TimingChart,
     Contents,
     AddedPage,
+    Changes,
+    Compare,
     Tools,
     DockedTools,
     Key,

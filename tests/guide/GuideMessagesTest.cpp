@@ -50,6 +50,13 @@ const TOtherText otherTexts[] = {
     {"Patch", "reading patch files, which no page offers yet"},
     {"PatchStore", "keeping patch files, which no page offers yet"},
     {"TMapCommands", "the menu of commands"},
+    {"TUndoCommands", "the menu of commands"},
+    {"MapTakeOver", "the menu of commands, behind Undo and Redo"},
+    {"Put Back Cells", "the menu of commands, behind Undo and Redo"},
+    {"Put Back All", "the menu of commands, behind Undo and Redo"},
+    {"ChangesTexts", "the pages Changes and Compare"},
+    {"MapChanges", "the pages Changes and Compare"},
+    {"TDifferencesView", "the pages Changes and Compare"},
     {"typing %1", "the menu of commands, behind Undo and Redo"},
     {"adjustment", "the menu of commands, behind Undo and Redo"},
 };

@@ -78,7 +78,7 @@ TEST_P(TFitTest, NoCellIsCutOff) {
                 continue;
             for (int row = 0; row < std::min(grid->RowCount(), 200); ++row)
                 for (int column = 0; column < grid->ColCount(); ++column)
-                    ASSERT_LE(grid->fontMetrics().horizontalAdvance(grid->Cell(column, row)),
+                    ASSERT_LE(grid->fontMetrics().size(0, grid->Cell(column, row)).width(),
                               grid->ColWidth(column))
                         << name.toStdString() << " " << grid->Cell(column, row).toStdString();
         }

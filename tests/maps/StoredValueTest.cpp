@@ -132,4 +132,33 @@ TEST_F(TStoredNoteTests, EveryByteIsShownAsItself) {
         }
     }
 }
+
+using TEntryTest = TStoredNoteTest;
+
+TEST_F(TEntryTest, GivesEachByteInAllUnits) {
+    for (const TShown shown : {TShown::Bytes, TShown::Trims, TShown::Degrees}) {
+        TMap &map = Shown(shown);
+        TVal &value = *map.data->values->GetItem(0, 0);
+        for (int byte = 0; byte < 256; ++byte) {
+            const auto wanted = static_cast<std::uint8_t>(byte);
+            value.SetValue(ParseReal(EntryFor(value, map.GetCellFormat(), wanted)));
+            ASSERT_EQ(value.raw, byte);
+        }
+    }
+}
+
+TEST_F(TEntryTest, IsAsShownWhereThatIsEnough) {
+    TMap &map = Shown(TShown::Trims);
+    const TVal &value = *map.data->values->GetItem(0, 0);
+    EXPECT_EQ(EntryFor(value, "###0.00", 128), "1.00");
+    EXPECT_EQ(EntryFor(value, "###0.00", 67), "0.52");
+    EXPECT_EQ(EntryFor(value, "###0.00", 66), "0.516");
+}
+
+TEST_F(TEntryTest, IsNoneOfAnAngleWithoutADivider) {
+    TimingConstants() = {};
+    TMap &map = Shown(TShown::Degrees);
+    EXPECT_EQ(EntryFor(*map.data->values->GetItem(0, 0), "###0.0", 7), "");
+    EXPECT_TRUE(Messages().empty());
+}
 } // namespace

@@ -30,6 +30,8 @@ enum class TForm {
     Key,
     Tools,
     Window,
+    Changes,
+    Compare,
     Offsets,
     Splash
 };
@@ -311,8 +313,52 @@ const TControl controls[] = {
     {TForm::Window, "actLoad", "QAction", "&Load ROM Image", nullptr, ""},
     {TForm::Window, "actSave", "QAction", "&Save ROM", nullptr, ""},
     {TForm::Window, "actState", "QAction", "S&tate", nullptr, ""},
+    {TForm::Window, "actChanges", "QAction", "Sho&w Changes", nullptr, ""},
+    {TForm::Window, "actCompare", "QAction", "Co&mpare", nullptr, ""},
     {TForm::Window, "actGuide", "QAction", "&Guide", nullptr, ""},
     {TForm::Window, "actAbout", "QAction", "&About", nullptr, ""},
+
+    {TForm::Changes, "lblTotal", "QLabel", "No ROM image is loaded", "", ""},
+    {TForm::Changes, "lstChanges", "QTreeWidget", nullptr,
+     "What differs: maps, rev limiter, the rest of the image", ""},
+    {TForm::Changes, "lblHigher", "QLabel", "higher here", "", ""},
+    {TForm::Changes, "lblLower", "QLabel", "lower here", "", ""},
+    {TForm::Changes, "lblBeneath", "QLabel", "beneath: the value there", "", ""},
+    {TForm::Changes, "grdChanges", "TStringAlignGrid", nullptr,
+     "Values here; where they differ, those there beneath", ""},
+    {TForm::Changes, "lblCell", "QLabel", "", "", ""},
+    {TForm::Changes, "chtChanges", "TAreaChart", nullptr, nullptr, "h"},
+    {TForm::Changes, "btnExport", "QPushButton", "&Export",
+     "Write the differences into a file: patch, table or printed pages", "d"},
+    {TForm::Changes, "actPatch", "QAction", "&Patch...", nullptr, ""},
+    {TForm::Changes, "btnClose", "QPushButton", "Close Page", "Close this page", ""},
+    {TForm::Changes, "btnPutBackCells", "QPushButton", "Put Back &Cells",
+     "Give the selected cells their values of the file again", "d"},
+    {TForm::Changes, "btnPutBack", "QPushButton", "Put &Back All",
+     "Give all that is chosen in the list its bytes of the file again", "d"},
+
+    {TForm::Compare, "lblTotal", "QLabel", "No ROM image is loaded", "", ""},
+    {TForm::Compare, "lstChanges", "QTreeWidget", nullptr,
+     "What differs: maps, rev limiter, the rest of the image", ""},
+    {TForm::Compare, "lblHigher", "QLabel", "higher here", "", ""},
+    {TForm::Compare, "lblLower", "QLabel", "lower here", "", ""},
+    {TForm::Compare, "lblBeneath", "QLabel", "beneath: the value there", "", ""},
+    {TForm::Compare, "grdChanges", "TStringAlignGrid", nullptr,
+     "Values here; where they differ, those there beneath", ""},
+    {TForm::Compare, "lblCell", "QLabel", "", "", ""},
+    {TForm::Compare, "chtChanges", "TAreaChart", nullptr, nullptr, "h"},
+    {TForm::Compare, "btnExport", "QPushButton", "&Export",
+     "Write the differences into a file: patch, table or printed pages", "d"},
+    {TForm::Compare, "actPatch", "QAction", "&Patch...", nullptr, ""},
+    {TForm::Compare, "btnClose", "QPushButton", "Close Page", "Close this page", ""},
+    {TForm::Compare, "btnOther", "QPushButton", "&Other Image...",
+     "Choose the image file to compare with", ""},
+    {TForm::Compare, "cboSpec", "QComboBox", nullptr,
+     "Where the maps of the other image are: as here, or by a spec file", ""},
+    {TForm::Compare, "btnTakeCells", "QPushButton", "Take Over &Cells",
+     "Enter the values there into the selected cells of the map page", "d"},
+    {TForm::Compare, "btnTakeAll", "QPushButton", "&Take Over All",
+     "Enter all that is chosen in the list into the map page", "d"},
 
     {TForm::Offsets, "pnlMain", "QFrame", nullptr, "", ""},
     {TForm::Offsets, "edtDataOffset", "QLineEdit", "", dollarHint, ""},
@@ -341,6 +387,9 @@ protected:
             window.Page(mapPage)->ShowPage();
         window.Page(5)->ShowPage();
         FindControl<QPushButton>(*window.Page(5), "Button1").click();
+        window.ShowChanges();
+        dialogs.opens.push_back({});
+        window.ShowCompare({});
     }
     ~TControlsTest() override { TfrmBaseForm::ProgRegKey.clear(); }
 
@@ -366,6 +415,10 @@ protected:
             return *dynamic_cast<TfrmMaps &>(*window.Page(1)).ToolWindow;
         case TForm::Window:
             return window;
+        case TForm::Changes:
+            return *window.Page(6);
+        case TForm::Compare:
+            return *window.Page(7);
         case TForm::Offsets:
             return *offsets;
         case TForm::Splash:

@@ -14,18 +14,18 @@ protected:
     ~TDroppedFilesTest() override { KeepSetting("recentFolders", {}); }
 
     /// Drags files over a widget and drops them where they are taken; whether they were.
-    bool Drop(QWidget &target, const QStringList &names) {
+    bool Drop(QWidget &target, const QStringList &names, Qt::KeyboardModifiers keys = {}) {
         QMimeData files;
         QList<QUrl> urls;
         for (const QString &name : names)
             urls << QUrl::fromLocalFile(name);
         files.setUrls(urls);
-        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &files, Qt::LeftButton, {});
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &files, Qt::LeftButton, keys);
         enter.ignore();
         QApplication::sendEvent(&target, &enter);
         if (!enter.isAccepted())
             return false;
-        QDropEvent drop({5, 5}, Qt::CopyAction, &files, Qt::LeftButton, {});
+        QDropEvent drop({5, 5}, Qt::CopyAction, &files, Qt::LeftButton, keys);
         QApplication::sendEvent(&window, &drop);
         EXPECT_TRUE(drop.isAccepted());
         EXPECT_EQ(dialogs.questions, QStringList()) << "whoever dropped it does not wait for us";
@@ -56,6 +56,17 @@ TEST_F(TDroppedFilesTest, AnImageIsLoadedAsByTheButton) {
     EXPECT_TRUE(On<QPushButton>(romTab, "btnSaveSpec").isEnabled());
     EXPECT_EQ(dialogs.openDialogs, QStringList()) << "the file is chosen";
     EXPECT_EQ(FindControl<QPushButton>(window, "btnState").text(), "no mapping");
+}
+
+TEST_F(TDroppedFilesTest, WithShiftAnImageIsComparedWith) {
+    const QString other = MakeImage("B.BIN", 9);
+    LoadAndPlace();
+    const QString title = window.windowTitle();
+    EXPECT_TRUE(Drop(window, {other}, Qt::ShiftModifier));
+    EXPECT_EQ(window.windowTitle(), title) << "nothing is loaded";
+    EXPECT_EQ(window.PageControl1->tabText(Current()), "Compare");
+    EXPECT_THAT(FindControl<QLabel>(*window.CurrentPage(), "lblTotal").text().toStdString(),
+                testing::HasSubstr(other.toStdString()));
 }
 
 TEST_F(TDroppedFilesTest, ThePageIsLeftFirstAndThenTheChangesAreAskedFor) {

@@ -155,11 +155,11 @@ const TStateCase cases[] = {
      "committed: Max RPM @1\nManual offsets are in force"},
     {"OneByte",
      {.loaded = true, .unsavedBytes = 1, .mapping = byHand},
-     "1 byte not saved · manual:\n1 byte is committed and not in the file\nManual offsets are in "
+     "1 byte not saved · manual:\n1 byte is committed and not in the file @-1\nManual offsets are in "
      "force"},
     {"ManyBytes",
      {.loaded = true, .unsavedBytes = 12, .mapping = byHand},
-     "12 bytes not saved · manual:\n12 bytes are committed and not in the file\nManual offsets are "
+     "12 bytes not saved · manual:\n12 bytes are committed and not in the file @-1\nManual offsets are "
      "in force"},
     {"RevLimiter",
      {.loaded = true, .unsavedRevLimiter = true, .mapping = byHand},
@@ -187,7 +187,7 @@ const TStateCase cases[] = {
      {.loaded = true, .unsavedBytes = 2, .mapping = spec, .spec = "A.SPC", .elsewhere = "/other"},
      "spec of another folder · 2 bytes not saved · spec A.SPC:\n!The spec file is of another "
      "folder "
-     "than the image: /other\n2 bytes are committed and not in the file\nSpec file in force: "
+     "than the image: /other\n2 bytes are committed and not in the file @-1\nSpec file in force: "
      "A.SPC"},
 };
 

@@ -234,8 +234,9 @@ void TGallery::ShowChanges(const TVisitor &visitor) {
         const int offset = map.data->offset + cell;
         ROMImage()->Poke(offset, static_cast<std::uint8_t>(ROMImage()->Peek(offset) + step));
     }
-    ROMImage()->Poke(window_->workspace.fuelMapSet.revLimiter.offset, 170);
+    ROMImage()->Poke(window_->workspace.fuelMapSet.revLimiter.offset, 160);
     ROMImage()->Poke(1, 0xA5);
+    ReadMapsAnew(window_->workspace);
     window_->ShowChanges();
     const int page = window_->PageControl1->currentIndex();
     Find<TStringAlignGrid>("grdChanges", page).SetCurrent(2, 4);
