@@ -22,7 +22,7 @@ std::string ElsewhereText(const std::vector<TByteRun> &runs);
 /// do.
 std::string TotalText(const TImageChanges &changes, const std::string &there);
 
-/// A value of a cell in the units that are shown, and as it is stored.
+/// A value of a cell in units, and as it is stored.
 struct TCellSide {
     double value;
     std::uint8_t byte;

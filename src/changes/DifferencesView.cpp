@@ -44,10 +44,12 @@ void FillTexts(const TMappedImage &image, TMapId map, TTextGrid &texts) {
     });
 }
 
-TCellSide Side(const TMappedImage &image, TMapId map, const TCellChange &cell, std::uint8_t byte) {
-    const TMap &shown = MapOf(image.Maps(), map);
+/// In engineering units, or as the map shows it.
+TCellSide Side(const TMappedImage &image, TMapId map, const TCellChange &cell, std::uint8_t byte,
+               bool converted) {
     TCellSide side{0, byte};
-    image.InForce([&] { side.value = ShownValue(shown, cell, byte, shown.data->showConverted); });
+    image.InForce(
+        [&] { side.value = ShownValue(MapOf(image.Maps(), map), cell, byte, converted); });
     return side;
 }
 
@@ -297,12 +299,15 @@ void TDifferencesView::FillChart(const TMapChanges &map) {
     for (int row = 1; row < differences.RowCount(); ++row)
         for (int column = 1; column < differences.ColCount(); ++column)
             differences.SetCell(column, row, "0");
-    const std::string &picture = MapOf(comparison_->here.Maps(), map.map).GetCellFormat();
+    const TMap &shown = MapOf(comparison_->here.Maps(), map.map);
+    const bool converted = shown.data->showConverted;
     for (const TCellChange &cell : map.cells) {
-        const double here = Side(comparison_->here, map.map, cell, cell.byte.after).value;
-        const double there = Side(comparison_->there, map.map, cell, cell.byte.before).value;
+        const double here =
+            Side(comparison_->here, map.map, cell, cell.byte.after, converted).value;
+        const double there =
+            Side(comparison_->there, map.map, cell, cell.byte.before, converted).value;
         differences.SetCell(cell.rpmPoint + 1, cell.loadPoint + 1,
-                            FormatReal(picture, here - there));
+                            FormatReal(shown.GetCellFormat(), here - there));
     }
     chtChanges_->RecreateSeries(std::max(differences.RowCount() - 1, 0));
     chtChanges_->SetBottomInverted(map.map.kind == TMapKind::PT);
@@ -380,9 +385,9 @@ void TDifferencesView::TellCell() {
             if (cell.rpmPoint + 1 == column && cell.loadPoint + 1 == row) {
                 const TMapId map = ChosenMap().map;
                 const std::string told =
-                    CellText(Side(comparison_->here, map, cell, cell.byte.after),
-                             Side(comparison_->there, map, cell, cell.byte.before),
-                             MapOf(comparison_->here.Maps(), map).GetCellFormat());
+                    CellText(Side(comparison_->here, map, cell, cell.byte.after, true),
+                             Side(comparison_->there, map, cell, cell.byte.before, true),
+                             MapOf(comparison_->here.Maps(), map).convertedFormat);
                 text = MapCellPlace(*grdChanges_, column, row).replace('\n', ' ') + ": " +
                        QString::fromStdString(told);
             }
