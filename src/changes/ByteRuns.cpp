@@ -4,25 +4,30 @@
 #include <cstring>
 
 namespace {
-constexpr std::size_t block = 4096; // compared at once: most of two images is alike
+/// Of eight bytes, as they lie in memory.
+std::uint64_t Word(std::span<const std::uint8_t> bytes, std::size_t first) {
+    std::uint64_t word;
+    std::memcpy(&word, &bytes[first], sizeof word);
+    return word;
+}
 } // namespace
 
 std::vector<TByteRun> DifferingRuns(std::span<const std::uint8_t> before,
                                     std::span<const std::uint8_t> after) {
     std::vector<TByteRun> runs;
     const std::size_t size = std::min(before.size(), after.size());
-    for (std::size_t first = 0; first < size; first += block) {
-        const std::size_t end = std::min(first + block, size);
-        if (std::memcmp(&before[first], &after[first], end - first) == 0)
-            continue;
-        for (std::size_t i = first; i < end; ++i) {
-            if (before[i] == after[i])
-                continue;
-            const auto offset = static_cast<std::uint32_t>(i);
-            if (runs.empty() || runs.back().offset + runs.back().length != offset)
-                runs.push_back({offset, 0});
-            ++runs.back().length;
-        }
+    for (std::size_t i = 0; i < size;) {
+        // Most of two images is alike.
+        while (i + sizeof(std::uint64_t) <= size && Word(before, i) == Word(after, i))
+            i += sizeof(std::uint64_t);
+        while (i < size && before[i] == after[i])
+            ++i;
+        const std::size_t first = i;
+        while (i < size && before[i] != after[i])
+            ++i;
+        if (i > first)
+            runs.push_back(
+                {static_cast<std::uint32_t>(first), static_cast<std::uint32_t>(i - first)});
     }
     return runs;
 }
