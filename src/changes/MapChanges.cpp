@@ -127,14 +127,19 @@ private:
 };
 } // namespace
 
-std::string MapName(TMapId map) {
+const char *EnglishMapName(TMapId map) {
     const bool fuel = map.set == TMapSetKind::Fuel;
     if (map.kind == TMapKind::PT)
-        return fuel ? Translated("MapChanges", "Fuel PT") : Translated("MapChanges", "Timing PT");
+        return fuel ? Translatable("MapChanges", "Fuel PT")
+                    : Translatable("MapChanges", "Timing PT");
     if (map.kind == TMapKind::Idle)
-        return fuel ? Translated("MapChanges", "Fuel Idle")
-                    : Translated("MapChanges", "Timing Idle");
-    return fuel ? Translated("MapChanges", "Fuel WOT") : Translated("MapChanges", "Timing WOT");
+        return fuel ? Translatable("MapChanges", "Fuel Idle")
+                    : Translatable("MapChanges", "Timing Idle");
+    return fuel ? Translatable("MapChanges", "Fuel WOT") : Translatable("MapChanges", "Timing WOT");
+}
+
+std::string MapName(TMapId map) {
+    return Translated("MapChanges", EnglishMapName(map));
 }
 
 const TMap &MapOf(const TWorkspace &maps, TMapId map) {

@@ -29,6 +29,8 @@ inline constexpr std::array<TMapId, 6> allMaps{{{TMapSetKind::Fuel, TMapKind::PT
 
 /// "Fuel PT".
 std::string MapName(TMapId map);
+/// The same in every language, for files.
+const char *EnglishMapName(TMapId map);
 
 const TMap &MapOf(const TWorkspace &maps, TMapId map);
 
