@@ -34,6 +34,17 @@ std::string BytesText(std::size_t bytes) {
                    Translatable("ChangesTexts", "%1 bytes"));
 }
 
+TTextGrid MapTexts(const TMappedImage &image, TMapId map) {
+    const TMap &shown = MapOf(image.Maps(), map);
+    TTextGrid texts;
+    std::string location;
+    image.InForce([&] {
+        shown.SizeGrid(texts);
+        shown.FillGrid(texts, location, shown.GetCellFormat(), 0, 0);
+    });
+    return texts;
+}
+
 std::string MapText(const TMapChanges &changes, const TMap &here, const TMap &there) {
     switch (changes.match) {
     case TMatch::OtherShape:

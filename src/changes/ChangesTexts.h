@@ -3,11 +3,15 @@
 #pragma once
 
 #include "changes/MapChanges.h"
+#include "changes/TextGrid.h"
 
 #include <string>
 
 /// "1 byte", "12 bytes".
 std::string BytesText(std::size_t bytes);
+
+/// What the map shows in its grid.
+TTextGrid MapTexts(const TMappedImage &image, TMapId map);
 
 /// How the maps of a kind differ: "12 cells, other axes". Empty when they do not.
 std::string MapText(const TMapChanges &changes, const TMap &here, const TMap &there);

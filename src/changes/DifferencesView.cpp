@@ -1,5 +1,6 @@
 #include "changes/DifferencesView.h"
 
+#include "changes/ChangeColors.h"
 #include "changes/ChangesTexts.h"
 #include "forms/Aligrid.h"
 #include "forms/AligridColors.h"
@@ -22,10 +23,6 @@
 #include <QVBoxLayout>
 
 namespace {
-// Orange and sky blue, which colour-blind people tell apart too; black reads well on both.
-constexpr TColor higherColor = 0x009FE6;
-constexpr TColor lowerColor = 0xE9B456;
-
 // The rows of the list: first the six maps, in the order of allMaps.
 constexpr int revLimiterItem = 6;
 constexpr int elsewhereItem = 7;
@@ -33,16 +30,6 @@ constexpr int elsewhereItem = 7;
 constexpr std::size_t mostRuns = 1000; ///< that are listed
 constexpr std::size_t mostBytes = 8;   ///< of a run that are shown
 constexpr int cellMargins = 8;         ///< pixels, both sides together
-
-/// The texts that the map shows in its grid.
-void FillTexts(const TMappedImage &image, TMapId map, TTextGrid &texts) {
-    const TMap &shown = MapOf(image.Maps(), map);
-    std::string location;
-    image.InForce([&] {
-        shown.SizeGrid(texts);
-        shown.FillGrid(texts, location, shown.GetCellFormat(), 0, 0);
-    });
-}
 
 /// In engineering units, or as the map shows it.
 TCellSide Side(const TMappedImage &image, TMapId map, const TCellChange &cell, std::uint8_t byte,
@@ -254,8 +241,8 @@ void TDifferencesView::ShowChosen() {
 
 void TDifferencesView::ShowMap(const TMapChanges &map) {
     const bool there = map.match == TMatch::OnlyBefore;
-    FillTexts(there ? comparison_->there : comparison_->here, map.map, hereTexts_);
-    FillTexts(comparison_->there, map.map, thereTexts_);
+    hereTexts_ = MapTexts(there ? comparison_->there : comparison_->here, map.map);
+    thereTexts_ = MapTexts(comparison_->there, map.map);
     TMapGrid(*grdChanges_).SetShape(hereTexts_.ColCount(), hereTexts_.RowCount());
     grdChanges_->Editable = false;
     for (int row = 0; row < hereTexts_.RowCount(); ++row)

@@ -2,23 +2,14 @@
 // printed pages.
 #pragma once
 
-#include "changes/MapChanges.h"
+#include "changes/Exported.h"
 
 #include <functional>
 #include <optional>
-#include <string>
 
 #include <QPushButton>
 
 class TSaveDialog;
-
-/// What is exported: two images, and what they are called.
-struct TExported {
-    const TMappedImage &before;
-    const TMappedImage &after;
-    std::string nameBefore; ///< as a path
-    std::string nameAfter;
-};
 
 class TExportButton : public QPushButton {
     Q_OBJECT

@@ -1,10 +1,10 @@
 // The contents view on paper: a print into a PDF file, read back as text.
 #include "filedisplay/FileDisplay.h"
 #include "forms/baseform.h"
+#include "pages/AskProgram.h"
 #include "pages/PageFixture.h"
 
 #include <QPrinter>
-#include <QProcess>
 #include <QRegularExpression>
 
 namespace {
@@ -24,18 +24,10 @@ protected:
         page.ShowPage();
         FindControl<QAction>(page, "Print1").trigger();
     }
-    /// What a program says of the printed file.
-    QString Ask(const QString &program, const QStringList &arguments) {
-        QProcess process;
-        process.start(program, arguments);
-        EXPECT_TRUE(process.waitForFinished()) << program.toStdString();
-        EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
-        return QString::fromUtf8(process.readAllStandardOutput());
-    }
     /// The printed lines that are not empty, each as its words.
     std::vector<QStringList> Lines() {
         std::vector<QStringList> lines;
-        for (const QString &line : Ask("pdftotext", {"-layout", Pdf(), "-"}).split('\n'))
+        for (const QString &line : AskProgram("pdftotext", {"-layout", Pdf(), "-"}).split('\n'))
             if (!line.trimmed().isEmpty())
                 lines.push_back(line.simplified().split(' '));
         return lines;
@@ -73,7 +65,7 @@ TEST_F(TPrintContentsTest, EachRowOfTheGridIsOneLineUnderTheTitle) {
 
 TEST_F(TPrintContentsTest, ThePaperLiesAndTheJobIsNamed) {
     Print({1, 2, 3});
-    const QString facts = Ask("pdfinfo", {Pdf()});
+    const QString facts = AskProgram("pdfinfo", {Pdf()});
     EXPECT_TRUE(facts.contains(QRegularExpression("Title: +Ferrolyn"))) << facts.toStdString();
     const QRegularExpressionMatch size =
         QRegularExpression("Page size: +([0-9.]+) x ([0-9.]+)").match(facts);
