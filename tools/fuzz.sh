@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs every fuzz target for a while and fails when one finds something.
-#   tools/fuzz.sh MINUTES    of each target
+# Runs every fuzz target, or those that are named, for a while and fails when one finds something.
+#   tools/fuzz.sh MINUTES [NAME...]    of each target
 # A dictionary fuzz/NAME.dict and options of libFuzzer in fuzz/NAME.options, one a line, are used where they are there.
 # What a target learns is kept in build/fuzz/corpus/NAME for the next run; what it finds goes to build/fuzz/findings/NAME. To look
 # at a finding, give its file to build/fuzz/fuzz/fuzz_NAME. A small input that tells something new belongs into fuzz/corpus/NAME:
@@ -8,17 +8,20 @@
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 minutes=${1:-}
-if ! [[ $minutes =~ ^[1-9][0-9]*$ ]] || [ $# -ne 1 ]; then
+if ! [[ $minutes =~ ^[1-9][0-9]*$ ]]; then
     sed -n '2,3s/^# *//p' "$0" >&2
     exit 2
 fi
+names=("${@:2}")
+if [ ${#names[@]} -eq 0 ]; then
+    mapfile -t names < <(basename -s .cpp "$top"/fuzz/[a-z]*.cpp)
+fi
 
 "$top/tools/packages.sh" build test clang
-build fuzz fuzz_targets
+build fuzz "${names[@]/#/fuzz_}"
 
 found=()
-for source in "$top"/fuzz/[a-z]*.cpp; do
-    name=$(basename "$source" .cpp)
+for name in "${names[@]}"; do
     corpus=$top/build/fuzz/corpus/$name
     findings=$top/build/fuzz/findings/$name
     mkdir -p "$corpus" "$findings"
