@@ -1,5 +1,7 @@
 #include "changes/ExportButton.h"
 
+#include "changes/ChangesReport.h"
+#include "changes/ChangesTable.h"
 #include "changes/Patch.h"
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
@@ -7,6 +9,8 @@
 #include "forms/Paths.h"
 #include "system/SafeFile.h"
 #include "system/Sha256.h"
+
+#include <tuple>
 
 #include <QMenu>
 
@@ -26,6 +30,11 @@ void WritePatch(const fs::path &target, const TExported &exported) {
     WriteText(target, PatchText(MakePatch(fs::path(exported.nameBefore).filename().string(),
                                           Sha256(before), before, after)));
 }
+
+void WriteTable(const fs::path &target, const TExported &exported) {
+    const auto &[before, after] = std::tie(exported.before, exported.after);
+    WriteText(target, ChangesTable(ImageChanges(before, after), before, after));
+}
 } // namespace
 
 TExportButton::TExportButton(QWidget *page)
@@ -36,6 +45,9 @@ TExportButton::TExportButton(QWidget *page)
     formats->setObjectName("mnuExport");
     setMenu(formats);
     AddFormat("actPatch", tr("&Patch..."), ".patch", tr("Patches (*.patch)|*.patch"), WritePatch);
+    AddFormat("actTable", tr("&Table..."), ".csv", tr("Tables (*.csv)|*.csv"), WriteTable);
+    AddFormat("actPages", tr("Pr&inted Pages..."), ".pdf", tr("Printed pages (*.pdf)|*.pdf"),
+              WriteReport);
 }
 
 void TExportButton::AddFormat(const char *name, const QString &text, const QString &extension,

@@ -195,6 +195,28 @@ TEST_F(TChangesPageTest, ExportsThePatchFromTheFileToWhatIsInMemory) {
     EXPECT_EQ(image, Bytes());
 }
 
+TEST_F(TChangesPageTest, ExportsATableAndPages) {
+    Change(fuelBody, 200);
+    window.ShowChanges();
+    dialogs.saves = {"changes.csv", "changes.pdf"};
+    Trigger("actTable");
+    EXPECT_THAT(ReadText("changes.csv"), testing::HasSubstr("1,200"));
+    Trigger("actPages");
+    EXPECT_THAT(ReadText("changes.pdf"), testing::StartsWith("%PDF"));
+    EXPECT_TRUE(dialogs.messages.isEmpty());
+}
+
+TEST_F(TChangesPageTest, SaysWhyAnExportFails) {
+    Change(fuelBody, 200);
+    window.ShowChanges();
+    dialogs.saves = {"none/x.patch", "none/x.csv", "none/x.pdf"};
+    for (const char *action : {"actPatch", "actTable", "actPages"})
+        Trigger(action);
+    ASSERT_EQ(dialogs.messages.size(), 3);
+    for (const QString &message : dialogs.messages)
+        EXPECT_THAT(message.toStdString(), testing::StartsWith("Cannot write 'none/x."));
+}
+
 TEST_F(TChangesPageTest, AsksBeforeItWritesOverAnExport) {
     std::ofstream("changes.patch") << "mine";
     window.ShowChanges();
