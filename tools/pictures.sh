@@ -15,5 +15,5 @@ LC_ALL=C.UTF-8 "$top/tools/xvfb.sh" "$top/build/release/tools/tour/ferrolyn_tour
 
 rm -rf "$top/docs/pictures"
 mkdir "$top/docs/pictures"
-cp "$top"/build/tour/[1-9]-*.png "$top/build/tour/log.txt" "$top/docs/pictures/"
+cp "$top"/build/tour/[0-9]*-*.png "$top/build/tour/log.txt" "$top/docs/pictures/"
 ls -l "$top/docs/pictures"

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QTabBar>
+#include <QTreeWidget>
 
 namespace {
 constexpr int ownTabs = 6;
@@ -84,6 +85,24 @@ void TReadmeWalk::ExpectColor() {
 
 void TReadmeWalk::ExpectPlain() {
     Expect(hands_.TypedColor() == clWindowText, "it is not plain");
+}
+
+void TReadmeWalk::ExpectChanges() {
+    const auto &list = FindControl<QTreeWidget>(*session_.window->CurrentPage(), "lstChanges");
+    Expect(list.topLevelItemCount() == FromWord(Part(1)), "there are more or fewer lines");
+    const QTreeWidgetItem &line = *list.topLevelItem(0);
+    Expect(line.text(0) == Part(2) && line.text(1) == Part(3),
+           "it says " + line.text(0) + ", " + line.text(1));
+}
+
+void TReadmeWalk::ExpectOldValue() {
+    const auto &grid = FindControl<TStringAlignGrid>(*session_.window->CurrentPage(), "grdChanges");
+    QStringList two;
+    for (int row = 1; row < grid.RowCount(); ++row)
+        for (int column = 1; column < grid.ColCount(); ++column)
+            if (grid.Cell(column, row).contains('\n'))
+                two << grid.Cell(column, row);
+    Expect(two == QStringList(Part(1) + '\n' + Part(2)), "it shows " + two.join(", "));
 }
 
 void TReadmeWalk::ExpectDifference() {

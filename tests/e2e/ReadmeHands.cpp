@@ -11,6 +11,7 @@
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTest>
+#include <QToolButton>
 
 namespace {
 [[noreturn]] void Missing(const QString &what) {
@@ -95,6 +96,16 @@ void TReadmeHands::ChooseInMenu(const QString &menu, const QString &item) {
             return chosen->trigger();
     }
     Missing("menu item " + menu + ", " + item);
+}
+
+void TReadmeHands::ChooseInWindowMenu(const QString &item) {
+    QTest::mouseClick(&FindControl<QToolButton>(*session_.window, "btnMenu"), Qt::LeftButton);
+    auto &menu = FindControl<QMenu>(*session_.window, "mnuCommands");
+    QAction *chosen = ItemOf(menu, item);
+    menu.close();
+    if (!chosen)
+        Missing("menu item " + item);
+    chosen->trigger();
 }
 
 void TReadmeHands::Type(const QString &text, const QString &rpm, const QString &load,

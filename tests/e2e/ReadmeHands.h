@@ -22,6 +22,8 @@ public:
     /// An item of the page's menu, or of the menu that one of its items opens.
     void ChooseInMenu(const QString &item);
     void ChooseInMenu(const QString &menu, const QString &item);
+    /// An item of the menu at the right end of the tabs.
+    void ChooseInWindowMenu(const QString &item);
     /// Chooses another item of the menu that was used last.
     void ChooseInSameMenu(const QString &item) { ChooseInMenu(menu_, item); }
     void RememberMenu(const QString &menu) { menu_ = menu; }

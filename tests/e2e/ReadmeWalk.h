@@ -45,6 +45,7 @@ private:
     void Check() { hands_.Check(Part(1)); }
     void Choose() { hands_.Choose(Part(1)); }
     void ChooseInMenu() { hands_.ChooseInMenu(Part(1), Part(2)); }
+    void ChooseInWindowMenu() { hands_.ChooseInWindowMenu(Part(1)); }
     void ChooseAndAnswer();
     void ChooseInSameMenu() { hands_.ChooseInSameMenu(Part(1)); }
     void RememberMenu() { hands_.RememberMenu(Part(1)); }
@@ -64,6 +65,8 @@ private:
     void ExpectByteAsTrim();
     void ExpectColor();
     void ExpectPlain();
+    void ExpectChanges();
+    void ExpectOldValue();
     void ExpectDifference();
     void ExpectRowLength();
     void ExpectOneMapEach();

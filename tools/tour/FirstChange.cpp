@@ -100,6 +100,17 @@ void FirstChange(const TRoad &road) {
     driver.SelectTab("Graphical Fuel Maps");
     road.Picture("4-graphical-fuel-maps");
 
+    TDriver::Step("look at what was changed");
+    driver.SelectTab("Fuel Maps"); // so that the tab of the changes comes into view beside it
+    window.ShowChanges();
+    QWidget *changes = window.CurrentPage();
+    auto &shown = driver.Find<TStringAlignGrid>("grdChanges", changes);
+    TDriver::Expect(shown.Cell(editedColumn, editedRow) == "0.99\n0.95",
+                    "the old value stands beneath the new one");
+    shown.SetCurrent(editedColumn, editedRow);
+    road.Picture("10-changes");
+    driver.Click(driver.Find<QPushButton>("btnClose", changes));
+
     TDriver::Step("save as " + target);
     driver.SelectTab("ROM Information");
     driver.ClickAndChooseFile(driver.Find<QPushButton>("btnSave", window.GetPage(0)), target);
