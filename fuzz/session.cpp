@@ -33,8 +33,9 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     testing::InitGoogleTest(&argc, argv);
     application = new QApplication(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    static const QTemporaryDir settings; // none of the user's own
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
+    static const QTemporaryDir own; // none of the user's settings and kept changes
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, own.path());
+    qputenv("XDG_STATE_HOME", own.path().toLocal8Bit());
     qInstallMessageHandler(FailOnWarning);
     return 0;
 }

@@ -42,6 +42,7 @@ read -r -t "$patience" display <&"$display_stream" || fail "the virtual screen d
 export DISPLAY=":$display"
 export XDG_RUNTIME_DIR=$scratch # lock files of a program here are not those of the user's session
 export XDG_CONFIG_HOME=$scratch # nor are its settings
+export XDG_STATE_HOME=$scratch # nor the changes that it keeps
 unset WAYLAND_DISPLAY
 
 # What sanitizers would blame on the program and is the desktop's libraries'. That of the X11 keyboard copies n characters out of a

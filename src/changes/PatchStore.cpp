@@ -8,30 +8,15 @@
 #include <algorithm>
 #include <random>
 #include <system_error>
+#include <tuple>
+#include <utility>
 
 namespace {
 namespace fs = std::filesystem;
 
-constexpr std::string_view storePrefix = "unsaved-";
-constexpr std::string_view storeSuffix = ".patch";
-constexpr std::string_view nameLetters = "0123456789abcdef";
-constexpr std::size_t nameDigits = 16;
+constexpr std::string_view formDigits = "0123456789abcdef";
 constexpr std::uint64_t largestPatch = 16 * 1024 * 1024; // some 7 MiB for an image wholly changed
-
-std::string NewName() {
-    std::random_device source;
-    std::string name(storePrefix);
-    for (std::size_t i = 0; i < nameDigits; ++i)
-        name += nameLetters[source() % nameLetters.size()];
-    return name.append(storeSuffix);
-}
-
-bool IsOurs(std::string_view name) {
-    return name.size() == storePrefix.size() + nameDigits + storeSuffix.size() &&
-           name.starts_with(storePrefix) && name.ends_with(storeSuffix) &&
-           name.find_first_not_of(nameLetters, storePrefix.size()) ==
-               storePrefix.size() + nameDigits;
-}
+constexpr std::size_t mostRemoved = 100; // at once: who has thousands need not wait for them
 
 void Check(const std::error_code &error, const fs::path &file) {
     if (error)
@@ -39,53 +24,75 @@ void Check(const std::error_code &error, const fs::path &file) {
                                 {file.string(), error.message()}));
 }
 
-void Remove(const fs::path &file) {
-    std::error_code error;
-    fs::remove(file, error);
-    Check(error, file);
+TPatch ReadPatch(const fs::path &file) {
+    const std::vector<std::uint8_t> bytes = ReadWholeFile(file, largestPatch);
+    return ParsePatch({reinterpret_cast<const char *>(bytes.data()), bytes.size()});
 }
 
-/// What is no patch, or cannot be read, is none.
-bool Read(const fs::path &file, TPatch &patch) {
+bool IsPatch(const fs::path &file) {
     try {
-        const std::vector<std::uint8_t> bytes = ReadWholeFile(file, largestPatch);
-        patch = ParsePatch({reinterpret_cast<const char *>(bytes.data()), bytes.size()});
+        ReadPatch(file);
         return true;
     } catch (const std::runtime_error &) {
         return false;
     }
 }
+
+/// Makes a folder that its owner alone may look into; those above it get the usual rights.
+void MakeOwnFolder(const fs::path &folder) {
+    std::error_code error;
+    if (fs::create_directories(folder, error))
+        fs::permissions(folder, fs::perms::owner_all, error);
+    Check(error, folder);
+}
 } // namespace
 
-TPatchStore::TPatchStore(fs::path folder) : folder_(std::move(folder)), own_(folder_ / NewName()) {}
+TPatchStore::TPatchStore(fs::path folder, std::string_view form, std::size_t most)
+    : folder_(std::move(folder)), form_(form), most_(most) {}
 
-void TPatchStore::Keep(const TPatch &patch) {
-    std::error_code error;
-    fs::create_directories(folder_, error);
-    Check(error, folder_);
+fs::path TPatchStore::NewFile() const {
+    std::random_device source;
+    std::string name(form_);
+    for (char &letter : name)
+        if (letter == '#')
+            letter = formDigits[source() % formDigits.size()];
+    return folder_ / name;
+}
+
+void TPatchStore::Keep(const fs::path &file, const TPatch &patch) const {
+    MakeOwnFolder(folder_);
     const std::string text = PatchText(patch);
-    WriteFileSafely(own_, {reinterpret_cast<const std::uint8_t *>(text.data()), text.size()},
+    WriteFileSafely(file, {reinterpret_cast<const std::uint8_t *>(text.data()), text.size()},
                     TReaders::Owner);
-    RemoveOldest();
 }
 
-void TPatchStore::Drop() {
-    Remove(own_);
+void TPatchStore::Remove(const fs::path &file) {
+    std::error_code error;
+    fs::remove(file, error);
+    Check(error, file);
 }
 
-std::vector<TKeptPatch> TPatchStore::Of(std::uint32_t size, const std::string &sha256) const {
-    std::vector<TKeptPatch> kept;
-    for (const TFile &file : Files()) {
-        TPatch patch;
-        if (file.path != own_ && Read(file.path, patch) && patch.size == size &&
-            patch.sha256 == sha256)
-            kept.push_back({file.path, file.time, std::move(patch)});
-    }
+TKeptPatches TPatchStore::Read(const std::function<bool(const fs::path &)> &wanted) const {
+    std::vector<TFile> files = Files();
+    std::erase_if(files, [&](const TFile &file) { return !wanted(file.path); });
+    files.resize(std::min(files.size(), most_));
+    TKeptPatches kept;
+    for (const TFile &file : files)
+        try {
+            kept.patches.push_back({file.path, file.time, ReadPatch(file.path)});
+        } catch (const std::runtime_error &error) {
+            kept.leftAlone.push_back(file.path.filename().string() + ": " + error.what());
+        }
     return kept;
 }
 
-void TPatchStore::Forget(const TKeptPatch &kept) {
-    Remove(kept.file);
+void TPatchStore::RemoveOldest(const fs::path &own) const {
+    std::vector<TFile> files = Files();
+    std::erase_if(files, [&](const TFile &file) { return file.path == own; });
+    const std::size_t end = std::min(files.size(), most_ - 1 + mostRemoved);
+    for (std::size_t i = most_ - 1; i < end; ++i)
+        if (IsPatch(files[i].path))
+            Remove(files[i].path);
 }
 
 std::vector<TPatchStore::TFile> TPatchStore::Files() const {
@@ -95,21 +102,22 @@ std::vector<TPatchStore::TFile> TPatchStore::Files() const {
         return files;
     for (fs::directory_iterator entry(folder_, error), end; !error && entry != end;
          entry.increment(error))
-        if (IsOurs(entry->path().filename().string())) {
+        if (IsOfForm(entry->path().filename().native())) {
             std::error_code gone; // meanwhile, by another program
             const fs::file_time_type time = entry->last_write_time(gone);
             if (!gone)
                 files.push_back({entry->path(), time});
         }
     Check(error, folder_);
-    std::sort(files.begin(), files.end(),
-              [](const TFile &a, const TFile &b) { return a.time > b.time; });
+    std::sort(files.begin(), files.end(), [](const TFile &a, const TFile &b) {
+        return std::tie(b.time, b.path) < std::tie(a.time, a.path);
+    });
     return files;
 }
 
-void TPatchStore::RemoveOldest() const {
-    std::vector<TFile> files = Files();
-    std::erase_if(files, [this](const TFile &file) { return file.path == own_; });
-    for (std::size_t i = mostPatches - 1; i < files.size(); ++i)
-        Remove(files[i].path);
+bool TPatchStore::IsOfForm(std::string_view name) const {
+    const auto fits = [](char letter, char form) {
+        return form == '#' ? formDigits.find(letter) != std::string_view::npos : letter == form;
+    };
+    return std::equal(name.begin(), name.end(), form_.begin(), form_.end(), fits);
 }

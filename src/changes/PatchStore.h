@@ -1,11 +1,14 @@
-// The folder in which the program keeps patches of what was committed and never saved, each under a
-// name of its own. What is in a patch is Patch.h's; when one is kept or dropped is decided
-// elsewhere.
+// A folder in which the program keeps patches of one kind, told from all else there by the form of
+// their names. What is in a patch is Patch.h's; when one is kept or removed is decided in
+// Recovery.h and EarlierVersions.h.
 #pragma once
 
 #include "changes/Patch.h"
 
 #include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 /// A patch that lies in the folder.
@@ -15,38 +18,45 @@ struct TKeptPatch {
     TPatch patch;
 };
 
-/// Touches nothing in its folder but files that have the form of its own names. Everything that
-/// reads or writes throws EFileError when the folder or a file in it cannot be used; what was kept
-/// before is then still there.
+/// What was read of a folder.
+struct TKeptPatches {
+    std::vector<TKeptPatch> patches;    ///< newest first
+    std::vector<std::string> leftAlone; ///< files that are no patches: name and reason
+};
+
+/// Touches nothing in its folder but files whose names have its form, and removes by itself only
+/// those that are patches. Everything that reads or writes throws EFileError when the folder or a
+/// file in it cannot be used; what was kept before is then still there.
 class TPatchStore {
 public:
-    static constexpr std::size_t mostPatches = 20;
-
+    /// @param form  of the names of files, "#" for each hexadecimal digit
+    /// @param most  how many files are kept
     /// The folder need not be there; it is made, for its owner alone, when the first patch comes.
-    explicit TPatchStore(std::filesystem::path folder);
+    TPatchStore(std::filesystem::path folder, std::string_view form, std::size_t most);
 
-    /// Keeps the patch instead of this store's last one. The oldest files over mostPatches go; this
-    /// one never does.
-    void Keep(const TPatch &patch);
-    /// Removes this store's patch, if there is one.
-    void Drop();
+    /// A name that nobody else has.
+    std::filesystem::path NewFile() const;
+    /// Writes a file, instead of the one of that name, that its owner alone may read.
+    void Keep(const std::filesystem::path &file, const TPatch &patch) const;
+    /// Removes a file, if it is there.
+    static void Remove(const std::filesystem::path &file);
 
-    /// The readable patches of an image, newest first; without this store's own. Files that are no
-    /// patches are left alone.
-    std::vector<TKeptPatch> Of(std::uint32_t size, const std::string &sha256) const;
-
-    /// Removes a patch that Of told of.
-    static void Forget(const TKeptPatch &kept);
+    /// The newest of the files whose names are `wanted`, at most as many as are kept. A folder that
+    /// is not there has none.
+    TKeptPatches Read(const std::function<bool(const std::filesystem::path &file)> &wanted) const;
+    /// Removes the patches behind the newest ones, but never `own`; of very many some only.
+    void RemoveOldest(const std::filesystem::path &own) const;
 
 private:
     struct TFile {
         std::filesystem::path path;
         std::filesystem::file_time_type time;
     };
-    /// Those of the form of its names, newest first.
+    /// Those of the form, newest first.
     std::vector<TFile> Files() const;
-    void RemoveOldest() const;
+    bool IsOfForm(std::string_view name) const;
 
     std::filesystem::path folder_;
-    std::filesystem::path own_;
+    std::string_view form_;
+    std::size_t most_;
 };

@@ -1,5 +1,6 @@
 #include "spec/ROMInfo.h"
 
+#include "changes/Recovery.h"
 #include "forms/KelvaneNotebook.h"
 #include "forms/Paths.h"
 #include "forms/Places.h"
@@ -12,6 +13,7 @@
 #include <system_error>
 
 #include <QCoreApplication>
+#include <QDate>
 #include <QDir>
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -74,7 +76,7 @@ void TfrmROMInformation::ApplyROM() {
     btnSaveSpec_->setEnabled(false);
     const bool inForce = MappingTypeOf(templateIndex_, LastItemIndex()) != TMappingType::None;
     if (inForce && MayExist(romFileName_)) {
-        ROMImage()->LoadFromFile(romFileName_);
+        ReadImage();
         SetCaption(true);
         loaded_ = true;
         btnSaveSpec_->setEnabled(true);
@@ -144,7 +146,7 @@ void TfrmROMInformation::LoadImage(const std::function<fs::path()> &choose) {
     SetROMFileName(choose());
     if (!MayExist(romFileName_))
         return;
-    ROMImage()->LoadFromFile(romFileName_);
+    ReadImage();
     RememberFolder(FromPath(romFileName_.parent_path()));
     SetCaption(true);
     ScanSpecDirectory();
@@ -215,9 +217,24 @@ std::optional<fs::path> TfrmROMInformation::ChooseTarget() {
 void TfrmROMInformation::WriteROM(const fs::path &target) {
     workspace_.fuelMapSet.SaveAll();
     workspace_.timingMapSet.SaveAll();
+    recovery_.KeepReplaced(target, QDate::currentDate().toString("yyyyMMdd").toStdString());
     ROMImage()->SaveToFile(target);
+    recovery_.ImageSaved();
     SetROMFileName(target);
     ApplyROM();
+}
+
+void TfrmROMInformation::ReadImage() {
+    ROMImage()->LoadFromFile(romFileName_);
+    recovery_.ImageRead();
+}
+
+void TfrmROMInformation::TakeBack(bool broughtBack) {
+    if (broughtBack) {
+        DataChanged = true; // as after a commit
+        btnSave_->setEnabled(true);
+    }
+    TellState();
 }
 
 void TfrmROMInformation::btnSaveSpecClick() {

@@ -22,12 +22,16 @@
 #include <QTimer>
 
 class TProgrammerControls;
+class TRecovery;
+class TRecoveryBar;
 
 class TfrmROMInformation : public TEmbeddedForm {
     Q_OBJECT
 public:
-    /// `workspace` outlives the page. Scans the spec files of the current directory.
-    TfrmROMInformation(QWidget *parent, TWorkspace &workspace);
+    /// `workspace` and `recovery` outlive the page. Scans the spec files of the current directory.
+    TfrmROMInformation(QWidget *parent, TWorkspace &workspace, TRecovery &recovery);
+
+    TRecoveryBar *const barRecovery; ///< changes that were never saved
 
     /// Shows the page and enables "Save ROM" exactly when a page of the notebook reports changed
     /// data.
@@ -103,6 +107,9 @@ private:
     /// cancelled dialog whose earlier target is to be overwritten.
     std::optional<std::filesystem::path> ChooseTarget();
     void WriteROM(const std::filesystem::path &target);
+    /// Reads the image from the page's file. @throws EFileError
+    void ReadImage();
+    void TakeBack(bool broughtBack);
     /// Asks for the label. @throws EFileError, before the question where that can be told then;
     /// nothing of a new file is left.
     void WriteSpec(const std::filesystem::path &target);
@@ -111,6 +118,7 @@ private:
     bool EnterOffsets();
 
     TWorkspace &workspace_;
+    TRecovery &recovery_;
     std::vector<TSpecEntry> specTable_;
     std::filesystem::path romFileName_;
     int templateIndex_ = -1; ///< recorded by the last choice; a scan sets it to -1

@@ -1,4 +1,5 @@
 // The controls of the page "ROM Information" and their places; what they do is in ROMInfo.cpp.
+#include "changes/RecoveryBar.h"
 #include "forms/Guard.h"
 #include "forms/Hint.h"
 #include "forms/Named.h"
@@ -15,9 +16,11 @@ namespace {
 constexpr int creditInterval = 3000; // milliseconds
 } // namespace
 
-TfrmROMInformation::TfrmROMInformation(QWidget *parent, TWorkspace &workspace)
+TfrmROMInformation::TfrmROMInformation(QWidget *parent, TWorkspace &workspace, TRecovery &recovery)
     : TEmbeddedForm(parent),
+      barRecovery(new TRecoveryBar(this, recovery, workspace)),
       workspace_(workspace),
+      recovery_(recovery),
       btnLoad_(Named("btnLoad", new QPushButton(tr("&Load ROM Image"), this))),
       btnSaveSpec_(Named("btnSaveSpec", new QPushButton(tr("Save Spec"), this))),
       btnSave_(Named("btnSave", new QPushButton(tr("&Save ROM"), this))),
@@ -44,6 +47,7 @@ void TfrmROMInformation::MakeControls() {
     top->addWidget(MakeROMGroup());
     top->addWidget(scroll, 1);
     auto *page = new QVBoxLayout(this);
+    page->addWidget(barRecovery);
     page->addLayout(top, 1);
     page->addWidget(MakeAbout());
     page->addWidget(MakeStatusBar());
@@ -123,6 +127,7 @@ void TfrmROMInformation::ConnectControls() {
     connect(btnSaveSpec_, &TfrmROMInformation::btnSaveSpecClick);
     connect(btnOffsetEntry_, &TfrmROMInformation::btnOffsetEntryClick);
     rdoROMtemplate_->OnClick = andTell(&TfrmROMInformation::rdoROMtemplateClick);
+    barRecovery->OnDone = [this](bool broughtBack) { TakeBack(broughtBack); };
     ConnectGuarded(tmrThanks_, &QTimer::timeout, this, [this] { tmrThanksTimer(); });
 }
 

@@ -2,6 +2,7 @@
 
 #include "changes/ChangesPage.h"
 #include "changes/ComparePage.h"
+#include "changes/RecoveryBar.h"
 #include "filedisplay/FileDisplay.h"
 #include "forms/Commands.h"
 #include "forms/Dialogs.h"
@@ -16,6 +17,7 @@
 #include "spec/ROMInfo.h"
 #include "spec/StateButton.h"
 #include "spec/StateOfWork.h"
+#include "system/StateFolder.h"
 
 #include <algorithm>
 
@@ -54,7 +56,7 @@ QSize NormalSize(int screenHeight, QSize available) {
     return {usualSize.width(), std::min(usualSize.height(), room.height())};
 }
 
-TfrmNotebook::TfrmNotebook() {
+TfrmNotebook::TfrmNotebook() : recovery_(workspace, StateFolder()) {
     setObjectName("frmNotebook");
     resize(sizeAsMade);
     tmrSplash_.setObjectName("tmrSplash");
@@ -74,7 +76,7 @@ void TfrmNotebook::FormCreate() {
         if (index == 0)
             tabROMInfoShow();
     });
-    auto rom = std::make_unique<TfrmROMInformation>(nullptr, workspace);
+    auto rom = std::make_unique<TfrmROMInformation>(nullptr, workspace, recovery_);
     rom_ = rom.get();
     AddPage(std::move(rom), "tabROMInfo", tr("ROM Information"));
     AddPage(std::make_unique<TfrmFuelMaps>(nullptr, workspace, workspace.fuelMapSet), "tabFuelMaps",
@@ -97,6 +99,10 @@ void TfrmNotebook::FormCreate() {
     };
     StatusBar1->addPermanentWidget(btnState_);
     AddCommands();
+    recovery_.OnNews = [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { StateChanged(); }, Qt::QueuedConnection);
+    };
     setAcceptDrops(true);
     StateChanged();
 }
@@ -180,8 +186,19 @@ void TfrmNotebook::LoadDropped(const QString &fileName) {
 }
 
 void TfrmNotebook::StateChanged() {
-    if (btnState_)
-        btnState_->ShowState(StateTexts(StateOfWork(*this, *rom_, workspace)));
+    if (!btnState_)
+        return;
+    TellRecovery();
+    btnState_->ShowState(StateTexts(StateOfWork(*this, *rom_, workspace)));
+}
+
+void TfrmNotebook::TellRecovery() {
+    recovery_.Look();
+    rom_->barRecovery->ShowOffer();
+    if (PageCount() == 0)
+        return; // the window closes
+    if (const std::string problem = recovery_.TakeProblem(); !problem.empty())
+        CurrentPage()->Say(QString::fromStdString(problem));
 }
 
 void TfrmNotebook::ShowAbout() {

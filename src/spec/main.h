@@ -4,6 +4,7 @@
 #pragma once
 
 #include "changes/OtherImage.h"
+#include "changes/Recovery.h"
 #include "forms/KelvaneNotebook.h"
 #include "forms/Printing.h"
 #include "model/Workspace.h"
@@ -75,7 +76,11 @@ private:
     /// Gives the map pages their controls once the window is up, so that it comes up sooner.
     void PreparePages();
 
+    /// Shows what recovery has found, and says its problems.
+    void TellRecovery();
+
     TPrinting printing_;
+    TRecovery recovery_;
     TfrmROMInformation *rom_ = nullptr;
     TStateButton *btnState_ = nullptr; ///< none before it is made and while all is freed
     std::unique_ptr<TSplashScreen> splashThread_;

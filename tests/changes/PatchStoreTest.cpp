@@ -1,4 +1,4 @@
-// The folder of patches that were never saved.
+// The folder of patches of one kind.
 #include "changes/PatchStore.h"
 
 #include "support/TemporaryFolder.h"
@@ -11,15 +11,14 @@
 
 namespace {
 namespace fs = std::filesystem;
-using TBytes = std::vector<std::uint8_t>;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-const std::string ofImage(64, 'a');
-
 TPatch PatchTo(std::uint8_t byte) {
-    return MakePatch("A.BIN", ofImage, TBytes{1, 2, 3}, TBytes{1, byte, 3});
+    using TThree = std::vector<std::uint8_t>;
+    return MakePatch("A.BIN", std::string(64, 'a'), TThree{1, 2, 3}, TThree{1, byte, 3});
 }
 
 class TPatchStoreTest : public testing::Test {
@@ -28,104 +27,146 @@ protected:
         return static_cast<std::size_t>(
             std::distance(fs::directory_iterator(path), fs::directory_iterator()));
     }
-    /// What another start of the program finds.
+    TKeptPatches Kept() const {
+        return store.Read([](const fs::path &) { return true; });
+    }
     std::vector<TPatch> Found() const {
         std::vector<TPatch> patches;
-        for (const TKeptPatch &kept : TPatchStore(path).Of(3, ofImage))
+        for (const TKeptPatch &kept : Kept().patches)
             patches.push_back(kept.patch);
         return patches;
+    }
+    /// Keeps a patch under a new name, later than all that are there.
+    fs::path KeepNew(std::uint8_t byte) {
+        const fs::path file = store.NewFile();
+        store.Keep(file, PatchTo(byte));
+        fs::last_write_time(file, next_ += std::chrono::hours(1));
+        return file;
+    }
+    fs::path Put(const std::string &name, const std::string &text) const {
+        fs::create_directories(path);
+        std::ofstream(path / name) << text;
+        return path / name;
+    }
+    static unsigned RightsOf(const fs::path &file) {
+        struct stat status {};
+        EXPECT_EQ(stat(file.c_str(), &status), 0);
+        return status.st_mode & 0777U;
     }
 
     TTemporaryFolder folder;
     fs::path path = folder / "state" / "ferrolyn";
+    TPatchStore store{path, "mine-####.patch", 20};
+
+private:
+    fs::file_time_type next_ = fs::file_time_type::clock::now() - std::chrono::hours(1000);
 };
 
 TEST_F(TPatchStoreTest, IsEmptyAndMakesNothingUntilAPatchIsKept) {
-    TPatchStore store(path);
-    EXPECT_THAT(store.Of(3, ofImage), IsEmpty());
-    store.Drop();
+    EXPECT_THAT(Found(), IsEmpty());
+    store.RemoveOldest({});
+    TPatchStore::Remove(store.NewFile());
     EXPECT_FALSE(fs::exists(path));
 }
 
-TEST_F(TPatchStoreTest, KeepsTheLastPatchForTheNextStart) {
-    TPatchStore store(path);
-    store.Keep(PatchTo(7));
-    store.Keep(PatchTo(8));
+TEST_F(TPatchStoreTest, KeepsPatchesInFilesOfItsForm) {
+    const fs::path file = KeepNew(7);
+    EXPECT_EQ(file.parent_path(), path);
+    EXPECT_THAT(file.filename().string(), testing::MatchesRegex("mine-[0-9a-f]+.patch"));
+    EXPECT_NE(store.NewFile(), file);
+    store.Keep(file, PatchTo(8));
     EXPECT_THAT(Found(), ElementsAre(PatchTo(8)));
-    EXPECT_THAT(store.Of(3, ofImage), IsEmpty()) << "not its own";
-    store.Drop();
+    TPatchStore::Remove(file);
     EXPECT_THAT(Found(), IsEmpty());
 }
 
-TEST_F(TPatchStoreTest, IsReadByItsOwnerAlone) {
-    TPatchStore(path).Keep(PatchTo(7));
-    struct stat status {};
-    ASSERT_EQ(stat(fs::directory_iterator(path)->path().c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0600U);
+TEST_F(TPatchStoreTest, IsForItsOwnerAlone) {
+    EXPECT_EQ(RightsOf(KeepNew(7)), 0600U);
+    EXPECT_EQ(RightsOf(path), 0700U);
+    EXPECT_EQ(RightsOf(path.parent_path()) & 0700U, 0700U);
 }
 
-TEST_F(TPatchStoreTest, FindsThePatchesOfItsImageAlone) {
-    TPatchStore(path).Keep(PatchTo(7));
-    EXPECT_THAT(TPatchStore(path).Of(4, ofImage), IsEmpty());
-    EXPECT_THAT(TPatchStore(path).Of(3, std::string(64, 'b')), IsEmpty());
-}
-
-TEST_F(TPatchStoreTest, OfTwoProgramsDoesNotMixTheirPatches) {
-    TPatchStore one(path);
-    TPatchStore other(path);
-    one.Keep(PatchTo(7));
-    other.Keep(PatchTo(8));
-    one.Drop();
-    EXPECT_THAT(Found(), ElementsAre(PatchTo(8)));
-}
-
-TEST_F(TPatchStoreTest, ForgetsOneThatItTold) {
-    TPatchStore(path).Keep(PatchTo(7));
-    const std::vector<TKeptPatch> kept = TPatchStore(path).Of(3, ofImage);
-    ASSERT_THAT(kept, SizeIs(1));
-    TPatchStore::Forget(kept.front());
-    EXPECT_THAT(Found(), IsEmpty());
-}
-
-TEST_F(TPatchStoreTest, KeepsTheTwentyNewest) {
-    for (int i = 0; i < 25; ++i) {
-        TPatchStore(path).Keep(PatchTo(static_cast<std::uint8_t>(10 + i)));
-        for (const fs::directory_entry &entry : fs::directory_iterator(path))
-            fs::last_write_time(entry, entry.last_write_time() - std::chrono::hours(1));
-    }
+TEST_F(TPatchStoreTest, ReadsTheNewestOfThoseWanted) {
+    const fs::path first = KeepNew(0);
+    for (std::uint8_t i = 4; i < 30; ++i)
+        KeepNew(i);
     const std::vector<TPatch> found = Found();
-    ASSERT_THAT(found, SizeIs(TPatchStore::mostPatches));
-    EXPECT_EQ(found.front(), PatchTo(34));
-    EXPECT_EQ(found.back(), PatchTo(15));
+    ASSERT_THAT(found, SizeIs(20));
+    EXPECT_EQ(found.front(), PatchTo(29));
+    EXPECT_EQ(found.back(), PatchTo(10));
+    EXPECT_THAT(store.Read([&](const fs::path &file) { return file == first; }).patches, SizeIs(1));
 }
 
-TEST_F(TPatchStoreTest, KeepsItsOwnWhenTheClockHasGoneBack) {
-    for (int i = 0; i < 20; ++i)
-        TPatchStore(path).Keep(PatchTo(7));
-    for (const fs::directory_entry &entry : fs::directory_iterator(path))
-        fs::last_write_time(entry, entry.last_write_time() + std::chrono::hours(24));
-    TPatchStore(path).Keep(PatchTo(8));
-    EXPECT_EQ(FileCount(), TPatchStore::mostPatches);
-    EXPECT_THAT(Found(), testing::Contains(PatchTo(8)));
+TEST_F(TPatchStoreTest, RemovesTheOldest) {
+    for (std::uint8_t i = 4; i < 34; ++i)
+        KeepNew(i);
+    store.RemoveOldest(KeepNew(34));
+    EXPECT_EQ(FileCount(), 20U);
+    EXPECT_EQ(Found().front(), PatchTo(34));
+    EXPECT_EQ(Found().back(), PatchTo(15));
+}
+
+TEST_F(TPatchStoreTest, NeverRemovesOnesOwnWhenTheClockHasGoneBack) {
+    const fs::path own = KeepNew(5);
+    for (std::uint8_t i = 10; i < 34; ++i)
+        KeepNew(i);
+    store.RemoveOldest(own);
+    EXPECT_EQ(FileCount(), 20U);
+    EXPECT_TRUE(fs::exists(own));
+}
+
+TEST_F(TPatchStoreTest, OfThousandsRemovesSomeAtATime) {
+    for (int i = 0; i < 300; ++i)
+        KeepNew(7);
+    const std::size_t before = FileCount(); // names may meet
+    store.RemoveOldest({});
+    EXPECT_LT(FileCount(), before);
+    EXPECT_GT(FileCount(), before / 2);
+    for (int i = 0; i < 3; ++i)
+        store.RemoveOldest(store.NewFile());
+    EXPECT_LE(FileCount(), 20U);
 }
 
 TEST_F(TPatchStoreTest, LeavesFilesOfOthersAlone) {
-    fs::create_directories(path);
-    for (const char *name : {"unsaved-0123456789abcdeg.patch", "unsaved-0123.patch", ".hidden",
-                             "unsaved-0123456789abcdef.patch2", "mine.patch"})
-        std::ofstream(path / name) << "x";
-    std::ofstream(path / "unsaved-0123456789abcdef.patch") << "half a pat";
-    for (int i = 0; i < 19; ++i)
-        TPatchStore(path).Keep(PatchTo(7));
-    EXPECT_EQ(FileCount(), 25U) << "a half-written one is no patch to offer, and stays";
-    EXPECT_THAT(Found(), SizeIs(19));
+    for (const char *name : {"mine-012g.patch", "mine-012.patch", ".hidden", ".mine-0123.patch",
+                             "mine-0123.patch2", "a.patch", "mine-01234.patch"})
+        Put(name, PatchText(PatchTo(7)));
+    for (std::uint8_t i = 4; i < 34; ++i)
+        KeepNew(i);
+    store.RemoveOldest({});
+    EXPECT_EQ(FileCount(), 7U + 19U);
+    EXPECT_THAT(Kept().leftAlone, IsEmpty());
+}
+
+TEST_F(TPatchStoreTest, NamesWhatIsNoPatchAndLeavesItAlone) {
+    const std::string text = PatchText(PatchTo(7));
+    Put("mine-0000.patch", text.substr(0, text.size() / 2));
+    Put("mine-0001.patch", "");
+    Put("mine-0002.patch", std::string(17 * 1024 * 1024, 'x'));
+    fs::create_directory(path / "mine-0003.patch");
+    ASSERT_EQ(mkfifo((path / "mine-0004.patch").c_str(), 0600), 0);
+    for (const fs::directory_entry &entry : fs::directory_iterator(path))
+        fs::last_write_time(entry, fs::file_time_type::clock::now() - std::chrono::hours(2000));
+    for (std::uint8_t i = 4; i < 19; ++i)
+        KeepNew(i);
+    const TKeptPatches kept = Kept();
+    EXPECT_THAT(kept.patches, SizeIs(15));
+    EXPECT_THAT(kept.leftAlone,
+                testing::UnorderedElementsAre(
+                    HasSubstr("mine-0000.patch: Line 4 of the patch: the patch ends here"),
+                    HasSubstr("mine-0001.patch: Line 1 of the patch"), HasSubstr("mine-0002.patch"),
+                    HasSubstr("mine-0003.patch"), HasSubstr("mine-0004.patch")));
+    for (std::uint8_t i = 19; i < 40; ++i)
+        KeepNew(i);
+    store.RemoveOldest({});
+    EXPECT_EQ(FileCount(), 5U + 19U);
 }
 
 TEST_F(TPatchStoreTest, SaysWhenTheFolderIsAFile) {
     fs::create_directories(path.parent_path());
     std::ofstream(path) << "x";
-    TPatchStore store(path);
-    EXPECT_THROW(store.Keep(PatchTo(7)), EFileError);
-    EXPECT_THROW(store.Of(3, ofImage), EFileError);
+    EXPECT_THROW(store.Keep(store.NewFile(), PatchTo(7)), EFileError);
+    EXPECT_THROW(Kept(), EFileError);
+    EXPECT_THROW(store.RemoveOldest({}), EFileError);
 }
 } // namespace

@@ -22,7 +22,7 @@ trap 'exit 130' INT
 trap 'exit 143' TERM
 
 unset QT_QPA_PLATFORM # the screen is a real one here
-export XDG_CONFIG_HOME=$scratch
+export XDG_CONFIG_HOME=$scratch XDG_STATE_HOME=$scratch
 
 fail() {
     echo "FAILED: $*" >&2

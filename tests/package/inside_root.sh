@@ -34,7 +34,7 @@ expect_files() {
 #   drive PROGRAM SAMPLES HELP_FOLDER
 drive() {
     runuser -u tester -- env -C /home/tester HOME=/home/tester PATH=/usr/bin:/bin LC_ALL=C.UTF-8 PYTHONDONTWRITEBYTECODE=1 \
-        "$top/tools/xvfb.sh" env -u XDG_CONFIG_HOME dbus-run-session -- python3 "$top/tests/package/drive.py" "$@" 2>"$scratch/log" || {
+        "$top/tools/xvfb.sh" env -u XDG_CONFIG_HOME -u XDG_STATE_HOME dbus-run-session -- python3 "$top/tests/package/drive.py" "$@" 2>"$scratch/log" || {
         cat "$scratch/log" >&2
         return 1
     }

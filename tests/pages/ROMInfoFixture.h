@@ -2,6 +2,7 @@
 // claim to have changed data, ROM images on the disk and spec files in the current folder.
 #pragma once
 
+#include "changes/Recovery.h"
 #include "forms/KelvaneNotebook.h"
 #include "forms/RadioGroup.h"
 #include "forms/TEmbedFm.h"
@@ -19,7 +20,7 @@ inline constexpr const char *overwrite = "Overwrite existing file?";
 class TROMInfoTest : public TPageTest {
 protected:
     void SetUp() override {
-        auto added = std::make_unique<TfrmROMInformation>(nullptr, workspace);
+        auto added = std::make_unique<TfrmROMInformation>(nullptr, workspace, recovery);
         page = added.get();
         host.AddPage(std::move(added), "tabROMInfo", "ROM Information");
         auto beside = std::make_unique<TEmbeddedForm>();
@@ -115,6 +116,8 @@ protected:
     }
 
     TWorkspace workspace;
+    TTemporaryFolder state;
+    TRecovery recovery{workspace, state.Path()};
     TfrmKelvaneNotebook host;
     TfrmROMInformation *page = nullptr;
     TEmbeddedForm *other = nullptr;

@@ -22,8 +22,9 @@ int main(int argc, char **argv) {
     testing::InitGoogleMock(&argc, argv);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    const QTemporaryDir settings; // none of the user's own
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
+    const QTemporaryDir own; // none of the user's settings and kept changes
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, own.path());
+    qputenv("XDG_STATE_HOME", own.path().toLocal8Bit());
     qInstallMessageHandler(FailOnWarning);
     const int result = RUN_ALL_TESTS();
     qInstallMessageHandler(nullptr);

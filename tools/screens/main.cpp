@@ -55,8 +55,9 @@ int main(int argc, char **argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    const QTemporaryDir settings; // none of the user's own
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
+    const QTemporaryDir own; // none of the user's settings and kept changes
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, own.path());
+    qputenv("XDG_STATE_HOME", own.path().toLocal8Bit());
     QCommandLineParser parser;
     parser.addPositionalArgument("SAMPLES", "folder of the sample files");
     parser.addPositionalArgument("OUTPUT", "folder for the pictures");

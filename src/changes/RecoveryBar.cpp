@@ -1,0 +1,91 @@
+#include "changes/RecoveryBar.h"
+
+#include "changes/MapChanges.h"
+#include "forms/Access.h"
+#include "forms/Guard.h"
+#include "forms/Hint.h"
+#include "forms/Named.h"
+#include "model/ROMImage.h"
+
+#include <chrono>
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+
+namespace {
+QDateTime TimeOf(const TKeptPatch &offer) {
+    const auto time = std::chrono::file_clock::to_sys(offer.time).time_since_epoch();
+    return QDateTime::fromMSecsSinceEpoch(
+        std::chrono::duration_cast<std::chrono::milliseconds>(time).count());
+}
+
+/// How much of the image the patch changes.
+QString Extent(const TPatch &patch, const TWorkspace &workspace) {
+    const auto file = ROMImage()->FileBytes();
+    std::vector<std::uint8_t> patched(file.begin(), file.end());
+    ApplyPatch(patch, patched);
+    const TImageChanges changes = ImageChanges(file, patched, workspace);
+    const std::size_t count = BytesOf(changes.runs);
+    const QString bytes =
+        count == 1 ? TRecoveryBar::tr("1 byte") : TRecoveryBar::tr("%1 bytes").arg(count);
+    if (changes.maps.empty())
+        return bytes;
+    return changes.maps.size() == 1
+               ? TRecoveryBar::tr("%1 in 1 map").arg(bytes)
+               : TRecoveryBar::tr("%1 in %2 maps").arg(bytes).arg(changes.maps.size());
+}
+} // namespace
+
+QString WhenText(const QDateTime &time, const QDateTime &now) {
+    const bool thisYear = time.date().year() == now.date().year();
+    return QLocale().toString(time, thisYear ? "d MMM, HH:mm" : "d MMM yyyy, HH:mm");
+}
+
+TRecoveryBar::TRecoveryBar(QWidget *parent, TRecovery &recovery, const TWorkspace &workspace)
+    : QFrame(parent),
+      recovery_(recovery),
+      workspace_(workspace),
+      lblRecovery_(Named("lblRecovery", new QLabel(this))),
+      btnShowRecovered_(Named("btnShowRecovered", new QPushButton(tr("Show"), this))),
+      btnBringBack_(Named("btnBringBack", new QPushButton(tr("Bring Back"), this))),
+      btnForget_(Named("btnForget", new QPushButton(tr("Forget"), this))) {
+    setObjectName("barRecovery");
+    setFrameShape(QFrame::StyledPanel);
+    SetRole(*this, QAccessible::Grouping, tr("Changes that were never saved"));
+    lblRecovery_->setWordWrap(true);
+    SetHint(btnShowRecovered_, tr("Show what these changes are"));
+    SetHint(btnBringBack_, tr("Make these changes again in the image in memory"));
+    SetHint(btnForget_, tr("Throw these changes away for good"));
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(6, 4, 6, 4);
+    row->addWidget(lblRecovery_, 1);
+    for (QPushButton *button : {btnShowRecovered_, btnBringBack_, btnForget_})
+        row->addWidget(button);
+    ConnectGuarded(btnShowRecovered_, &QPushButton::clicked, this,
+                   [this] { OnShow(recovery_.Offers().front()); });
+    ConnectGuarded(btnBringBack_, &QPushButton::clicked, this, [this] { Finish(true); });
+    ConnectGuarded(btnForget_, &QPushButton::clicked, this, [this] { Finish(false); });
+    hide();
+}
+
+void TRecoveryBar::ShowOffer() {
+    const std::vector<TKeptPatch> &offers = recovery_.Offers();
+    setVisible(!offers.empty());
+    btnShowRecovered_->setVisible(OnShow != nullptr);
+    if (offers.empty())
+        return;
+    const TKeptPatch &offer = offers.front();
+    lblRecovery_->setText(tr("Changes of %1 were committed and never saved: %2")
+                              .arg(WhenText(TimeOf(offer), QDateTime::currentDateTime()),
+                                   Extent(offer.patch, workspace_)));
+}
+
+void TRecoveryBar::Finish(bool bringBack) {
+    if (bringBack)
+        recovery_.BringBack();
+    else
+        recovery_.Forget();
+    OnDone(bringBack);
+}
