@@ -9,6 +9,7 @@
 #include "support/FakeDialogs.h"
 #include "support/FindControl.h"
 #include "support/ModelFixture.h"
+#include "support/OwnState.h"
 #include "support/TemporaryFolder.h"
 
 #include <filesystem>
@@ -53,6 +54,7 @@ private:
 
 public:
     TTemporaryFolder folder;
+    TOwnState ownState;
 
 private:
     TCurrentFolder current_{folder.Path()};

@@ -79,6 +79,12 @@ const TControl controls[] = {
     {TForm::ROM, "Label4", "QLabel", nullptr, "", ""},
     {TForm::ROM, "Label5", "QLabel", "data offset", "", ""},
     {TForm::ROM, "StatusBar1", "QStatusBar", nullptr, "", ""},
+    {TForm::ROM, "barRecovery", "TRecoveryBar", nullptr, "", "h"},
+    {TForm::ROM, "lblRecovery", "QLabel", "", "", "h"},
+    {TForm::ROM, "btnShowRecovered", "QPushButton", "Show", "Show what these changes are", "h"},
+    {TForm::ROM, "btnBringBack", "QPushButton", "Bring Back",
+     "Make these changes again in the image in memory", "h"},
+    {TForm::ROM, "btnForget", "QPushButton", "Forget", "Throw these changes away for good", "h"},
     {TForm::ROM, "btnHelp", "QPushButton", "Help", "", "h"},
 
     {TForm::Fuel, "grdPTMap", "TStringAlignGrid", nullptr, rightClick, ""},

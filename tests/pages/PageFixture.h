@@ -6,6 +6,7 @@
 #include "support/FakeDialogs.h"
 #include "support/FindControl.h"
 #include "support/ModelFixture.h"
+#include "support/OwnState.h"
 #include "support/TemporaryFolder.h"
 
 #include <filesystem>
@@ -50,6 +51,7 @@ protected:
 
     TFakeDialogs dialogs;
     TTemporaryFolder folder;
+    TOwnState ownState;
 
 private:
     std::filesystem::path oldFolder_;

@@ -116,8 +116,7 @@ protected:
     }
 
     TWorkspace workspace;
-    TTemporaryFolder state;
-    TRecovery recovery{workspace, state.Path()};
+    TRecovery recovery{workspace, ownState.Folder()};
     TfrmKelvaneNotebook host;
     TfrmROMInformation *page = nullptr;
     TEmbeddedForm *other = nullptr;

@@ -40,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(TROMInfoTest, AScanAtCreationFindsTheCurrentFoldersFiles) {
     MakeText("B.SPC", "[Main]\n");
     TWorkspace fresh;
-    const TfrmROMInformation made(nullptr, fresh);
+    const TfrmROMInformation made(nullptr, fresh, recovery);
     EXPECT_EQ(FindControl<TRadioGroup>(made, "rdoROMtemplate").Item(0), "B.SPC");
 }
 

@@ -321,7 +321,7 @@ TEST_F(TROMInfoTest, TheCreditsTurnWhileThePageIsShown) {
 
 TEST_F(TROMInfoTest, TheTimerIsOffBeforeThePageIsShown) {
     TWorkspace fresh;
-    TfrmROMInformation unshown(nullptr, fresh);
+    TfrmROMInformation unshown(nullptr, fresh, recovery);
     EXPECT_FALSE(FindControl<QTimer>(unshown, "tmrThanks").isActive());
 }
 
