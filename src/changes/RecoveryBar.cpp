@@ -5,6 +5,7 @@
 #include "forms/Guard.h"
 #include "forms/Hint.h"
 #include "forms/Named.h"
+#include "forms/TabOrder.h"
 #include "model/ROMImage.h"
 
 #include <chrono>
@@ -39,8 +40,12 @@ QString Extent(const TPatch &patch, const TWorkspace &workspace) {
 } // namespace
 
 QString WhenText(const QDateTime &time, const QDateTime &now) {
-    const bool thisYear = time.date().year() == now.date().year();
-    return QLocale().toString(time, thisYear ? "d MMM, HH:mm" : "d MMM yyyy, HH:mm");
+    const QDate day = time.date();
+    QString text =
+        QString::number(day.day()) + ' ' + QLocale().monthName(day.month(), QLocale::ShortFormat);
+    if (day.year() != now.date().year())
+        text += ' ' + QString::number(day.year());
+    return text + ", " + time.toString("HH:mm");
 }
 
 TRecoveryBar::TRecoveryBar(QWidget *parent, TRecovery &recovery, const TWorkspace &workspace)
@@ -80,6 +85,10 @@ void TRecoveryBar::ShowOffer() {
     lblRecovery_->setText(tr("Changes of %1 were committed and never saved: %2")
                               .arg(WhenText(TimeOf(offer), QDateTime::currentDateTime()),
                                    Extent(offer.patch, workspace_)));
+}
+
+void TRecoveryBar::ComeLast() {
+    MoveToTabEnd(*window(), {btnShowRecovered_, btnBringBack_, btnForget_});
 }
 
 void TRecoveryBar::Finish(bool bringBack) {

@@ -29,6 +29,8 @@ public:
 
     /// Shows the newest offer, in the words of the mapping in force; hides without one.
     void ShowOffer();
+    /// Lets Tab come to the buttons after all other controls that the window has now.
+    void ComeLast();
 
 private:
     void Finish(bool bringBack);

@@ -1,6 +1,6 @@
 #include "spec/ROMInfo.h"
 
-#include "changes/Recovery.h"
+#include "changes/RecoveryBar.h"
 #include "forms/KelvaneNotebook.h"
 #include "forms/Paths.h"
 #include "forms/Places.h"
@@ -57,6 +57,7 @@ void TfrmROMInformation::ScanSpecDirectory() {
                                   ? tr("Select a directory containing .SPC files to fill list")
                                   : tr("Select Mapping Specification"));
     rdoROMtemplate_->AddItem(tr("Use Manual Offset Method"));
+    barRecovery_->ComeLast();
 }
 
 void TfrmROMInformation::LoadSpec(const fs::path &fileName) {

@@ -31,8 +31,6 @@ public:
     /// `workspace` and `recovery` outlive the page. Scans the spec files of the current directory.
     TfrmROMInformation(QWidget *parent, TWorkspace &workspace, TRecovery &recovery);
 
-    TRecoveryBar *const barRecovery; ///< changes that were never saved
-
     /// Shows the page and enables "Save ROM" exactly when a page of the notebook reports changed
     /// data.
     void ShowPage() override;
@@ -70,6 +68,8 @@ public:
 
     const std::filesystem::path &ROMFileName() const { return romFileName_; }
     const std::filesystem::path &CurrentSpecFileName() const { return currentSpecFileName_; }
+    /// Offers changes that were never saved.
+    TRecoveryBar &RecoveryBar() const { return *barRecovery_; }
     int TemplateIndex() const { return templateIndex_; }
     bool Loaded() const { return loaded_; }
     /// What has placed or zeroed the maps last; a choice that came to nothing leaves it.
@@ -135,6 +135,7 @@ private:
     TRadioGroup *rdoROMtemplate_;
     std::array<QLabel *, 4> aboutLabels_;
     std::array<TElidedLabel *, 3> statusPanels_;
+    TRecoveryBar *barRecovery_ = nullptr;
     TSaveDialog *dlgSave_;
     QTimer *tmrThanks_;
 };

@@ -18,7 +18,6 @@ constexpr int creditInterval = 3000; // milliseconds
 
 TfrmROMInformation::TfrmROMInformation(QWidget *parent, TWorkspace &workspace, TRecovery &recovery)
     : TEmbeddedForm(parent),
-      barRecovery(new TRecoveryBar(this, recovery, workspace)),
       workspace_(workspace),
       recovery_(recovery),
       btnLoad_(Named("btnLoad", new QPushButton(tr("&Load ROM Image"), this))),
@@ -47,10 +46,11 @@ void TfrmROMInformation::MakeControls() {
     top->addWidget(MakeROMGroup());
     top->addWidget(scroll, 1);
     auto *page = new QVBoxLayout(this);
-    page->addWidget(barRecovery);
     page->addLayout(top, 1);
     page->addWidget(MakeAbout());
     page->addWidget(MakeStatusBar());
+    barRecovery_ = new TRecoveryBar(this, recovery_, workspace_);
+    page->insertWidget(0, barRecovery_);
     tmrThanks_->setInterval(creditInterval);
 }
 
@@ -127,7 +127,7 @@ void TfrmROMInformation::ConnectControls() {
     connect(btnSaveSpec_, &TfrmROMInformation::btnSaveSpecClick);
     connect(btnOffsetEntry_, &TfrmROMInformation::btnOffsetEntryClick);
     rdoROMtemplate_->OnClick = andTell(&TfrmROMInformation::rdoROMtemplateClick);
-    barRecovery->OnDone = [this](bool broughtBack) { TakeBack(broughtBack); };
+    barRecovery_->OnDone = [this](bool broughtBack) { TakeBack(broughtBack); };
     ConnectGuarded(tmrThanks_, &QTimer::timeout, this, [this] { tmrThanksTimer(); });
 }
 

@@ -194,7 +194,7 @@ void TfrmNotebook::StateChanged() {
 
 void TfrmNotebook::TellRecovery() {
     recovery_.Look();
-    rom_->barRecovery->ShowOffer();
+    rom_->RecoveryBar().ShowOffer();
     if (PageCount() == 0)
         return; // the window closes
     if (const std::string problem = recovery_.TakeProblem(); !problem.empty())

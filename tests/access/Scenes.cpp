@@ -1,11 +1,13 @@
 #include "access/Scenes.h"
 
+#include "changes/RecoveryBar.h"
 #include "forms/Help.h"
 #include "forms/PageControl.h"
 #include "forms/RadioGroup.h"
 #include "maps/Maps.h"
 #include "maps/QuickChart.h"
 #include "maps/ToolWindow.h"
+#include "spec/ROMInfo.h"
 #include "spec/offsetentry.h"
 
 #include <fstream>
@@ -22,6 +24,7 @@ constexpr int contentsTab = 5;
 const std::vector<std::pair<TScene, const char *>> scenes{
     {TScene::FreshROM, "FreshROM"},
     {TScene::ROM, "ROM"},
+    {TScene::Offer, "Offer"},
     {TScene::Fuel, "Fuel"},
     {TScene::Timing, "Timing"},
     {TScene::FuelChart, "FuelChart"},
@@ -42,6 +45,7 @@ int TabOf(TScene scene) {
     switch (scene) {
     case TScene::FreshROM:
     case TScene::ROM:
+    case TScene::Offer:
         return 0;
     case TScene::Timing:
         return 2;
@@ -131,6 +135,15 @@ QWidget &TSceneTest::OpenOwnWindow(TScene scene) {
         return *made;
     };
     switch (scene) {
+    case TScene::Offer: {
+        Image().Poke(0x7000, 99);
+        window.StateChanged();
+        OnPage<QRadioButton>("rdoROMtemplate0").click(); // reads the image anew
+        TRecoveryBar &bar = dynamic_cast<TfrmROMInformation &>(Page()).RecoveryBar();
+        bar.OnShow = [](const TKeptPatch &) {};
+        window.StateChanged();
+        return window;
+    }
     case TScene::AddedPage:
         OnPage<QAction>("Fuel5").trigger();
         OnPage<QAction>("AllHighlighted1").trigger();

@@ -13,6 +13,7 @@
 enum class TScene {
     FreshROM, ///< nothing loaded
     ROM,
+    Offer, ///< the same page with changes that were never saved
     Fuel,
     Timing,
     FuelChart,

@@ -52,6 +52,9 @@ TEST_P(TStatedOrderTest, IsTheOrderOfTab) {
 INSTANTIATE_TEST_SUITE_P(
     Pages, TStatedOrderTest,
     testing::Values(TOrder{TScene::ROM, {"btnLoad", "btnSaveSpec", "rdoROMtemplate0"}},
+                    TOrder{TScene::Offer,
+                           {"btnLoad", "btnSaveSpec", "rdoROMtemplate0", "btnShowRecovered",
+                            "btnBringBack", "btnForget"}},
                     TOrder{TScene::Fuel, MapStops({"spnRevLimiter", "btnSaverev", "btnResetRev",
                                                    "chkInterpret", "btnRecalculate", "btnClose"})},
                     TOrder{TScene::Timing,

@@ -48,7 +48,6 @@ const TOtherText otherTexts[] = {
     {"&Lookup", "a button that no window of the program has"},
     {"Set Mapping Type", "the list, until it is filled"},
     {"Patch", "reading patch files, which no page offers yet"},
-    {"PatchStore", "keeping patch files, which no page offers yet"},
     {"TChangesReport", "the printed differences"},
     {"TMapCommands", "the menu of commands"},
     {"TUndoCommands", "the menu of commands"},

@@ -20,7 +20,7 @@ class TRecoveryBarTest : public TWindowTest {
 protected:
     static constexpr auto firstCell = "grdPTMap";
 
-    TRecoveryBar &Bar() { return *ROMPage().barRecovery; }
+    TRecoveryBar &Bar() { return ROMPage().RecoveryBar(); }
     QString Text() {
         return Bar().isVisible() ? On<QLabel>(romTab, "lblRecovery").text() : QString();
     }
