@@ -108,11 +108,11 @@ std::string CellText(const TCellSide &here, const TCellSide &there, const std::s
 }
 
 std::string HexText(std::span<const std::uint8_t> bytes, std::size_t most) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
+    constexpr std::string_view upperCase = "0123456789ABCDEF";
     std::string text;
     for (const std::uint8_t byte : bytes.first(std::min(bytes.size(), most))) {
         text += text.empty() ? "" : " ";
-        text += {digits[byte >> 4], digits[byte & 0xF]};
+        text += {upperCase[byte >> 4], upperCase[byte & 0xF]};
     }
     return bytes.size() > most ? text + " ..." : text;
 }

@@ -11,9 +11,9 @@ std::string Sha256(std::span<const std::uint8_t> bytes) {
     std::array<std::uint8_t, SHA256_DIGEST_SIZE> digest;
     sha256_digest(&context, digest.size(), digest.data());
 
-    constexpr std::string_view digits = "0123456789abcdef";
+    constexpr std::string_view lowerCase = "0123456789abcdef";
     std::string text;
     for (const std::uint8_t byte : digest)
-        text += {digits[byte >> 4], digits[byte & 0xF]};
+        text += {lowerCase[byte >> 4], lowerCase[byte & 0xF]};
     return text;
 }
