@@ -2,6 +2,7 @@
 
 #include "changes/ChangesPage.h"
 #include "changes/ComparePage.h"
+#include "changes/EarlierPage.h"
 #include "changes/RecoveryBar.h"
 #include "filedisplay/FileDisplay.h"
 #include "forms/Commands.h"
@@ -130,6 +131,10 @@ void TfrmNotebook::AddCommands() {
                        .text = tr("Co&mpare"),
                        .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_O},
                        .run = [this] { ShowCompare({}); }});
+    AddCommand(*this,
+               {.name = "actEarlier", .text = tr("&Earlier Versions"), .keys = {}, .run = [this] {
+                    ShowEarlier();
+                }});
     AddCommandLine(*this);
     addAction(actGuide); // behind these
     AddCommand(*this, {.name = "actAbout", .text = tr("&About"), .keys = {}, .run = [this] {
@@ -178,6 +183,13 @@ void TfrmNotebook::ShowCompare(std::optional<TOtherImage> with) {
         page->CompareWith(std::move(*with));
     else if (page && !page->HasOther())
         page->btnOtherClick();
+}
+
+void TfrmNotebook::ShowEarlier() {
+    if (auto *page = GoToOnly<TfrmEarlier>("tabEarlier", tr("Earlier Versions")))
+        page->LetShow([this](const std::string &title, std::vector<std::uint8_t> bytes) {
+            ShowCompare(TOtherImage(title, std::move(bytes)));
+        });
 }
 
 void TfrmNotebook::LoadDropped(const QString &fileName) {

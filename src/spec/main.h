@@ -50,6 +50,8 @@ public:
     /// The page "Compare", likewise. `with` is the other image; none asks for a file, unless the
     /// page is there already.
     void ShowCompare(std::optional<TOtherImage> with);
+    /// The page "Earlier Versions"; adds it unless it is there.
+    void ShowEarlier();
     void StateChanged() override;
     /// The page "ROM Information" has no use for the notebook's own buttons.
     void tabROMInfoShow();
