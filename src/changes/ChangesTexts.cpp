@@ -81,6 +81,17 @@ std::string ElsewhereText(const std::vector<TByteRun> &runs) {
                   {bytes, std::to_string(runs.size())});
 }
 
+std::string ExtentText(const TImageChanges &changes) {
+    const std::string bytes = BytesText(BytesOf(changes.runs));
+    const auto maps = std::count_if(changes.maps.begin(), changes.maps.end(),
+                                    [](const TMapChanges &map) { return map.Any(); });
+    if (maps == 0)
+        return bytes;
+    return maps == 1
+               ? Filled(Translated("ChangesTexts", "%1 in 1 map"), {bytes})
+               : Filled(Translated("ChangesTexts", "%1 in %2 maps"), {bytes, std::to_string(maps)});
+}
+
 std::string TotalText(const TImageChanges &changes, const std::string &there) {
     const std::size_t bytes = BytesOf(changes.runs);
     std::string text;

@@ -22,6 +22,9 @@ std::string RevLimiterText(const TByteDifference &limiter);
 /// "14 bytes in 3 places".
 std::string ElsewhereText(const std::vector<TByteRun> &runs);
 
+/// "12 bytes in 2 maps", or "12 bytes" when none is in a map.
+std::string ExtentText(const TImageChanges &changes);
+
 /// How many bytes differ from those of `there`, the name of the other image, and how the lengths
 /// do.
 std::string TotalText(const TImageChanges &changes, const std::string &there);

@@ -26,7 +26,7 @@ public:
 
     /// Reads the versions anew. Throws EFileError when they cannot be read; there are none then.
     void ShowPage() override;
-    int GuideChapter() const override { return 10; }
+    int GuideChapter() const override { return 17; }
 
     /// Shows the chosen version, if one is chosen and may be shown.
     void btnShowVersionClick();

@@ -1,6 +1,6 @@
 #include "changes/RecoveryBar.h"
 
-#include "changes/MapChanges.h"
+#include "changes/ChangesTexts.h"
 #include "forms/Access.h"
 #include "forms/Guard.h"
 #include "forms/Hint.h"
@@ -27,15 +27,11 @@ QString Extent(const TPatch &patch, const TWorkspace &workspace) {
     const auto file = ROMImage()->FileBytes();
     std::vector<std::uint8_t> patched(file.begin(), file.end());
     ApplyPatch(patch, patched);
-    const TImageChanges changes = ImageChanges(file, patched, workspace);
-    const std::size_t count = BytesOf(changes.runs);
-    const QString bytes =
-        count == 1 ? TRecoveryBar::tr("1 byte") : TRecoveryBar::tr("%1 bytes").arg(count);
-    if (changes.maps.empty())
-        return bytes;
-    return changes.maps.size() == 1
-               ? TRecoveryBar::tr("%1 in 1 map").arg(bytes)
-               : TRecoveryBar::tr("%1 in %2 maps").arg(bytes).arg(changes.maps.size());
+    TMappedImage before(file);
+    TMappedImage after(patched);
+    before.PlaceAs(workspace);
+    after.PlaceAs(workspace);
+    return QString::fromStdString(ExtentText(ImageChanges(before, after)));
 }
 } // namespace
 

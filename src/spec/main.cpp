@@ -100,6 +100,7 @@ void TfrmNotebook::FormCreate() {
     };
     StatusBar1->addPermanentWidget(btnState_);
     AddCommands();
+    rom_->RecoveryBar().OnShow = [this](const TKeptPatch &offer) { ShowOffer(offer); };
     recovery_.OnNews = [this] {
         QMetaObject::invokeMethod(
             this, [this] { StateChanged(); }, Qt::QueuedConnection);
@@ -190,6 +191,12 @@ void TfrmNotebook::ShowEarlier() {
         page->LetShow([this](const std::string &title, std::vector<std::uint8_t> bytes) {
             ShowCompare(TOtherImage(title, std::move(bytes)));
         });
+}
+
+void TfrmNotebook::ShowOffer(const TKeptPatch &offer) {
+    std::vector<std::uint8_t> bytes = CommittedBytes(workspace);
+    ApplyPatch(offer.patch, bytes);
+    ShowCompare(TOtherImage(tr("what was not saved").toStdString(), std::move(bytes)));
 }
 
 void TfrmNotebook::LoadDropped(const QString &fileName) {

@@ -78,6 +78,9 @@ private:
     /// Gives the map pages their controls once the window is up, so that it comes up sooner.
     void PreparePages();
 
+    /// Compares with the image that a patch which was never saved makes. Throws EPatchError when it
+    /// does not fit what is in memory.
+    void ShowOffer(const TKeptPatch &offer);
     /// Shows what recovery has found, and says its problems.
     void TellRecovery();
 

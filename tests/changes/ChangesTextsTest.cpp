@@ -49,6 +49,16 @@ TEST_F(TChangesTextsTest, CountWhatLiesElsewhere) {
     EXPECT_EQ(ElsewhereText({{5, 4}, {20, 10}}), "14 bytes in 2 places");
 }
 
+TEST_F(TChangesTextsTest, SayHowFarChangesGo) {
+    TImageChanges changes;
+    changes.runs = {{1, 12}};
+    EXPECT_EQ(ExtentText(changes), "12 bytes");
+    changes.maps = {Changes(TMatch::Same, 2, 0), Changes(TMatch::Same, 0, 0)};
+    EXPECT_EQ(ExtentText(changes), "12 bytes in 1 map");
+    changes.maps.push_back(Changes(TMatch::OtherAxes, 0, 2));
+    EXPECT_EQ(ExtentText(changes), "12 bytes in 2 maps");
+}
+
 TEST_F(TChangesTextsTest, SumUp) {
     TImageChanges changes;
     changes.sizeBefore = changes.sizeAfter = 100;
