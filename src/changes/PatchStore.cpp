@@ -41,9 +41,10 @@ bool IsPatch(const fs::path &file) {
 /// Makes a folder that its owner alone may look into; those above it get the usual rights.
 void MakeOwnFolder(const fs::path &folder) {
     std::error_code error;
-    if (fs::create_directories(folder, error))
-        fs::permissions(folder, fs::perms::owner_all, error);
+    const bool made = fs::create_directories(folder, error);
     Check(error, folder);
+    if (made) // a refusal hurts nobody: the files in it are the owner's alone
+        fs::permissions(folder, fs::perms::owner_all, error);
 }
 } // namespace
 
@@ -100,8 +101,11 @@ std::vector<TPatchStore::TFile> TPatchStore::Files() const {
     std::error_code error;
     if (fs::status(folder_, error).type() == fs::file_type::not_found)
         return files;
-    for (fs::directory_iterator entry(folder_, error), end; !error && entry != end;
-         entry.increment(error))
+    fs::directory_iterator entry;
+    do
+        entry = fs::directory_iterator(folder_, error);
+    while (error == std::errc::interrupted);
+    for (const fs::directory_iterator end; !error && entry != end; entry.increment(error))
         if (IsOfForm(entry->path().filename().native())) {
             std::error_code gone; // meanwhile, by another program
             const fs::file_time_type time = entry->last_write_time(gone);

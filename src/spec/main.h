@@ -53,6 +53,7 @@ public:
     /// The page "Earlier Versions"; adds it unless it is there.
     void ShowEarlier();
     void StateChanged() override;
+    TRecovery &Recovery() { return recovery_; }
     /// The page "ROM Information" has no use for the notebook's own buttons.
     void tabROMInfoShow();
 

@@ -21,11 +21,12 @@ struct TFaultCase {
 inline std::vector<TFaultCase> FaultCases() {
     using enum TCall;
     using enum TEffect;
-    constexpr TCalls taking{Create, Write, Flush, Truncate, Rename, Link, Copy};
-    constexpr TCalls names{Open,   OpenToWrite, Create, Status, ReadLink,
-                           Access, Rename,      Link,   Unlink, List};
+    constexpr TCalls taking{Create, Write, Flush, Truncate, Rename, Link, Copy, MakeFolder};
+    constexpr TCalls names{Open,   OpenToWrite, Create, Status, ReadLink,  Access,
+                           Rename, Link,        Unlink, List,   MakeFolder};
     constexpr TCalls rights{OpenToWrite, Create, Permissions, Owner, Rename, Link, Unlink, Lock};
-    constexpr TCalls changing{OpenToWrite, Create, Access, Permissions, Rename, Link, Unlink};
+    constexpr TCalls changing{OpenToWrite, Create, Access, Permissions,
+                              Rename,      Link,   Unlink, MakeFolder};
     constexpr TCalls waiting{Open,     OpenToWrite, Create,      Read,  Write, Flush,
                              Truncate, Lock,        Permissions, Owner, Close};
     constexpr TCalls late{Truncate, Flush, Permissions, Owner, Close, Rename, Link, Unlink};

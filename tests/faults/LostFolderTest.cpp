@@ -46,7 +46,7 @@ protected:
 TEST_F(TLostFolder, AtTheStartTheUsersOwnTakesItsPlace) {
     Move(MakeSpec(), home);
     EnterAndLoseIt();
-    TfrmROMInformation started(nullptr, workspace);
+    TfrmROMInformation started(nullptr, workspace, recovery);
     EXPECT_TRUE(IsNowhere());
     EXPECT_EQ(FindControl<TRadioGroup>(started, "rdoROMtemplate").Item(0), "Direct");
     EXPECT_EQ(dialogs.messages, QStringList());

@@ -23,7 +23,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::UnorderedElementsAre;
 
-const TFileBytes oldBytes{1, 2, 3};
+const TFileBytes bytesBefore{1, 2, 3};
 const TFileBytes newBytes{4, 5, 6, 7};
 
 /// A folder in which a process saves "a.bin" and is killed at a call, so that what it leaves can be
@@ -75,7 +75,7 @@ TEST_F(TTemporaryFileTest, HasANameThatNobodyGuesses) {
 
 TEST_F(TTemporaryFileTest, IsTheSaversAloneUntilItHasTheTargetsPermissions) {
     for (const mode_t mode : {0600U, 0640U, 0644U, 0666U}) {
-        PutFile(target, oldBytes);
+        PutFile(target, bytesBefore);
         chmod(target.c_str(), mode);
         for (const TCall call : {TCall::Lock, TCall::Write, TCall::Permissions}) {
             KillSaveAt(call, 0);
@@ -97,7 +97,7 @@ TEST_F(TTemporaryFileTest, OfANewFileHasThePermissionsOfTheMaskFromTheStart) {
 // What somebody else does meanwhile
 
 TEST_F(TTemporaryFileTest, IsMadeAnewWhenAnotherSaveHoldsIt) {
-    PutFile(target, oldBytes);
+    PutFile(target, bytesBefore);
     const TFaultInjection injection(folder.Path(), {{TEffect::Fails, EWOULDBLOCK, {TCall::Lock}}});
     WriteFileSafely(target, newBytes);
     EXPECT_EQ(injection.Hits(), 1);
@@ -106,7 +106,7 @@ TEST_F(TTemporaryFileTest, IsMadeAnewWhenAnotherSaveHoldsIt) {
 }
 
 TEST_F(TTemporaryFileTest, IsMadeAnewWhenAnotherSaveHasRemovedIt) {
-    PutFile(target, oldBytes);
+    PutFile(target, bytesBefore);
     TFault fault{TEffect::ComesLate, 0, {TCall::Lock}};
     fault.meanwhile = [&] { EXPECT_TRUE(fs::remove(Left())); };
     const TFaultInjection injection(folder.Path(), {fault});
@@ -117,36 +117,36 @@ TEST_F(TTemporaryFileTest, IsMadeAnewWhenAnotherSaveHasRemovedIt) {
 }
 
 TEST_F(TTemporaryFileTest, IsGivenUpWhenItIsTakenForEver) {
-    PutFile(target, oldBytes);
+    PutFile(target, bytesBefore);
     const TFaultInjection injection(folder.Path(),
                                     {{TEffect::Fails, EWOULDBLOCK, {TCall::Lock}, true}});
     EXPECT_THROW(WriteFileSafely(target, newBytes), EFileError);
-    EXPECT_EQ(GetFile(target), oldBytes);
+    EXPECT_EQ(GetFile(target), bytesBefore);
     EXPECT_THAT(folder.Names(), UnorderedElementsAre("a.bin"));
 }
 
 // Nobody may lead a write into a file that was never chosen.
 TEST_F(TTemporaryFileTest, ALinkThatTakesTheTargetsPlaceIsNotFollowed) {
     const TTemporaryFolder other;
-    PutFile(other / "precious", oldBytes);
+    PutFile(other / "precious", bytesBefore);
     const auto swap = [&] {
         fs::remove(target);
         fs::create_symlink(other / "precious", target);
     };
-    PutFile(target, oldBytes);
+    PutFile(target, bytesBefore);
     TFault fault{TEffect::ComesLate, 0, {TCall::OpenToWrite}};
     fault.meanwhile = swap;
     const TFaultInjection injection(folder.Path(),
                                     {fault, {TEffect::Fails, EACCES, {TCall::Create}, true}});
     EXPECT_THROW(WriteFileSafely(target, newBytes), EFileError);
     EXPECT_EQ(injection.Hits(), 1);
-    EXPECT_EQ(GetFile(other / "precious"), oldBytes);
+    EXPECT_EQ(GetFile(other / "precious"), bytesBefore);
 }
 
 // A single file that is mounted into the folder can be written, and never be replaced.
 TEST_F(TTemporaryFileTest, ATargetThatCannotBeReplacedIsWrittenInPlace) {
     for (const int code : {EBUSY, EPERM, EACCES, EROFS}) {
-        PutFile(target, oldBytes);
+        PutFile(target, bytesBefore);
         const ino_t number = StatusOf(target).st_ino;
         {
             const TFaultInjection injection(folder.Path(),
@@ -162,7 +162,7 @@ TEST_F(TTemporaryFileTest, ATargetThatCannotBeReplacedIsWrittenInPlace) {
 
 TEST_F(TTemporaryFileTest, AFileThatGrowsOrShrinksWhileItIsReadIsRefused) {
     for (const std::uintmax_t length : {0U, 2U, 4U, 10000U}) {
-        PutFile(target, oldBytes);
+        PutFile(target, bytesBefore);
         TFault fault{TEffect::ComesLate, 0, {TCall::Read}};
         fault.meanwhile = [&] { fs::resize_file(target, length); };
         const TFaultInjection injection(folder.Path(), {fault});
@@ -175,7 +175,7 @@ TEST_F(TTemporaryFileTest, AFileThatGrowsOrShrinksWhileItIsReadIsRefused) {
 class TRemains : public TTemporaryFileTest {
 protected:
     fs::path Put(const std::string &name) {
-        PutFile(folder / name, oldBytes);
+        PutFile(folder / name, bytesBefore);
         return folder / name;
     }
     void Save() { WriteFileSafely(target, newBytes); }
@@ -239,7 +239,7 @@ TEST_F(TRemains, WhatAnotherSaveHoldsStays) {
 
 TEST_F(TRemains, WhatIsNoPlainFileStays) {
     const TTemporaryFolder other;
-    PutFile(other / "precious", oldBytes);
+    PutFile(other / "precious", bytesBefore);
     fs::create_symlink(other / "precious", folder / remains);
     Save();
     EXPECT_THAT(folder.Names(), UnorderedElementsAre("a.bin", remains));
@@ -258,7 +258,7 @@ TEST_F(TRemains, WhatIsNoPlainFileStays) {
 
 TEST_F(TRemains, WhatCannotBeLookedAtStays) {
     Put(remains);
-    PutFile(target, oldBytes);
+    PutFile(target, bytesBefore);
     {
         const TFaultInjection injection(folder / remains, {{TEffect::Fails, EIO, {TCall::Status}}});
         Save();
@@ -325,7 +325,7 @@ protected:
 // The group that may read and write a file is not to be another one after a save.
 TEST_P(TOwnedFile, LetsNobodyInWhoWasOut) {
     const TOwned &file = GetParam();
-    PutFile(target, oldBytes);
+    PutFile(target, bytesBefore);
     if (geteuid() != 0) {
         // Who is no administrator has but own files to save.
         ASSERT_EQ(chmod(target.c_str(), 0660), 0);
@@ -347,7 +347,7 @@ INSTANTIATE_TEST_SUITE_P(All, TOwnedFile, testing::ValuesIn(owned),
                          [](const auto &test) { return std::string(test.param.name); });
 
 TEST_F(TTemporaryFileTest, AnAdministratorKeepsTheOwner) {
-    PutFile(target, oldBytes);
+    PutFile(target, bytesBefore);
     const bool given = geteuid() == 0 && chown(target.c_str(), somebody, team) == 0;
     chmod(target.c_str(), 0660);
     WriteFileSafely(target, newBytes);

@@ -5,6 +5,7 @@
 #include "forms/Aligrid.h"
 #include "forms/PageControl.h"
 #include "forms/TEmbedFm.h"
+#include "forms/baseform.h"
 #include "pages/PageFixture.h"
 #include "spec/ROMInfo.h"
 #include "spec/main.h"

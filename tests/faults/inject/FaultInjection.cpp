@@ -2,6 +2,7 @@
 
 #include <array>
 #include <atomic>
+#include <mutex>
 #include <string_view>
 #include <sys/types.h>
 #include <thread>
@@ -19,8 +20,9 @@ struct TRecord {
 };
 
 struct TState {
+    std::mutex mutex; ///< for all but the thread
     std::string where;
-    std::thread::id thread;
+    std::thread::id thread; ///< none: all
     std::vector<TRecord> records;
     TCalls made;
     std::array<bool, mostDescriptors> watched{};
@@ -35,7 +37,8 @@ TState &State() {
 }
 
 bool IsOurs() {
-    return inForce && State().thread == std::this_thread::get_id();
+    const std::thread::id whose = State().thread;
+    return inForce && (whose == std::thread::id() || whose == std::this_thread::get_id());
 }
 
 bool IsBelow(std::string_view path, std::string_view where) {
@@ -66,7 +69,7 @@ std::string TCalls::Text() const {
     constexpr std::array<const char *, callCount> names{
         "Open",   "OpenToWrite", "Create",   "Status", "ReadLink",    "Access", "Read",
         "Write",  "Seek",        "Truncate", "Flush",  "Permissions", "Owner",  "Close",
-        "Rename", "Link",        "Unlink",   "List",   "Lock",        "Copy"};
+        "Rename", "Link",        "Unlink",   "List",   "Lock",        "Copy",   "MakeFolder"};
     std::string text;
     for (std::size_t i = 0; i < callCount; ++i)
         if (Has(static_cast<TCall>(i)))
@@ -74,10 +77,12 @@ std::string TCalls::Text() const {
     return text;
 }
 
-TFaultInjection::TFaultInjection(const std::filesystem::path &where, std::vector<TFault> faults) {
+TFaultInjection::TFaultInjection(const std::filesystem::path &where, std::vector<TFault> faults,
+                                 TThreads threads) {
     TState &state = State();
+    const std::lock_guard lock(state.mutex);
     state.where = where.string();
-    state.thread = std::this_thread::get_id();
+    state.thread = threads == TThreads::Own ? std::this_thread::get_id() : std::thread::id();
     state.records.clear();
     for (const TFault &fault : faults)
         state.records.push_back({fault, 0, 0, {}});
@@ -91,30 +96,42 @@ TFaultInjection::~TFaultInjection() {
 }
 
 TCalls TFaultInjection::Made() const {
+    const std::lock_guard lock(State().mutex);
     return State().made;
 }
 
 int TFaultInjection::Hits(std::size_t fault) const {
+    const std::lock_guard lock(State().mutex);
     return State().records.at(fault).hits;
 }
 
 TCalls TFaultInjection::HitCalls(std::size_t fault) const {
+    const std::lock_guard lock(State().mutex);
     return State().records.at(fault).hitCalls;
 }
 
 bool ConcernsPath(const char *path) {
-    return IsOurs() && path[0] != '\0' && IsBelow(Absolute(path), State().where);
+    if (!IsOurs() || path[0] == '\0')
+        return false;
+    const std::string absolute = Absolute(path);
+    const std::lock_guard lock(State().mutex);
+    return IsBelow(absolute, State().where);
 }
 
 bool ConcernsDescriptor(int descriptor) {
     const auto index = static_cast<std::size_t>(descriptor);
-    return IsOurs() && descriptor >= 0 && index < mostDescriptors && State().watched[index];
+    if (!IsOurs() || descriptor < 0 || index >= mostDescriptors)
+        return false;
+    const std::lock_guard lock(State().mutex);
+    return State().watched[index];
 }
 
 void Watch(int descriptor, bool on) {
     const auto index = static_cast<std::size_t>(descriptor);
-    if (IsOurs() && descriptor >= 0 && index < mostDescriptors)
-        State().watched[index] = on;
+    if (!IsOurs() || descriptor < 0 || index >= mostDescriptors)
+        return;
+    const std::lock_guard lock(State().mutex);
+    State().watched[index] = on;
 }
 
 void RunMeanwhile(const TFault &fault) {
@@ -124,6 +141,7 @@ void RunMeanwhile(const TFault &fault) {
 }
 
 const TFault *Judge(TCall call) {
+    const std::lock_guard lock(State().mutex);
     State().made.Add(call);
     for (TRecord &record : State().records)
         if (Hits(record, call)) {

@@ -31,8 +31,9 @@ enum class TCall {
     List,
     Lock,
     Copy,
+    MakeFolder,
 };
-inline constexpr std::size_t callCount = 20;
+inline constexpr std::size_t callCount = 21;
 
 /// A set of kinds of calls.
 class TCalls {
@@ -93,14 +94,18 @@ struct TFault {
     std::function<void()> meanwhile = {};
 };
 
+/// Whose calls count.
+enum class TThreads { Own, All };
+
 /// In force from construction to destruction, one at a time, for the calls that the constructing
-/// thread makes on a file or on anything below a folder, by name or through a descriptor that was
-/// opened while it was in force. Flushes of such files do not wait for the disk.
+/// thread, or any, makes on a file or on anything below a folder, by name or through a descriptor
+/// that was opened while it was in force. Flushes of such files do not wait for the disk.
 class TFaultInjection {
 public:
     /// @param where   a file or folder: absolute, without symbolic links on the way
     /// @param faults  the first that hits a call counts; none: calls are only counted
-    TFaultInjection(const std::filesystem::path &where, std::vector<TFault> faults);
+    TFaultInjection(const std::filesystem::path &where, std::vector<TFault> faults,
+                    TThreads threads = TThreads::Own);
     TFaultInjection(const TFaultInjection &) = delete;
     TFaultInjection &operator=(const TFaultInjection &) = delete;
     ~TFaultInjection();

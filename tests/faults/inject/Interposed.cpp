@@ -302,6 +302,15 @@ int chmod(const char *path, mode_t mode) noexcept {
     return Run(ConcernsPath(path), TCall::Permissions, -1, [&] { return NEXT(chmod)(path, mode); });
 }
 
+int fchmodat(int folder, const char *path, mode_t mode, int flags) noexcept {
+    return Run(ConcernsAt(folder, path), TCall::Permissions, -1,
+               [&] { return NEXT(fchmodat)(folder, path, mode, flags); });
+}
+
+int mkdir(const char *path, mode_t mode) noexcept {
+    return Run(ConcernsPath(path), TCall::MakeFolder, -1, [&] { return NEXT(mkdir)(path, mode); });
+}
+
 int fchmod(int descriptor, mode_t mode) noexcept {
     return Run(ConcernsDescriptor(descriptor), TCall::Permissions, -1,
                [&] { return NEXT(fchmod)(descriptor, mode); });
