@@ -1,6 +1,6 @@
 // A long sitting: the same round of work over and over, with the toolkit's own dialogs. What the
-// program holds must not grow with the rounds: memory in use and open files stay where they were
-// after the first rounds.
+// program holds must not grow with the rounds: memory in use, open files and threads stay where
+// they were after the first rounds.
 //   FERROLYN_ROUNDS=2000 build/dev/tests/e2e/test_e2e --gtest_filter='LongLife.*'    the long run
 // Memory is told by the system's allocator, of which the address sanitizer's build knows nothing;
 // there the leak check at the end stands for it.
@@ -53,23 +53,28 @@ struct TUse {
     std::size_t heap;     ///< KiB in use
     std::size_t resident; ///< KiB in memory, what the allocator keeps for later included
     int files;            ///< open
+    int threads;
 };
 
 TUse Use() {
     const struct mallinfo2 heap = mallinfo2();
-    TUse use{(heap.uordblks + heap.hblkhd) / 1024, 0, 0}; // small blocks and large ones
+    TUse use{(heap.uordblks + heap.hblkhd) / 1024, 0, 0, 0}; // small blocks and large ones
     std::size_t pages = 0;
     std::ifstream("/proc/self/statm") >> pages >> pages; // the second number
     use.resident = pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) / 1024;
     for ([[maybe_unused]] const auto &entry : std::filesystem::directory_iterator("/proc/self/fd"))
         ++use.files;
+    for ([[maybe_unused]] const auto &entry :
+         std::filesystem::directory_iterator("/proc/self/task"))
+        ++use.threads;
     return use;
 }
 
 TUse Report(int round) {
     const TUse use = Use();
     std::cout << "round " << round << ": " << use.heap << " KiB of heap, " << use.resident
-              << " KiB resident, " << use.files << " files" << std::endl;
+              << " KiB resident, " << use.files << " files, " << use.threads << " threads"
+              << std::endl;
     return use;
 }
 
@@ -84,13 +89,14 @@ public:
     TLongLife &operator=(const TLongLife &) = delete;
     ~TLongLife() { QPixmapCache::setCacheLimit(pixmapCache_); }
 
-    /// Load, offsets by hand, a spec file, help, edits, tool window, contents view, found maps and
-    /// their pages, saves.
+    /// Load, offsets by hand, a spec file, offers of lost changes, help, edits, tool window,
+    /// contents view, found maps and their pages, saves.
     void Round(int number) {
         const bool even = number % 2 == 0;
         Load();
         PlaceByHand();
         session_.Choose(even ? byOffsets : byPointers);
+        TakeOffers(even);
         ReadHelp();
         WorkOn(fuelPage, "Fuel Maps", number);
         LeaveTo("Timing Maps", even);
@@ -124,6 +130,15 @@ private:
         });
         script_.ThenBox("Save Changes?", "No");
         session_.Click(romPage, "btnOffsetEntry");
+    }
+
+    /// What the round before committed and did not save: one is brought back or forgotten, the
+    /// others are left until newer ones replace them.
+    void TakeOffers(bool bringBack) {
+        session_.window->Recovery().Finish();
+        session_.window->StateChanged();
+        if (session_.MayClick(romPage, "btnForget"))
+            session_.Click(romPage, bringBack ? "btnBringBack" : "btnForget");
     }
 
     void ReadHelp() {
@@ -216,6 +231,7 @@ TEST(LongLife, NothingGrowsWithTheRounds) {
     }
     EXPECT_EQ(number, warmUpRounds + rounds);
     EXPECT_EQ(after.files, before.files);
+    EXPECT_EQ(after.threads, before.threads);
     // The address sanitizer keeps what is freed, and looks for leaks itself.
     if (!sanitized) {
         EXPECT_LE(after.heap, before.heap + heapMayGrow);

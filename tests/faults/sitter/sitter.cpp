@@ -104,7 +104,12 @@ private:
         });
     }
 
-    void Choose() { FindControl<QRadioButton>(*window_.CurrentPage(), "rdoROMtemplate0").click(); }
+    /// Reads the image anew, and the maps, which hold what they held until their pages are shown.
+    void Choose() {
+        FindControl<QRadioButton>(*window_.CurrentPage(), "rdoROMtemplate0").click();
+        for (const int tab : {1, 2, 0})
+            window_.PageControl1->SelectByUser(tab);
+    }
     void Click(const QString &button) {
         FindControl<QPushButton>(*window_.CurrentPage(), button).click();
         if (!dialogs_.messages.empty())
