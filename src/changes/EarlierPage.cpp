@@ -16,6 +16,7 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
@@ -48,7 +49,10 @@ TfrmEarlier::TfrmEarlier(QWidget *parent, TWorkspace &workspace)
     setObjectName("frmEarlier");
     edits_.OnStep = [this] { FillList(); };
     lblVersions_->setWordWrap(true);
-    lstVersions_->setHeaderLabels({tr("Replaced"), tr("Bytes"), tr("Other than in memory")});
+    lstVersions_->setHeaderLabels({tr("Replaced"), tr("Bytes"), tr("Differ from memory")});
+    for (const int column : {1, 2})
+        lstVersions_->headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    lstVersions_->header()->setStretchLastSection(false);
     lstVersions_->setRootIsDecorated(false);
     lstVersions_->setAllColumnsShowFocus(true);
     lstVersions_->setAccessibleName(tr("Earlier versions"));

@@ -133,7 +133,7 @@ void TfrmNotebook::AddCommands() {
                        .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_O},
                        .run = [this] { ShowCompare({}); }});
     AddCommand(*this,
-               {.name = "actEarlier", .text = tr("&Earlier Versions"), .keys = {}, .run = [this] {
+               {.name = "actEarlier", .text = tr("Earl&ier Versions"), .keys = {}, .run = [this] {
                     ShowEarlier();
                 }});
     AddCommandLine(*this);

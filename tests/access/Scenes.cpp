@@ -1,5 +1,6 @@
 #include "access/Scenes.h"
 
+#include "changes/EarlierVersions.h"
 #include "changes/RecoveryBar.h"
 #include "forms/Help.h"
 #include "forms/PageControl.h"
@@ -9,6 +10,7 @@
 #include "maps/ToolWindow.h"
 #include "spec/ROMInfo.h"
 #include "spec/offsetentry.h"
+#include "system/StateFolder.h"
 
 #include <fstream>
 
@@ -33,6 +35,7 @@ const std::vector<std::pair<TScene, const char *>> scenes{
     {TScene::AddedPage, "AddedPage"},
     {TScene::Changes, "Changes"},
     {TScene::Compare, "Compare"},
+    {TScene::Earlier, "Earlier"},
     {TScene::Tools, "Tools"},
     {TScene::DockedTools, "DockedTools"},
     {TScene::Key, "Key"},
@@ -156,6 +159,11 @@ QWidget &TSceneTest::OpenOwnWindow(TScene scene) {
     case TScene::Compare:
         ROMImage()->Poke(fuelPT + 11, 128);
         window.ShowCompare(TOtherImage(folder / "A.BIN"));
+        return window;
+    case TScene::Earlier:
+        for (const char *day : {"20261120", "20261121"})
+            KeepEarlier(*StateFolder(), folder / "A.BIN", TBytes(0x8000, 1), day);
+        window.ShowEarlier();
         return window;
     case TScene::Tools:
     case TScene::DockedTools: {

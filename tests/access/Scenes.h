@@ -22,6 +22,7 @@ enum class TScene {
     AddedPage,
     Changes,
     Compare,
+    Earlier,
     Tools,
     DockedTools,
     Key,

@@ -32,6 +32,7 @@ enum class TForm {
     Window,
     Changes,
     Compare,
+    Earlier,
     Offsets,
     Splash
 };
@@ -321,6 +322,7 @@ const TControl controls[] = {
     {TForm::Window, "actState", "QAction", "S&tate", nullptr, ""},
     {TForm::Window, "actChanges", "QAction", "Sho&w Changes", nullptr, ""},
     {TForm::Window, "actCompare", "QAction", "Co&mpare", nullptr, ""},
+    {TForm::Window, "actEarlier", "QAction", "Earl&ier Versions", nullptr, ""},
     {TForm::Window, "actGuide", "QAction", "&Guide", nullptr, ""},
     {TForm::Window, "actAbout", "QAction", "&About", nullptr, ""},
 
@@ -370,6 +372,15 @@ const TControl controls[] = {
     {TForm::Compare, "btnTakeAll", "QPushButton", "&Take Over All",
      "Enter all that is chosen in the list into the map page", "d"},
 
+    {TForm::Earlier, "lblVersions", "QLabel", "No ROM image is loaded", "", ""},
+    {TForm::Earlier, "lstVersions", "QTreeWidget", nullptr,
+     "What was replaced by the first save of a day", ""},
+    {TForm::Earlier, "btnShowVersion", "QPushButton", "Show",
+     "Compare the image in memory with this version", "d"},
+    {TForm::Earlier, "btnBringBackVersion", "QPushButton", "Bring Back",
+     "Give the image in memory the bytes of this version", "d"},
+    {TForm::Earlier, "btnClose", "QPushButton", "Close Page", "Close this page", ""},
+
     {TForm::Offsets, "pnlMain", "QFrame", nullptr, "", ""},
     {TForm::Offsets, "edtDataOffset", "QLineEdit", "", dollarHint, ""},
     {TForm::Offsets, "edtFuelPTMapOffset", "QLineEdit", "", dollarHint, ""},
@@ -400,6 +411,7 @@ protected:
         window.ShowChanges();
         dialogs.opens.push_back({});
         window.ShowCompare({});
+        window.ShowEarlier();
     }
     ~TControlsTest() override { TfrmBaseForm::ProgRegKey.clear(); }
 
@@ -429,6 +441,8 @@ protected:
             return *window.Page(6);
         case TForm::Compare:
             return *window.Page(7);
+        case TForm::Earlier:
+            return *window.Page(8);
         case TForm::Offsets:
             return *offsets;
         case TForm::Splash:

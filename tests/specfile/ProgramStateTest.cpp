@@ -155,11 +155,13 @@ const TStateCase cases[] = {
      "committed: Max RPM @1\nManual offsets are in force"},
     {"OneByte",
      {.loaded = true, .unsavedBytes = 1, .mapping = byHand},
-     "1 byte not saved · manual:\n1 byte is committed and not in the file @-1\nManual offsets are in "
+     "1 byte not saved · manual:\n1 byte is committed and not in the file @-1\nManual offsets are "
+     "in "
      "force"},
     {"ManyBytes",
      {.loaded = true, .unsavedBytes = 12, .mapping = byHand},
-     "12 bytes not saved · manual:\n12 bytes are committed and not in the file @-1\nManual offsets are "
+     "12 bytes not saved · manual:\n12 bytes are committed and not in the file @-1\nManual offsets "
+     "are "
      "in force"},
     {"RevLimiter",
      {.loaded = true, .unsavedRevLimiter = true, .mapping = byHand},

@@ -1,5 +1,6 @@
 #include "screens/Gallery.h"
 
+#include "changes/EarlierVersions.h"
 #include "filedisplay/FileDisplay.h"
 #include "filedisplay/filedisplaykey.h"
 #include "forms/Aligrid.h"
@@ -12,6 +13,7 @@
 #include "spec/main.h"
 #include "spec/offsetentry.h"
 #include "spec/splash.h"
+#include "system/StateFolder.h"
 
 #include <stdexcept>
 
@@ -249,4 +251,9 @@ void TGallery::ShowChanges(const TVisitor &visitor) {
     window_->ShowCompare(TOtherImage(samples_.filePath("FERRO64K.BIN").toStdString()));
     Settle();
     visitor("42-compare", *window_);
+    for (const char *day : {"20261119", "20261120", "20261121"})
+        KeepEarlier(*StateFolder(), window_->workspace.romFileName, ROMImage()->FileBytes(), day);
+    window_->ShowEarlier();
+    Settle();
+    visitor("43-earlier-versions", *window_);
 }
