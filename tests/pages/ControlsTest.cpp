@@ -1,53 +1,16 @@
 // Every control of the pages and windows by its name: kind, text, hint and first state, so that
 // nobody renames or forgets one unnoticed.
 #include "forms/Help.h"
-#include "forms/PageControl.h"
-#include "maps/Maps.h"
-#include "maps/QuickChart.h"
-#include "maps/ToolWindow.h"
 #include "pages/ControlStates.h"
-#include "pages/PageFixture.h"
-#include "spec/main.h"
-#include "spec/offsetentry.h"
-#include "spec/splash.h"
+#include "pages/ControlsFixture.h"
 
 #include <fstream>
 #include <map>
 
 #include <QAction>
-#include <QPushButton>
 #include <QStatusBar>
 
 namespace {
-enum class TForm {
-    ROM,
-    Fuel,
-    Timing,
-    FuelChart,
-    TimingChart,
-    QuickChart,
-    Contents,
-    Key,
-    Tools,
-    Window,
-    Changes,
-    Compare,
-    Earlier,
-    Offsets,
-    Splash
-};
-
-/// First states that are not the usual ones (enabled, visible, unchecked, writable), as letters:
-/// d disabled, h hidden, c checked, r read-only.
-struct TControl {
-    TForm form;
-    const char *name;
-    const char *kind;
-    const char *text;
-    const char *hint;
-    const char *states;
-};
-
 constexpr auto doubleClick = "Double-click to enter new offset to map";
 constexpr auto rightClick = "Right-click for more options";
 constexpr auto commitHint = "Write the edits of this map into the image in memory";
@@ -398,78 +361,6 @@ const TControl controls[] = {
     {TForm::Splash, "lblStatus", "QLabel", "", "", ""},
 };
 
-class TControlsTest : public TPageTest {
-protected:
-    TControlsTest() {
-        TfrmBaseForm::ProgRegKey = "key";
-        offsets = std::make_unique<TfrmOffsetEntry>(nullptr, window.workspace);
-        quickChart = std::make_unique<TfrmQuickChart>(nullptr);
-        for (int mapPage = 1; mapPage <= 4; ++mapPage)
-            window.Page(mapPage)->ShowPage();
-        window.Page(5)->ShowPage();
-        FindControl<QPushButton>(*window.Page(5), "Button1").click();
-        window.ShowChanges();
-        dialogs.opens.push_back({});
-        window.ShowCompare({});
-        window.ShowEarlier();
-    }
-    ~TControlsTest() override { TfrmBaseForm::ProgRegKey.clear(); }
-
-    QObject &Form(TForm form) {
-        switch (form) {
-        case TForm::ROM:
-            return *window.Page(0);
-        case TForm::Fuel:
-            return *window.Page(1);
-        case TForm::Timing:
-            return *window.Page(2);
-        case TForm::FuelChart:
-            return *window.Page(3);
-        case TForm::TimingChart:
-            return *window.Page(4);
-        case TForm::QuickChart:
-            return *quickChart;
-        case TForm::Contents:
-            return *window.Page(5);
-        case TForm::Key:
-            return FindControl<QWidget>(window, "frmKey");
-        case TForm::Tools:
-            return *dynamic_cast<TfrmMaps &>(*window.Page(1)).ToolWindow;
-        case TForm::Window:
-            return window;
-        case TForm::Changes:
-            return *window.Page(6);
-        case TForm::Compare:
-            return *window.Page(7);
-        case TForm::Earlier:
-            return *window.Page(8);
-        case TForm::Offsets:
-            return *offsets;
-        case TForm::Splash:
-            return splash;
-        }
-        throw std::logic_error("no such form");
-    }
-    /// The window's own controls, not those of the same name on its pages.
-    QObject *Control(const TControl &wanted) {
-        for (QObject *found : Form(wanted.form).findChildren<QObject *>(wanted.name))
-            if (wanted.form != TForm::Window || !InPage(found))
-                return found;
-        return nullptr;
-    }
-    bool InPage(const QObject *object) {
-        for (; object; object = object->parent())
-            if (qobject_cast<const TEmbeddedForm *>(object) ||
-                qobject_cast<const TfrmToolWindow *>(object))
-                return true;
-        return false;
-    }
-    TfrmNotebook window;
-    std::unique_ptr<TfrmOffsetEntry> offsets;
-    std::unique_ptr<TfrmQuickChart> quickChart;
-    TfrmSplash splash;
-};
-
 TEST_F(TControlsTest, EachStandsInItsFirstState) {
     for (const TControl &wanted : controls) {
         SCOPED_TRACE(testing::Message()
@@ -537,9 +428,9 @@ TEST_F(TControlsTest, TheHelpWindowHasItsMemo) {
 }
 
 TEST_F(TControlsTest, NamesAreUniqueOnEachForm) {
-    for (const TForm form :
-         {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::FuelChart, TForm::TimingChart,
-          TForm::QuickChart, TForm::Contents, TForm::Offsets}) {
+    for (const TForm form : {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::FuelChart,
+                             TForm::TimingChart, TForm::QuickChart, TForm::Contents, TForm::Changes,
+                             TForm::Compare, TForm::Earlier, TForm::Offsets}) {
         std::map<QString, int> counts;
         for (const QWidget *widget : Form(form).findChildren<QWidget *>())
             if (!widget->objectName().startsWith("qt_") && !widget->objectName().isEmpty())
