@@ -44,8 +44,7 @@ std::optional<TImageBytes> Replaced(const fs::path &target) {
     if (target.empty() || fs::status(target, unknown).type() == fs::file_type::not_found)
         return std::nullopt;
     TImageBytes bytes = ReadWholeFile(target, TROMImage::capacity);
-    const auto size = static_cast<std::size_t>(ROMImage()->size);
-    if (std::ranges::equal(bytes, std::span(ROMImage()->data).first(size)))
+    if (std::ranges::equal(bytes, ROMImage()->BytesNow()))
         return std::nullopt;
     return bytes;
 }

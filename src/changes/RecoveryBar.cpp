@@ -75,8 +75,8 @@ void TRecoveryBar::ShowOffer() {
     const std::vector<TKeptPatch> &offers = recovery_.Offers();
     setVisible(!offers.empty());
     btnShowRecovered_->setVisible(OnShow != nullptr);
-    if (offers.empty())
-        return;
+    if (!isVisible())
+        return; // the page is entered with another word
     const TKeptPatch &offer = offers.front();
     lblRecovery_->setText(tr("Changes of %1 were committed and never saved: %2")
                               .arg(WhenText(TimeOf(offer), QDateTime::currentDateTime()),

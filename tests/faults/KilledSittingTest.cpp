@@ -35,6 +35,7 @@ protected:
     void Follow(const std::string &line) {
         if (line != "done") {
             step = line;
+            hasCopies = hasCopies || step == "back";
             return;
         }
         steps += 1;
@@ -42,12 +43,10 @@ protected:
             disk = memory;
         else if (step == "read")
             Drop();
-        else if (step == "back")
-            memory = *std::exchange(lost, {});
-        else if (step == "forget")
-            lost.reset();
-        else
+        else if (step.starts_with("commit"))
             memory = Committed();
+        else
+            TakeOffer();
         step.clear();
     }
     /// The image in memory is that of the file again, and the bytes before may be brought back.
@@ -55,6 +54,12 @@ protected:
         if (memory != disk)
             lost = memory;
         memory = disk;
+    }
+    void TakeOffer() {
+        if (step == "back")
+            memory = *lost;
+        lost.reset();
+        hasCopies = false;
     }
     /// What the commit in `step` makes of the memory.
     TBytes Committed() const {
@@ -117,14 +122,7 @@ protected:
         EXPECT_EQ(window.Recovery().TakeProblem(), "");
         const std::vector<TState> allowed = Allowed();
         for (const TState &state : allowed) {
-            // A kill between keeping what was brought back and removing the old leaves it twice.
-            const bool exactly =
-                state.lost
-                    ? !offered.empty() &&
-                          std::all_of(offered.begin(), offered.end(),
-                                      [&](const TBytes &image) { return image == state.lost; })
-                    : offered.empty();
-            if (found != state.disk || !exactly || (offered.size() > 1 && step != "back"))
+            if (found != state.disk || !IsExactly(offered, state.lost))
                 continue;
             stepsTaken += allowed.size() > 1 && &state == &allowed.back();
             disk = state.disk;
@@ -137,7 +135,16 @@ protected:
                << (found == disk     ? "old"
                    : found == memory ? "new"
                                      : "another")
-               << ", " << offered.size() << " offers";
+               << ", " << offered.size() << " offers, "
+               << BytesOf(DifferingRuns(disk, lost.value_or(memory))) << " bytes not saved";
+    }
+    /// Once, or more often after kills between keeping what was brought back and removing the old.
+    bool IsExactly(const TImages &offered, const std::optional<TBytes> &expected) const {
+        if (!expected)
+            return offered.empty();
+        return !offered.empty() && (offered.size() == 1 || hasCopies) &&
+               std::all_of(offered.begin(), offered.end(),
+                           [&](const TBytes &image) { return image == expected; });
     }
     /// Spins for a random part of about a step.
     void LetItRun() {
@@ -166,6 +173,7 @@ protected:
     TBytes memory;              ///< what the sitting holds
     std::optional<TBytes> lost; ///< what is on offer there
     std::string step;           ///< that was begun and not done
+    bool hasCopies = false;     ///< of what is on offer, perhaps
     int steps = 0;              ///< done
     int stepsTaken = 0;         ///< not done, and their end was found
     std::mt19937 random{std::random_device()()};
@@ -180,6 +188,8 @@ TEST_F(TKilledSitting, LosesNothingThatWasCommittedAndOffersNothingElse) {
         if (HasFatalFailure())
             return;
         Judge();
+        if ((i + 1) % 100 == 0)
+            std::cout << i + 1 << " kills" << std::endl;
         ++killedIn[step.substr(0, step.find(' '))];
         step.clear();
     }

@@ -278,6 +278,30 @@ std::vector<TFaultCase> SomeFaultCases() {
 }
 INSTANTIATE_TEST_SUITE_P(All, TSittingWithFaults, testing::ValuesIn(SomeFaultCases()), byFaultName);
 
+using TBroughtBack = TWindowWithFaults;
+
+TEST_F(TBroughtBack, StaysInTheFolderUntilItIsKeptAnew) {
+    Load(file);
+    Choose(0);
+    Commit("77");
+    Choose(0);
+    {
+        const TFaultInjection injection(
+            ownState.Folder(), {{TEffect::Fails, ENOSPC, {TCall::Write}, true}}, TThreads::All);
+        Click(romTab, "btnBringBack");
+        window.Recovery().Finish();
+        EXPECT_GT(injection.Hits(), 0);
+    }
+    QTest::qWait(0);
+    EXPECT_THAT(FindControl<QStatusBar>(window, "StatusBar1").currentMessage().toStdString(),
+                testing::AllOf(HasSubstr("Committed changes cannot be kept for a crash: "),
+                               HasSubstr(ReasonOf(ENOSPC))));
+    dialogs.answers = {TAnswer::No};
+    Load(file); // as after a crash
+    ASSERT_EQ(window.Recovery().Offers().size(), 1U);
+    EXPECT_EQ(window.Recovery().Offers().front().patch.runs.front().after, TBytes{77});
+}
+
 /// Holds a thread that comes by until it is let go.
 class TGate {
 public:
