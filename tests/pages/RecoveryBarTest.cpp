@@ -196,16 +196,23 @@ TEST_F(TRecoveryBarTest, OffersWhatAWindowThatWasClosedHasLeft) {
     EXPECT_EQ(Image().Peek(fuelPT + 6 + 5), 77);
 }
 
-TEST_F(TRecoveryBarTest, ShowsAnOfferToWhoeverTakesIt) {
+TEST_F(TRecoveryBarTest, ShowsAnOfferOnThePageCompare) {
     LoadWithOffer();
-    EXPECT_FALSE(On<QPushButton>(romTab, "btnShowRecovered").isVisible());
-    TPatch shown;
-    Bar().OnShow = [&](const TKeptPatch &offer) { shown = offer.patch; };
-    window.StateChanged();
     Click(romTab, "btnShowRecovered");
-    ASSERT_EQ(shown.runs.size(), 1U);
-    EXPECT_EQ(shown.runs.front().after, TBytes{77});
-    EXPECT_TRUE(Bar().isVisible());
+    QWidget &page = *window.CurrentPage();
+    EXPECT_EQ(FindControl<QLabel>(page, "lblTotal").text(),
+              "1 byte differs from what was not saved");
+    EXPECT_EQ(FindControl<TStringAlignGrid>(page, "grdChanges").Cell(1, 1), "1\n77");
+    EXPECT_EQ(Image().Peek(fuelPT + 6 + 5), 1) << "it is only shown";
+    EXPECT_TRUE(Bar().isVisibleTo(window.Page(romTab)));
+}
+
+TEST_F(TRecoveryBarTest, SaysWhyAnOfferThatDoesNotFitIsNotShown) {
+    LoadWithOffer();
+    Image().Poke(fuelPT + 6 + 5, 99); // committed meanwhile
+    Click(romTab, "btnShowRecovered");
+    EXPECT_EQ(dialogs.messages.size(), 1);
+    EXPECT_EQ(window.PageControl1->currentIndex(), romTab);
 }
 
 TEST_F(TRecoveryBarTest, SaysOnceThatNothingCanBeKept) {
