@@ -6,7 +6,6 @@
 
 #include <QAction>
 #include <QLabel>
-#include <QMenu>
 #include <QTreeWidget>
 
 namespace {
@@ -158,6 +157,19 @@ TEST_F(TEarlierPageTest, IsOneAndIsReadAnewEachTime) {
     EXPECT_EQ(List().topLevelItemCount(), 1);
     Button("btnClose").click();
     EXPECT_EQ(window.PageCount(), pages - 1);
+}
+
+TEST_F(TEarlierPageTest, ForgetsItsStepsAndVersionsWhenItIsLeft) {
+    KeepReplaced(With(fuelBody, 77), 1);
+    ShowPageByCommand();
+    Button("btnBringBackVersion").click();
+    const QTreeWidget &list = List();
+    Enter(romTab);
+    EXPECT_EQ(list.topLevelItemCount(), 0);
+    Image().Poke(fuelBody, 55);
+    ShowPageByCommand();
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Image().Peek(fuelBody), 55);
 }
 
 TEST_F(TEarlierPageTest, SaysWhyTheVersionsCannotBeRead) {
