@@ -1,12 +1,6 @@
 // What was committed and never saved, kept in a folder and offered again.
-#include "changes/Recovery.h"
+#include "changes/RecoveryFixture.h"
 
-#include "changes/EarlierVersions.h"
-#include "support/ModelFixture.h"
-#include "support/TemporaryFolder.h"
-#include "system/Errors.h"
-
-#include <fstream>
 #include <random>
 
 #include <gmock/gmock.h>
@@ -14,86 +8,8 @@
 namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-/// A program with its image, up to its end or until it is killed: what counts is in the folders.
-class TRecoveryTest : public TModelTest {
-protected:
-    /// One start of the program.
-    struct TProgram {
-        TWorkspace workspace;
-        TRecovery recovery;
-        explicit TProgram(const std::optional<fs::path> &state) : recovery(workspace, state) {}
-
-        void Load(const fs::path &image) {
-            workspace.romFileName = image;
-            ROMImage()->LoadFromFile(image);
-            recovery.ImageRead();
-            Look();
-        }
-        void Look() {
-            recovery.Look();
-            recovery.Finish();
-            recovery.Look(); // what came late
-        }
-        void Commit(std::int32_t offset, std::uint8_t byte) {
-            ROMImage()->Poke(offset, byte);
-            Look();
-        }
-        void Save(const fs::path &target) {
-            recovery.KeepReplaced(target, "20261122");
-            ROMImage()->SaveToFile(target);
-            workspace.romFileName = target;
-            recovery.ImageSaved();
-            Look();
-        }
-        void BringBack() {
-            recovery.BringBack();
-            Look();
-        }
-        /// The image as each offer would make it of its file.
-        std::vector<TBytes> Offered() const {
-            std::vector<TBytes> images;
-            for (const TKeptPatch &offer : recovery.Offers()) {
-                const auto file = ROMImage()->FileBytes();
-                images.emplace_back(file.begin(), file.end());
-                ApplyPatch(offer.patch, images.back());
-            }
-            return images;
-        }
-    };
-
-    void SetUp() override { PutFile(image, original); }
-    TBytes Now() { return Get(0, Image().size); }
-    std::vector<fs::path> Kept() const {
-        std::vector<fs::path> files;
-        if (fs::exists(state))
-            for (const fs::directory_entry &entry : fs::directory_iterator(state))
-                files.push_back(entry.path());
-        return files;
-    }
-    /// What another start of the program is offered for the image.
-    std::vector<TBytes> OfferedNext() const {
-        const TFreshModel fresh;
-        TProgram next(state);
-        next.Load(image);
-        return next.Offered();
-    }
-    TBytes With(std::int32_t offset, std::uint8_t byte) const {
-        return With(original, offset, byte);
-    }
-    static TBytes With(TBytes bytes, std::int32_t offset, std::uint8_t byte) {
-        bytes.at(static_cast<std::size_t>(offset)) = byte;
-        return bytes;
-    }
-
-    TTemporaryFolder folder;
-    fs::path state = folder / "state";
-    fs::path image = folder / "A.BIN";
-    TBytes original = TBytes(0x1000, 5);
-};
 
 TEST_F(TRecoveryTest, MakesNothingWhileThereIsNothingToKeep) {
     TProgram program(state);
@@ -319,124 +235,6 @@ TEST_F(TRecoveryTest, KeepsTheNewestTwenty) {
     }
     EXPECT_THAT(Kept(), SizeIs(20));
     EXPECT_THAT(OfferedNext(), SizeIs(20));
-}
-
-TEST_F(TRecoveryTest, KeepsWhatASaveReplaces) {
-    TProgram program(state);
-    program.Load(image);
-    program.Commit(0x10, 6);
-    program.Save(image);
-    ASSERT_THAT(EarlierVersions(state, image), SizeIs(1));
-    EXPECT_EQ(EarlierVersions(state, image).front().bytes, original);
-    program.Commit(0x10, 7);
-    program.Save(image);
-    EXPECT_THAT(Kept(), SizeIs(1)) << "once a day";
-    PutFile(folder / "B.BIN", TBytes(7, 1));
-    program.Save(folder / "B.BIN");
-    EXPECT_EQ(EarlierVersions(state, folder / "B.BIN").front().bytes, TBytes(7, 1));
-    EXPECT_EQ(program.recovery.TakeProblem(), "");
-}
-
-TEST_F(TRecoveryTest, SaysWhyWhatASaveReplacesIsNotKept) {
-    TProgram program(state);
-    program.Load(image);
-    program.recovery.KeepReplaced(folder.Path(), "20261122");
-    EXPECT_THAT(program.recovery.TakeProblem(),
-                HasSubstr("What the save replaces cannot be kept: Cannot read '"));
-    const fs::path large = folder / "LARGE.BIN";
-    std::ofstream(large) << "x";
-    fs::resize_file(large, TROMImage::capacity + 1);
-    program.Save(large);
-    EXPECT_THAT(program.recovery.TakeProblem(), HasSubstr("LARGE.BIN"));
-    EXPECT_EQ(GetFile(large), original);
-    program.recovery.KeepReplaced("", "20261122"); // a save that will be refused
-    program.recovery.KeepReplaced("/dev/null", "20261122");
-    EXPECT_THAT(program.recovery.TakeProblem(), HasSubstr("/dev/null"));
-    EXPECT_EQ(program.recovery.TakeProblem(), "");
-    EXPECT_FALSE(fs::exists(state));
-}
-
-TEST_F(TRecoveryTest, SaysOnceThatThereIsNoHome) {
-    TProgram program(std::nullopt);
-    program.Load(image);
-    EXPECT_EQ(program.recovery.TakeProblem(), "");
-    program.Commit(0x10, 6);
-    EXPECT_EQ(program.recovery.TakeProblem(),
-              "Committed changes cannot be kept for a crash: there is no home folder");
-    program.Commit(0x10, 7);
-    program.Commit(0x10, 5);
-    EXPECT_EQ(program.recovery.TakeProblem(), "");
-    program.Commit(0x10, 6);
-    program.Save(image);
-    EXPECT_EQ(program.recovery.TakeProblem(),
-              "What the save replaces cannot be kept: there is no home folder");
-    program.Commit(0x10, 9);
-    program.Save(image);
-    EXPECT_EQ(program.recovery.TakeProblem(), "");
-    EXPECT_EQ(GetFile(image), With(0x10, 9));
-}
-
-TEST_F(TRecoveryTest, GoesOnWithoutAFolderThatIsAFile) {
-    std::ofstream(state) << "mine";
-    TProgram program(state);
-    program.Load(image);
-    EXPECT_THAT(program.recovery.TakeProblem(), HasSubstr("Kept changes cannot be looked at: "));
-    program.Commit(0x10, 6);
-    program.Commit(0x10, 7);
-    EXPECT_THAT(
-        program.recovery.TakeProblem(),
-        HasSubstr("Committed changes cannot be kept for a crash: Cannot use '" + state.string()));
-    EXPECT_EQ(program.recovery.TakeProblem(), "");
-    program.Save(image);
-    EXPECT_EQ(GetFile(image), With(0x10, 7));
-    EXPECT_EQ(GetFile(state), TBytes({'m', 'i', 'n', 'e'}));
-}
-
-TEST_F(TRecoveryTest, NamesDamagedPatchesOnceAndLeavesThemAlone) {
-    {
-        TProgram program(state);
-        program.Load(image);
-        program.Commit(0x10, 6);
-    }
-    std::ifstream stream(Kept().front());
-    const std::string text{std::istreambuf_iterator<char>(stream), {}};
-    std::ofstream(state / "unsaved-0000000000000000.patch") << text.substr(0, text.size() - 3);
-    std::ofstream(state / "unsaved-0000000000000001.patch") << "not mine";
-    std::string other = text;
-    other.replace(other.find(" 05 ->"), 6, " 04 ->");
-    std::ofstream(state / "unsaved-0000000000000002.patch") << other;
-    std::ofstream(state / ".unsaved-0000000000000003.patch") << "hidden";
-    TProgram program(state);
-    program.Load(image);
-    EXPECT_THAT(program.Offered(), SizeIs(1));
-    EXPECT_THAT(
-        program.recovery.TakeProblem(),
-        testing::AllOf(
-            testing::StartsWith("Left alone, no kept changes: "),
-            HasSubstr("unsaved-0000000000000000.patch: Line 6 of the patch: the patch ends here"),
-            HasSubstr("unsaved-0000000000000001.patch: Line 1 of the patch: "),
-            HasSubstr("unsaved-0000000000000002.patch: At $0010 the image has 5 where"),
-            testing::Not(HasSubstr("hidden"))));
-    program.Load(image);
-    EXPECT_EQ(program.recovery.TakeProblem(), "");
-    EXPECT_THAT(Kept(), SizeIs(5));
-}
-
-TEST_F(TRecoveryTest, IsNotStoppedByTenThousandOldPatches) {
-    fs::create_directories(state);
-    const std::string text =
-        PatchText(MakePatch("OLD.BIN", std::string(64, 'a'), original, With(0x10, 1)));
-    for (int i = 0; i < 10000; ++i) {
-        std::string digits = std::to_string(i);
-        digits.insert(0, 16 - digits.size(), '0');
-        std::ofstream(state / ("unsaved-" + digits + ".patch")) << text;
-    }
-    TProgram program(state);
-    program.Load(image);
-    program.Commit(0x10, 6);
-    EXPECT_EQ(program.recovery.TakeProblem(), "");
-    EXPECT_LT(Kept().size(), 10000U) << "they become fewer";
-    EXPECT_THAT(OfferedNext(), ElementsAre(With(0x10, 6)));
 }
 
 TEST_F(TRecoveryTest, OfTwoProgramsKeepsBoth) {
