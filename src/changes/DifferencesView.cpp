@@ -307,15 +307,15 @@ void TDifferencesView::ShowRuns(const std::vector<TByteRun> &runs) {
     ShapeTable({tr("Offset"), tr("Bytes"), tr("Here"), tr("There")},
                static_cast<int>(shown) + (more ? 1 : 0));
     for (std::size_t i = 0; i < shown; ++i) {
-        const auto &[offset, length] = runs[i];
+        const TByteRun &run = runs[i];
         const auto bytes = [&](const TMappedImage &image) {
             return QString::fromStdString(
-                HexText(image.Bytes().subspan(offset, length), mostBytes));
+                HexText(image.Bytes().subspan(run.offset, run.length), mostBytes));
         };
         const int row = static_cast<int>(i) + 1;
         grdChanges_->SetCell(
-            0, row, QString::fromStdString(FormatOffset(static_cast<std::int32_t>(offset))));
-        grdChanges_->SetCell(1, row, QString::number(length));
+            0, row, QString::fromStdString(FormatOffset(static_cast<std::int32_t>(run.offset))));
+        grdChanges_->SetCell(1, row, QString::number(run.length));
         grdChanges_->SetCell(2, row, bytes(comparison_->here));
         grdChanges_->SetCell(3, row, bytes(comparison_->there));
     }
