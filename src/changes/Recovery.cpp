@@ -140,13 +140,13 @@ void TRecovery::RemoveOwn() {
 }
 
 void TRecovery::Search() {
-    Send("search", cannotRead, [this, own = own_, search = ++search_] {
+    Send("search", cannotRead, [this, own = own_] {
         TKeptPatches kept = store_.Read([&](const fs::path &file) { return file != own; });
         if (kept.patches.empty() && kept.leftAlone.empty())
             return;
         {
             const std::lock_guard lock(mutex_);
-            found_ = TFound{search, std::move(kept)};
+            found_ = std::move(kept);
         }
         OnNews();
     });
@@ -154,20 +154,20 @@ void TRecovery::Search() {
 
 void TRecovery::TakeFound() {
     std::unique_lock lock(mutex_);
-    std::optional<TFound> found = std::exchange(found_, {});
+    std::optional<TKeptPatches> found = std::exchange(found_, {});
     lock.unlock();
-    if (!found || found->search != search_)
+    if (!found)
         return;
-    std::vector<std::string> &leftAlone = found->kept.leftAlone;
-    for (TKeptPatch &kept : found->kept.patches)
+    offers_.clear();
+    for (TKeptPatch &kept : found->patches)
         try {
             if (IsOfTheImage(kept.patch))
                 offers_.push_back(std::move(kept));
         } catch (const EPatchError &error) {
-            leftAlone.push_back(kept.file.filename().string() + ": " + error.what());
+            found->leftAlone.push_back(kept.file.filename().string() + ": " + error.what());
         }
-    if (!leftAlone.empty())
-        AddProblem(notPatches, Joined(leftAlone));
+    if (!found->leftAlone.empty())
+        AddProblem(notPatches, Joined(found->leftAlone));
 }
 
 /// Throws EPatchError for one that says so and does not fit.

@@ -60,11 +60,6 @@ public:
     void Finish() { errands_.Finish(); }
 
 private:
-    struct TFound {
-        std::uint64_t search;
-        TKeptPatches kept;
-    };
-
     std::vector<std::uint8_t> CommittedBytes() const;
     /// Of the image's file.
     const std::string &Digest();
@@ -89,11 +84,10 @@ private:
     std::int32_t revLimiterRead_ = 0;                ///< the workspace's when the image was read
     std::string digest_;                             ///< empty while nobody has asked
     bool searched_ = true;
-    std::uint64_t search_ = 0; ///< counts searches: an answer may come late
     std::vector<TKeptPatch> offers_;
 
-    std::mutex mutex_; ///< for the three below, which the thread uses too
-    std::optional<TFound> found_;
+    std::mutex mutex_;                  ///< for the three below, which the thread uses too
+    std::optional<TKeptPatches> found_; ///< by the last search, which may be that of another image
     std::deque<std::string> problems_;
     std::set<std::string> told_; ///< all that were ever in problems_
 

@@ -56,7 +56,7 @@ protected:
 
     TTemporaryFolder folder;
     fs::path path = folder / "state" / "ferrolyn";
-    TPatchStore store{path, "mine-####.patch", 20};
+    TPatchStore store{path, "mine-########.patch", 20};
 
 private:
     fs::file_time_type next_ = fs::file_time_type::clock::now() - std::chrono::hours(1000);
@@ -116,20 +116,20 @@ TEST_F(TPatchStoreTest, NeverRemovesOnesOwnWhenTheClockHasGoneBack) {
 }
 
 TEST_F(TPatchStoreTest, OfThousandsRemovesSomeAtATime) {
-    for (int i = 0; i < 300; ++i)
-        KeepNew(7);
-    const std::size_t before = FileCount(); // names may meet
+    for (int i = 100; i < 400; ++i)
+        Put("mine-00000" + std::to_string(i) + ".patch", PatchText(PatchTo(7)));
     store.RemoveOldest({});
-    EXPECT_LT(FileCount(), before);
-    EXPECT_GT(FileCount(), before / 2);
+    EXPECT_LT(FileCount(), 300U);
+    EXPECT_GT(FileCount(), 150U);
     for (int i = 0; i < 3; ++i)
         store.RemoveOldest(store.NewFile());
     EXPECT_LE(FileCount(), 20U);
 }
 
 TEST_F(TPatchStoreTest, LeavesFilesOfOthersAlone) {
-    for (const char *name : {"mine-012g.patch", "mine-012.patch", ".hidden", ".mine-0123.patch",
-                             "mine-0123.patch2", "a.patch", "mine-01234.patch"})
+    for (const char *name :
+         {"mine-0123456g.patch", "mine-0123456.patch", ".hidden", ".mine-01234567.patch",
+          "mine-01234567.patch2", "a.patch", "mine-012345678.patch"})
         Put(name, PatchText(PatchTo(7)));
     for (std::uint8_t i = 4; i < 34; ++i)
         KeepNew(i);
@@ -140,11 +140,11 @@ TEST_F(TPatchStoreTest, LeavesFilesOfOthersAlone) {
 
 TEST_F(TPatchStoreTest, NamesWhatIsNoPatchAndLeavesItAlone) {
     const std::string text = PatchText(PatchTo(7));
-    Put("mine-0000.patch", text.substr(0, text.size() / 2));
-    Put("mine-0001.patch", "");
-    Put("mine-0002.patch", std::string(17 * 1024 * 1024, 'x'));
-    fs::create_directory(path / "mine-0003.patch");
-    ASSERT_EQ(mkfifo((path / "mine-0004.patch").c_str(), 0600), 0);
+    Put("mine-00000000.patch", text.substr(0, text.size() / 2));
+    Put("mine-00000001.patch", "");
+    Put("mine-00000002.patch", std::string(17 * 1024 * 1024, 'x'));
+    fs::create_directory(path / "mine-00000003.patch");
+    ASSERT_EQ(mkfifo((path / "mine-00000004.patch").c_str(), 0600), 0);
     for (const fs::directory_entry &entry : fs::directory_iterator(path))
         fs::last_write_time(entry, fs::file_time_type::clock::now() - std::chrono::hours(2000));
     for (std::uint8_t i = 4; i < 19; ++i)
@@ -153,9 +153,10 @@ TEST_F(TPatchStoreTest, NamesWhatIsNoPatchAndLeavesItAlone) {
     EXPECT_THAT(kept.patches, SizeIs(15));
     EXPECT_THAT(kept.leftAlone,
                 testing::UnorderedElementsAre(
-                    HasSubstr("mine-0000.patch: Line 4 of the patch: the patch ends here"),
-                    HasSubstr("mine-0001.patch: Line 1 of the patch"), HasSubstr("mine-0002.patch"),
-                    HasSubstr("mine-0003.patch"), HasSubstr("mine-0004.patch")));
+                    HasSubstr("mine-00000000.patch: Line 4 of the patch: the patch ends here"),
+                    HasSubstr("mine-00000001.patch: Line 1 of the patch"),
+                    HasSubstr("mine-00000002.patch"), HasSubstr("mine-00000003.patch"),
+                    HasSubstr("mine-00000004.patch")));
     for (std::uint8_t i = 19; i < 40; ++i)
         KeepNew(i);
     store.RemoveOldest({});

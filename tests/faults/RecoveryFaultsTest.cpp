@@ -299,7 +299,12 @@ TEST_F(TBroughtBack, StaysInTheFolderUntilItIsKeptAnew) {
     dialogs.answers = {TAnswer::No};
     Load(file); // as after a crash
     ASSERT_EQ(window.Recovery().Offers().size(), 1U);
-    EXPECT_EQ(window.Recovery().Offers().front().patch.runs.front().after, TBytes{77});
+    const TKeptPatch offer = window.Recovery().Offers().front();
+    EXPECT_EQ(offer.patch.runs.front().after, TBytes{77});
+    Choose(0);
+    Commit("78"); // something else, which is kept
+    window.Recovery().Finish();
+    EXPECT_TRUE(fs::exists(offer.file));
 }
 
 /// Holds a thread that comes by until it is let go.
