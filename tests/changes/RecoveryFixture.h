@@ -20,9 +20,9 @@ protected:
         explicit TProgram(const std::optional<std::filesystem::path> &state)
             : recovery(workspace, state) {}
 
-        void Load(const std::filesystem::path &image) {
-            workspace.romFileName = image;
-            ROMImage()->LoadFromFile(image);
+        void Load(const std::filesystem::path &file) {
+            workspace.romFileName = file;
+            ROMImage()->LoadFromFile(file);
             recovery.ImageRead();
             Look();
         }
