@@ -94,9 +94,10 @@ TEST_F(TRecoveryBarTest, SaysWhen) {
     LoadWithOffer();
     const QDate today = QDate::currentDate();
     const auto textOf = [&](const QDateTime &time) {
-        fs::last_write_time(Kept().front(),
-                            std::chrono::file_clock::from_sys(std::chrono::sys_time(
-                                std::chrono::milliseconds(time.toMSecsSinceEpoch()))));
+        fs::last_write_time(
+            Kept().front(),
+            std::chrono::file_clock::from_sys(std::chrono::sys_time<std::chrono::milliseconds>(
+                std::chrono::milliseconds(time.toMSecsSinceEpoch()))));
         Choose(0);
         return Text();
     };
