@@ -33,8 +33,8 @@ QString TimeText(const TEarlier &version) {
 /// Those that only the longer one has differ too.
 std::size_t DifferingBytes(const std::vector<std::uint8_t> &one,
                            const std::vector<std::uint8_t> &other) {
-    const auto [shorter, longer] = std::minmax(one.size(), other.size());
-    return BytesOf(DifferingRuns(one, other)) + longer - shorter;
+    return BytesOf(DifferingRuns(one, other)) + std::max(one.size(), other.size()) -
+           std::min(one.size(), other.size());
 }
 } // namespace
 
