@@ -1,5 +1,6 @@
 #include "maps/MapTakeOver.h"
 
+#include "forms/Dialogs.h"
 #include "maps/Maps.h"
 
 #include <QCoreApplication>
@@ -24,13 +25,17 @@ std::vector<TCellText> Texts(TfrmMaps &page, TMapKind kind, const std::vector<TS
 } // namespace
 
 void TakeOverCells(TfrmMaps &page, TMapKind kind, const std::vector<TStoredCell> &cells) {
-    page.EnterTexts(kind, Texts(page, kind, cells), Step());
+    const std::vector<TCellText> texts = Texts(page, kind, cells);
+    page.EnterTexts(kind, texts, Step());
+    if (texts.size() < cells.size())
+        Dialogs().ShowMessage(QCoreApplication::translate(
+            "MapTakeOver", "Degrees cannot be entered while the timing divider is 0"));
 }
 
 void TakeOverMap(TfrmMaps &page, TMapKind kind, const TMap &map,
                  const std::vector<TStoredCell> &cells) {
     page.history.Run(Step(), [&] {
         if (page.Paste(&map, kind, Step()))
-            TakeOverCells(page, kind, cells);
+            page.EnterTexts(kind, Texts(page, kind, cells), Step()); // to mark them
     });
 }

@@ -18,7 +18,8 @@ struct TStoredCell {
     std::uint8_t byte;
 };
 
-/// Enters the bytes into the page's map of `kind`, in the units that it shows.
+/// Enters the bytes into the page's map of `kind`, in the units that it shows; a message where no
+/// number gives them, which leaves those cells.
 void TakeOverCells(TfrmMaps &page, TMapKind kind, const std::vector<TStoredCell> &cells);
 
 /// The same of the cells that differ, behind a "Paste Map" of the whole `map`, whose axes come with

@@ -55,7 +55,7 @@ const TOtherText otherTexts[] = {
     {"What saves have replaced of %1", "above the list of earlier versions"},
     {"TMapCommands", "the menu of commands"},
     {"TUndoCommands", "the menu of commands"},
-    {"MapTakeOver", "the menu of commands, behind Undo and Redo"},
+    {"Take Over", "the menu of commands, behind Undo and Redo"},
     {"what was not saved", "the page Compare, in place of a file's name"},
     {"Put Back Cells", "the menu of commands, behind Undo and Redo"},
     {"Put Back All", "the menu of commands, behind Undo and Redo"},

@@ -95,6 +95,16 @@ TEST_F(TComparePageTest, TakesAWholeMapOverAsOneStep) {
     EXPECT_EQ(Bytes(), other);
 }
 
+TEST_F(TComparePageTest, SaysThatDegreesNeedADivider) {
+    WriteOther([&] { Change(timingBody, 60); });
+    window.workspace.timingMapSet.SetShowConverted(true);
+    Compare();
+    Click("btnTakeCells");
+    EXPECT_EQ(dialogs.messages,
+              QStringList("Degrees cannot be entered while the timing divider is 0"));
+    EXPECT_EQ(CellFont("grdPTMap", 1, 1), clWindowText);
+}
+
 TEST_F(TComparePageTest, TakesAxesOverWithTheMap) {
     TBytes other;
     WriteOther([&] {
