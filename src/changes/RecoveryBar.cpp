@@ -57,7 +57,8 @@ TRecoveryBar::TRecoveryBar(QWidget *parent, TRecovery &recovery, const TWorkspac
     SetRole(*this, QAccessible::Grouping, tr("Changes that were never saved"));
     lblRecovery_->setWordWrap(true);
     SetHint(btnShowRecovered_, tr("Show what these changes are"));
-    SetHint(btnBringBack_, tr("Make these changes again in the image in memory"));
+    SetHint(btnBringBack_,
+            tr("Make these changes again in the image in memory; choose the mapping first"));
     SetHint(btnForget_, tr("Throw these changes away for good"));
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(6, 4, 6, 4);

@@ -146,7 +146,7 @@ const TTold controls[] = {
      "Say where the maps are: by a spec file of the image's folder, or by hand"},
     {TScene::Offer, "barRecovery", QAccessible::Grouping, "Changes that were never saved", ""},
     {TScene::Offer, "btnBringBack", QAccessible::PushButton, "Bring Back",
-     "Make these changes again in the image in memory"},
+     "Make these changes again in the image in memory; choose the mapping first"},
     {TScene::ROM, "rdoROMtemplate0", QAccessible::RadioButton, "Direct", ""},
     {TScene::Fuel, "Panel1", QAccessible::Grouping, "Partial Throttle Lambda Trim Map", ""},
     {TScene::Fuel, "grdPTMap", QAccessible::Table, "Partial Throttle Lambda Trim Map", menuHint},

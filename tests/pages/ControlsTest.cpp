@@ -47,7 +47,7 @@ const TControl controls[] = {
     {TForm::ROM, "lblRecovery", "QLabel", "", "", "h"},
     {TForm::ROM, "btnShowRecovered", "QPushButton", "Show", "Show what these changes are", "h"},
     {TForm::ROM, "btnBringBack", "QPushButton", "Bring Back",
-     "Make these changes again in the image in memory", "h"},
+     "Make these changes again in the image in memory; choose the mapping first", "h"},
     {TForm::ROM, "btnForget", "QPushButton", "Forget", "Throw these changes away for good", "h"},
     {TForm::ROM, "btnHelp", "QPushButton", "Help", "", "h"},
 
