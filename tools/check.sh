@@ -5,8 +5,8 @@
 #     tests   g++ build, warnings are errors, every test
 #     asan    clang++ build, warnings are errors, every test under the address and undefined behaviour sanitizers
 #     tsan    the start-up tests and those of errands and of kept changes under the thread sanitizer, but for those of the window
-#             finder: they start an X server, and
-#             clang 14's thread sanitizer does not survive the toolkit's way of starting a process; they have one thread alone
+#             finder: they start an X server, and clang 14's thread sanitizer does not survive the toolkit's way of starting a
+#             process; they have one thread alone
 #     includes  clang++ build of src/, each source by itself, which finds an include that is missing
 #     tidy    clang-tidy over src/ and tools/ (slow, not part of all)
 #     default style tests
