@@ -144,6 +144,7 @@ QWidget &TSceneTest::OpenOwnWindow(TScene scene) {
         OnPage<QRadioButton>("rdoROMtemplate0").click(); // reads the image anew
         TRecoveryBar &bar = dynamic_cast<TfrmROMInformation &>(Page()).RecoveryBar();
         bar.OnShow = [](const TKeptPatch &) {};
+        window.Recovery().Finish();
         window.StateChanged();
         return window;
     }

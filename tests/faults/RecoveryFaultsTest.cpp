@@ -209,6 +209,11 @@ protected:
         Click(fuelTab, "btnSavePT");
         Enter(romTab);
     }
+    /// Waits until the folder has answered, which may take longer than the window waits.
+    void Settle() {
+        window.Recovery().Finish();
+        window.StateChanged();
+    }
     void Save() {
         dialogs.saves = {file};
         dialogs.answers = {TAnswer::Yes};
@@ -285,6 +290,7 @@ TEST_F(TBroughtBack, StaysInTheFolderUntilItIsKeptAnew) {
     Choose(0);
     Commit("77");
     Choose(0);
+    Settle();
     {
         const TFaultInjection injection(
             ownState.Folder(), {{TEffect::Fails, ENOSPC, {TCall::Write}, true}}, TThreads::All);
@@ -298,6 +304,7 @@ TEST_F(TBroughtBack, StaysInTheFolderUntilItIsKeptAnew) {
                                HasSubstr(ReasonOf(ENOSPC))));
     dialogs.answers = {TAnswer::No};
     Load(file); // as after a crash
+    Settle();
     ASSERT_EQ(window.Recovery().Offers().size(), 1U);
     const TKeptPatch offer = window.Recovery().Offers().front();
     EXPECT_EQ(offer.patch.runs.front().after, TBytes{77});
@@ -379,6 +386,7 @@ TEST_F(TSlowFolder, KeepsTheLastOfWhatWasCommittedMeanwhile) {
         window.Recovery().Finish();
     }
     Choose(0);
+    Settle();
     ASSERT_EQ(window.Recovery().Offers().size(), 1U);
     EXPECT_EQ(window.Recovery().Offers().front().patch.runs.front().after, TBytes{79});
 }
@@ -387,6 +395,7 @@ TEST_F(TSlowFolder, OffersLateWhatItHolds) {
     Load(file);
     Choose(0);
     Commit("77");
+    Settle();
     const TFaultInjection injection(ownState.Folder(), {Slow({TCall::List})}, TThreads::All);
     Choose(0);
     auto &bar = On<QWidget>(romTab, "barRecovery");
@@ -403,6 +412,7 @@ TEST_F(TSlowFolder, ALateAnswerIsNotTakenForThatOfTheNextImage) {
     Load(file);
     Choose(0);
     Commit("77");
+    Settle();
     const TFaultInjection injection(ownState.Folder(), {Slow({TCall::List})}, TThreads::All);
     Choose(0);
     gate.WaitUntilReached();

@@ -20,6 +20,23 @@ class TRecoveryBarTest : public TWindowTest {
 protected:
     static constexpr auto firstCell = "grdPTMap";
 
+    /// Waits until the folder has answered, which may take longer than the window waits.
+    void Settle() {
+        window.Recovery().Finish();
+        window.StateChanged();
+    }
+    void Choose(int index) {
+        TWindowTest::Choose(index);
+        Settle();
+    }
+    void Load(const QString &file) {
+        TWindowTest::Load(file);
+        Settle();
+    }
+    void Click(int tab, const QString &button) {
+        TWindowTest::Click(tab, button);
+        Settle();
+    }
     TRecoveryBar &Bar() { return ROMPage().RecoveryBar(); }
     QString Text() {
         return Bar().isVisible() ? On<QLabel>(romTab, "lblRecovery").text() : QString();
@@ -40,6 +57,10 @@ protected:
         Type(fuelTab, firstCell, 1, 1, text);
         Click(fuelTab, "btnSavePT");
         Enter(romTab);
+    }
+    void LoadAndPlace() {
+        TWindowTest::LoadAndPlace();
+        Settle();
     }
     /// An image, its mapping chosen, with a committed byte of an earlier sitting.
     void LoadWithOffer() {
