@@ -1,6 +1,7 @@
 #include "changes/Recovery.h"
 
 #include "changes/EarlierVersions.h"
+#include "changes/MappedImage.h"
 #include "model/ROMImage.h"
 #include "system/ReadFile.h"
 #include "system/Sha256.h"
@@ -88,7 +89,7 @@ void TRecovery::Look() {
     if (!image || image->FileBytes().empty())
         return;
     TPatch patch = MakePatch(workspace_.romFileName.filename().string(), {}, image->FileBytes(),
-                             CommittedBytes());
+                             BytesToKeep());
     if (patch.runs.empty())
         RemoveOwn();
     else if (!folder_)
@@ -100,14 +101,11 @@ void TRecovery::Look() {
     TakeFound();
 }
 
-/// Max RPM too, which a commit only takes: "Save ROM" writes it.
-TImageBytes TRecovery::CommittedBytes() const {
-    TImageBytes bytes = Copy(ROMImage()->BytesNow());
-    const TFuelMapSet &maps = workspace_.fuelMapSet;
-    const bool taken = maps.revLimiter.modified && maps.revLimiter.raw != revLimiterRead_;
-    if (taken && maps.HasRevLimiter() && ROMImage()->IsInFile(maps.revLimiter.offset))
-        bytes[static_cast<std::size_t>(maps.revLimiter.offset)] = LowByte(maps.revLimiter.raw);
-    return bytes;
+/// Max RPM too, unless it is left over from another image.
+TImageBytes TRecovery::BytesToKeep() const {
+    const TRPMVal &limiter = workspace_.fuelMapSet.revLimiter;
+    const bool taken = limiter.modified && limiter.raw != revLimiterRead_;
+    return taken ? CommittedBytes(workspace_) : Copy(ROMImage()->BytesNow());
 }
 
 const std::string &TRecovery::Digest() {
@@ -181,7 +179,7 @@ bool TRecovery::IsOfTheImage(const TPatch &patch) {
 }
 
 void TRecovery::BringBack() {
-    TImageBytes bytes = CommittedBytes();
+    TImageBytes bytes = BytesToKeep();
     ApplyPatch(offers_.front().patch, bytes);
     std::copy(bytes.begin(), bytes.end(), ROMImage()->data.begin());
     ROMImage()->modified = true;

@@ -60,7 +60,7 @@ public:
     void Finish() { errands_.Finish(); }
 
 private:
-    std::vector<std::uint8_t> CommittedBytes() const;
+    std::vector<std::uint8_t> BytesToKeep() const;
     /// Of the image's file.
     const std::string &Digest();
     void KeepOwn(TPatch patch);
