@@ -30,7 +30,7 @@ check() {
     local file=$1 place=$2 include=$3
     local name=${include:1:-1}
 
-    if [[ $include == \"* && ! $name =~ ^(system|model|forms|spec|maps|filedisplay|changes)/ && $name != *.moc ]]; then
+    if [[ $include == \"* && ! $name =~ ^(system|model|forms|spec|maps|filedisplay|changes|discovery)/ && $name != *.moc ]]; then
         breach "$place" "not written from the folder src/" "$include"
     fi
     if [[ $name == spec/main.h && $file != ferrolyn.cpp && $file != spec/main.cpp ]]; then
@@ -59,12 +59,12 @@ check() {
             breach "$place" "a core unit knows system/, the model and the standard library alone" "$include"
         fi
     elif [[ $file == forms/* ]]; then
-        if [[ $name =~ ^(spec|maps|filedisplay|changes)/ ]]; then
+        if [[ $name =~ ^(spec|maps|filedisplay|changes|discovery)/ ]]; then
             breach "$place" "the forms know no page" "$include"
         elif [[ $name == model/* && ! $name =~ ^model/(Messages|MapViews)\.h$ ]]; then
             breach "$place" "the forms know no ROM image" "$include"
         fi
-    elif [[ $file =~ ^(maps|filedisplay|changes)/ && $name == spec/* ]]; then
+    elif [[ $file =~ ^(maps|filedisplay|changes|discovery)/ && $name == spec/* ]]; then
         breach "$place" "the pages know nothing of spec/" "$include"
     fi
 }

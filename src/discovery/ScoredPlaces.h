@@ -1,0 +1,27 @@
+// The places of an image that look most like maps, and what those tell about each other.
+#pragma once
+
+#include "discovery/Scorecard.h"
+
+#include <vector>
+
+struct TScoredPlace {
+    TMapPlace place;
+    TMapContents contents; ///< never Any
+    TMeasures measures;
+    float score;
+};
+
+using TScoredPlaces = std::vector<TScoredPlace>;
+
+/// Those with the best scores by themselves, best first; they may overlap. Linear in the image's
+/// size.
+TScoredPlaces BestPlaces(TRomBytes image, const TScorecards &cards);
+
+inline constexpr std::size_t mostPlaces = 4096; ///< that BestPlaces gives
+
+/// Best first; what scores alike in reading order, so that the order is always the same.
+void SortByScore(TScoredPlaces &places);
+
+/// Of places by falling score the first of those that overlap each other, at most `most`.
+TScoredPlaces WithoutOverlaps(const TScoredPlaces &places, std::size_t most);

@@ -1,0 +1,13 @@
+// Measures how well maps are found on images with a truth list; the figures of docs/discovery.md.
+#pragma once
+
+#include "truth/Corpus.h"
+
+#include <ostream>
+
+/// One line for each flavour of image and one for all; so many images of the half, and as many
+/// files that are none.
+void WriteReport(std::ostream &out, TCorpusHalf half, std::uint32_t images);
+
+/// What was found in one image, beside the truth.
+void WriteFinds(std::ostream &out, const TTruthImage &image);
