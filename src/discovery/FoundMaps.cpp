@@ -1,6 +1,5 @@
 #include "discovery/FoundMaps.h"
 
-#include "discovery/HeaderVote.h"
 #include "discovery/SharedEvidence.h"
 #include "discovery/SixMaps.h"
 
@@ -8,7 +7,7 @@
 
 namespace {
 
-constexpr double shareThatAgrees = 0.6;
+constexpr double shareThatAgrees = 0.7;
 constexpr double mapsThatTell = 1.5; // by their chances
 
 /// The header that the likely maps agree on, each counted by its chance.

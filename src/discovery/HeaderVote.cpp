@@ -14,14 +14,6 @@ float OwnVotes(const TScoredPlaces &voters, const TMapPlace &place, TRomBytes im
 }
 } // namespace
 
-std::optional<std::uint8_t> HeaderOf(TRomBytes image, const TMapPlace &place, bool ofLoad) {
-    if (!ofLoad)
-        return image[place.offset];
-    if (!place.Is2D())
-        return std::nullopt;
-    return image[place.LoadHeader()];
-}
-
 THeaderVote::THeaderVote(TRomBytes image, const TScoredPlaces &places, bool ofLoad)
     : image_(image), ofLoad_(ofLoad), voters_(places) {
     for (const TScoredPlace &scored : places)

@@ -3,8 +3,6 @@
 
 #include "discovery/ScoredPlaces.h"
 
-#include <optional>
-
 /// What the likely maps say about one of the two headers.
 class THeaderVote {
 public:
@@ -21,6 +19,3 @@ private:
     std::array<float, 256> votes_{};
     const TScoredPlaces &voters_;
 };
-
-/// The byte in front of the axis, and none of a linear map's load axis.
-std::optional<std::uint8_t> HeaderOf(TRomBytes image, const TMapPlace &place, bool ofLoad);

@@ -33,9 +33,17 @@ struct TMapPlace {
 inline constexpr std::uint8_t fewestPoints = 2; ///< on an axis of a map
 inline constexpr std::uint8_t mostPoints = 30;
 
+/// Whether a byte can be the number of points of an axis.
+constexpr bool IsPointCount(std::uint8_t byte) {
+    return byte >= fewestPoints && byte <= mostPoints;
+}
+
 /// The map of this shape that starts at `offset`, if its counts are those of a map and all of it
 /// lies in the image.
 std::optional<TMapPlace> PlaceAt(TRomBytes image, std::size_t offset, TMapShape shape);
 
 /// Whether the two share a byte.
 bool Overlap(const TMapPlace &one, const TMapPlace &other);
+
+/// The byte in front of the axis over RPM or load; a linear map has none of load.
+std::optional<std::uint8_t> HeaderOf(TRomBytes image, const TMapPlace &place, bool ofLoad);

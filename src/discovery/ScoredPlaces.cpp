@@ -27,8 +27,12 @@ void KeepBest(TScoredPlaces &places) {
 TScoredPlaces BestPlaces(TRomBytes image, const TScorecards &cards) {
     const TSurroundings surroundings(image);
     TScoredPlaces best;
+    std::size_t runEnd = 0; // of the run of equal bytes that the place begins in
     ForEachCandidate(image, [&](const TMapPlace &place) {
-        if (!AxesFit(image, place))
+        runEnd = std::max(runEnd, std::size_t{place.offset} + 1);
+        while (runEnd < image.size() && image[runEnd] == image[runEnd - 1])
+            ++runEnd;
+        if (runEnd >= place.End() || !AxesFit(image, place))
             return;
         const TMeasures measures = MeasureOwn(image, place, surroundings);
         best.push_back(

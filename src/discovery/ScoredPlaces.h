@@ -18,7 +18,7 @@ using TScoredPlaces = std::vector<TScoredPlace>;
 /// size.
 TScoredPlaces BestPlaces(TRomBytes image, const TScorecards &cards);
 
-inline constexpr std::size_t mostPlaces = 4096; ///< that BestPlaces gives
+inline constexpr std::size_t mostPlaces = 1024; ///< that BestPlaces gives
 
 /// Best first; what scores alike in reading order, so that the order is always the same.
 void SortByScore(TScoredPlaces &places);

@@ -32,28 +32,71 @@ std::uint16_t Parameter(std::size_t feature, std::size_t bin) {
     return static_cast<std::uint16_t>(1 + feature * bins + bin);
 }
 
-/// One for the bin of each feature from `first` to before `end`, which are numbered from 0.
+/// A bin's points are the sum of the parameters up to it, so that the penalty keeps the points of
+/// neighbouring bins near each other. The features from `first` to before `end` are numbered from
+/// 0.
 TExample ExampleOf(const TScorecard &card, const TMeasures &measures, std::size_t first,
                    std::size_t end, bool outcome) {
     TExample example{{{0, 1.0F}}, outcome};
     for (std::size_t i = first; i < end; ++i)
-        example.parts.push_back({Parameter(i - first, card.rows[i].BinOf(measures[i])), 1.0F});
+        for (std::size_t bin = 1; bin <= card.rows[i].BinOf(measures[i]); ++bin)
+            example.parts.push_back({Parameter(i - first, bin), 1.0F});
     return example;
 }
 
-/// Takes the fitted points; those of a feature are shifted so that what says nothing gives 0.
-void TakePoints(TScorecard &card, const std::vector<double> &fitted, std::size_t first,
-                std::size_t end) {
-    for (std::size_t i = first; i < end; ++i)
+/// How often the examples of one outcome are in each bin of a feature; adds up to 1.
+std::array<double, bins> SharesOf(const std::vector<TExample> &examples, std::size_t feature,
+                                  bool outcome) {
+    std::array<double, bins> shares{};
+    double all = 0;
+    for (const TExample &example : examples) {
+        if (example.outcome != outcome)
+            continue;
+        const auto in = std::ranges::count_if(example.parts, [&](const TExample::TPart &part) {
+            return part.parameter >= Parameter(feature, 1) &&
+                   part.parameter < Parameter(feature, bins);
+        });
+        ++shares[static_cast<std::size_t>(in)];
+        ++all;
+    }
+    for (double &share : shares)
+        share /= std::max(all, 1.0);
+    return shares;
+}
+
+/// Takes the fitted points, those of each feature shifted so that maps and others have 0 on
+/// average: then what is above 0 speaks for a map. Gives what the shifts add up to.
+float TakePoints(TScorecard &card, const std::vector<double> &fitted,
+                 const std::vector<TExample> &examples, std::size_t first, std::size_t end) {
+    double shifted = 0;
+    for (std::size_t i = first; i < end; ++i) {
+        std::array<double, bins> points{};
+        for (std::size_t bin = 1; bin < bins; ++bin)
+            points[bin] = points[bin - 1] + fitted[Parameter(i - first, bin)];
+        double average = 0;
+        for (const bool outcome : {false, true}) {
+            const std::array<double, bins> shares = SharesOf(examples, i - first, outcome);
+            for (std::size_t bin = 0; bin < bins; ++bin)
+                average += shares[bin] * points[bin] / 2;
+        }
         for (std::size_t bin = 0; bin < bins; ++bin)
-            card.rows[i].points[bin] = static_cast<float>(fitted[Parameter(i - first, bin)]);
+            card.rows[i].points[bin] = static_cast<float>(points[bin] - average);
+        shifted += average;
+    }
+    return static_cast<float>(shifted);
+}
+
+/// The edges alone.
+TScorecard WithoutPoints(TScorecard card) {
+    for (TScoreRow &row : card.rows)
+        row.points = {};
+    card.base = card.sharedBase = 0;
+    card.ownShare = 1;
+    return card;
 }
 
 TScorecard FitOwn(TMapShape shape, const std::vector<TTruthImage> &images) {
-    TScorecard card = FittedCards().Of(shape); // for its edges
-    card.ownShare = 1;
-    card.sharedBase = 0;
-    TakePoints(card, std::vector<double>(1 + featureCount * bins), 0, featureCount);
+    TScorecard card = WithoutPoints(FittedCards().Of(shape));
     std::vector<TExample> examples;
     for (const TTruthImage &image : images) {
         const TSurroundings surroundings(image.bytes);
@@ -64,8 +107,7 @@ TScorecard FitOwn(TMapShape shape, const std::vector<TTruthImage> &images) {
         });
     }
     const std::vector<double> fitted = FitLogistic(examples, 1 + ownFeatures * bins, penalty);
-    card.base = static_cast<float>(fitted[0]);
-    TakePoints(card, fitted, 0, ownFeatures);
+    card.base = static_cast<float>(fitted[0]) + TakePoints(card, fitted, examples, 0, ownFeatures);
     return card;
 }
 
@@ -85,8 +127,8 @@ void FitShared(TScorecard &card, TMapShape shape, const std::vector<TTruthImage>
         }
     const std::vector<double> fitted = FitLogistic(examples, share + std::size_t{1}, penalty);
     card.ownShare = static_cast<float>(fitted[share]);
-    card.sharedBase = static_cast<float>(fitted[0]);
-    TakePoints(card, fitted, ownFeatures, featureCount);
+    card.sharedBase = static_cast<float>(fitted[0]) +
+                      TakePoints(card, fitted, examples, ownFeatures, featureCount);
 }
 
 void WriteList(std::ostream &out, std::span<const float> numbers) {

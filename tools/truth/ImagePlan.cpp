@@ -1,5 +1,7 @@
 #include "truth/ImagePlan.h"
 
+#include "discovery/MapPlace.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -155,6 +157,19 @@ void PlaceBlocks(TImagePlan &plan, const std::vector<std::vector<TImagePart>> &b
     }
 }
 
+/// The byte that all maps of the image have in front of such an axis.
+std::optional<std::uint8_t> CommonHeader(const TTruthImage &image, bool ofLoad) {
+    std::optional<std::uint8_t> common;
+    for (const TTrueMap &map : image.maps) {
+        const std::optional<std::uint8_t> header = HeaderOf(image.bytes, map.place, ofLoad);
+        if (header && common && *header != *common)
+            return std::nullopt;
+        if (header)
+            common = header;
+    }
+    return common;
+}
+
 } // namespace
 
 std::string FlavourName(TFlavour flavour) {
@@ -238,9 +253,7 @@ TTruthImage Assembled(const TImagePlan &plan, const std::string &name) {
         if (const std::optional<TMapPlace> place = PlaceAt(image.bytes, starts[i], shape))
             image.maps.push_back({i, *place, map.contents, map.kind});
     }
-    if (plan.style.rpmLocation >= 0 && plan.style.timingOffset == 0 && !image.maps.empty()) {
-        image.rpmLocation = static_cast<std::uint8_t>(plan.style.rpmLocation);
-        image.loadLocation = static_cast<std::uint8_t>(plan.style.loadLocation);
-    }
+    image.rpmLocation = CommonHeader(image, false);
+    image.loadLocation = CommonHeader(image, true);
     return image;
 }

@@ -120,8 +120,14 @@ TMapStyle MakeStyle(TChance &chance) {
     TMapStyle style{};
     style.rpmPoints = chance.Percent(85) ? chance.Between(8, 18) : chance.Between(5, 30);
     style.loadPoints = chance.Percent(85) ? chance.Between(6, 16) : chance.Between(4, 20);
-    const int firstRpm = chance.Percent(65) ? chance.Between(8, 30) : chance.Between(1, 70);
-    const int lastRpm = chance.Percent(65) ? chance.Between(130, 225) : chance.Between(105, rpmTop);
+    const int first = chance.Below(20);
+    const int firstRpm = first < 12   ? chance.Between(8, 30)
+                         : first < 17 ? chance.Between(1, 70)
+                                      : chance.Between(60, 120);
+    const int last = chance.Below(10);
+    const int lastRpm = last == 0  ? rpmTop
+                        : last < 5 ? chance.Between(160, rpmTop)
+                                   : chance.Between(130, 225);
     style.rpms = Points(style.rpmPoints, firstRpm, lastRpm, chance);
     const int firstLoad = chance.Percent(65) ? chance.Between(0, 30) : chance.Between(0, 90);
     const int lastLoad = chance.Percent(60) ? loadTop : chance.Between(160, loadTop);
