@@ -3,7 +3,6 @@
 #include "changes/ChangesTexts.h"
 #include "forms/Guard.h"
 #include "forms/Hint.h"
-#include "forms/KelvaneNotebook.h"
 #include "forms/Named.h"
 #include "forms/TabOrder.h"
 
@@ -18,12 +17,10 @@ TfrmDifferences::TfrmDifferences(QWidget *parent, TWorkspace &sharedWorkspace)
       lblTotal_(Named("lblTotal", new QLabel(this))),
       buttons_(new TFoldingLine(this)),
       btnExport_(new TExportButton(this)),
-      btnClose_(Named("btnClose", new QPushButton(tr("Close Page"), this))) {
+      btnClose_(MakeCloseButton()) {
     btnExport_->OnExport = [this] { return Exported(); };
     view_->OnChoose = [this] { UpdateButtons(); };
     lblTotal_->setWordWrap(true);
-    SetHint(btnClose_, tr("Close this page"));
-    ConnectGuarded(btnClose_, &QPushButton::clicked, this, [this] { btnCloseClick(); });
     buttons_->End().addWidget(btnExport_);
     buttons_->End().addWidget(btnClose_);
     auto *column = new QVBoxLayout(this);
@@ -81,9 +78,4 @@ TExported TfrmDifferences::Exported() const {
     if (ThereIsBefore())
         return {shown_->there, shown_->here, FileThere(), nameHere};
     return {shown_->here, shown_->there, nameHere, FileThere()};
-}
-
-void TfrmDifferences::btnCloseClick() {
-    if (TfrmKelvaneNotebook *host = Notebook())
-        host->CloseTab(host->PageIndex(this));
 }

@@ -16,8 +16,6 @@ public:
     /// Compares anew.
     void ShowPage() override;
 
-    void btnCloseClick();
-
 protected:
     /// `workspace` outlives the page.
     TfrmDifferences(QWidget *parent, TWorkspace &workspace);

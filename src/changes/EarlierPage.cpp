@@ -4,7 +4,6 @@
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
 #include "forms/Hint.h"
-#include "forms/KelvaneNotebook.h"
 #include "forms/Named.h"
 #include "forms/Paths.h"
 #include "maps/FoldingLine.h"
@@ -77,12 +76,9 @@ void TfrmEarlier::LetShow(TShow show) {
 
 void TfrmEarlier::LayOut() {
     auto *buttons = new TFoldingLine(this);
-    auto *btnClose = Named("btnClose", new QPushButton(tr("Close Page"), this));
-    SetHint(btnClose, tr("Close this page"));
-    ConnectGuarded(btnClose, &QPushButton::clicked, this, [this] { btnCloseClick(); });
     buttons->Start().addWidget(btnShowVersion_);
     buttons->Start().addWidget(btnBringBackVersion_);
-    buttons->End().addWidget(btnClose);
+    buttons->End().addWidget(MakeCloseButton());
     auto *column = new QVBoxLayout(this);
     column->addWidget(lblVersions_);
     column->addWidget(lstVersions_, 1);
@@ -175,9 +171,4 @@ void TfrmEarlier::btnBringBackVersionClick() {
     edits_.Run(tr("Bring Back"), [&bytes](std::span<std::uint8_t> image) {
         std::copy(bytes.begin(), bytes.end(), image.begin());
     });
-}
-
-void TfrmEarlier::btnCloseClick() {
-    if (TfrmKelvaneNotebook *host = Notebook())
-        host->CloseTab(host->PageIndex(this));
 }

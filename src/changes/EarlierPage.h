@@ -33,7 +33,6 @@ public:
     /// The bytes of the chosen version become those of the image in memory; a message when their
     /// lengths differ. Nothing when none is chosen.
     void btnBringBackVersionClick();
-    void btnCloseClick();
 
 protected:
     /// Versions take memory only while the page is there to be seen.

@@ -4,6 +4,7 @@
 #include "forms/Help.h"
 #include "forms/Hint.h"
 #include "forms/KelvaneNotebook.h"
+#include "forms/Named.h"
 #include "forms/TabOrder.h"
 
 #include <utility>
@@ -39,6 +40,18 @@ void TEmbeddedForm::Help() {
     const QPointer<TfrmHelp> help = new TfrmHelp(HelpFileName(), this);
     help->exec();
     delete help;
+}
+
+QPushButton *TEmbeddedForm::MakeCloseButton() {
+    auto *button = Named("btnClose", new QPushButton(tr("Close Page"), this));
+    SetHint(button, tr("Close this page"));
+    ConnectGuarded(button, &QPushButton::clicked, this, [this] { btnCloseClick(); });
+    return button;
+}
+
+void TEmbeddedForm::btnCloseClick() {
+    if (notebook_)
+        notebook_->CloseTab(notebook_->PageIndex(this));
 }
 
 QString TEmbeddedForm::HelpFileName() const {

@@ -37,6 +37,13 @@ public:
     /// Throws EFileError when the file cannot be read.
     virtual void Help();
 
+    /// Makes the button "Close Page" (`btnClose`) of a page that can be taken away; the page lays
+    /// it out.
+    QPushButton *MakeCloseButton();
+
+    /// Asks the notebook to close the page's tab; nothing without a notebook.
+    void btnCloseClick();
+
     /// The page's help file in the program's directory; the base answers "readme.txt".
     virtual QString HelpFileName() const;
 

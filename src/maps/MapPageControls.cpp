@@ -8,15 +8,14 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
-TMapPageControls::TMapPageControls(QWidget &page)
+TMapPageControls::TMapPageControls(TEmbeddedForm &page)
     : interpret(*new QCheckBox(tr("Interpret Byte Values"), &page)),
       bottomLine(*new TFoldingLine(&page)),
       maps(*new TMapRows(&page)),
       recalculate(*new QPushButton(tr("Recalculate"), &page)),
-      close(*new QPushButton(tr("Close Page"), &page)) {
+      close(*page.MakeCloseButton()) {
     interpret.setObjectName("chkInterpret");
     recalculate.setObjectName("btnRecalculate");
-    close.setObjectName("btnClose");
     SetHint(&interpret, tr("Show lambda trims or degrees in place of the stored bytes"));
     SetHint(&recalculate, tr("Show or hide the tool that changes many cells at once"));
     SetHint(&close, tr("Take the page away until the program is started again"));

@@ -2,6 +2,7 @@
 // and a line of buttons below them. What they do is the page's, in Maps.h.
 #pragma once
 
+#include "forms/TEmbedFm.h"
 #include "maps/FoldingLine.h"
 #include "maps/MapRows.h"
 
@@ -13,7 +14,7 @@ class TMapPageControls {
     Q_DECLARE_TR_FUNCTIONS(TMapPageControls)
 public:
     /// The controls belong to `page`, which outlives this.
-    explicit TMapPageControls(QWidget &page);
+    explicit TMapPageControls(TEmbeddedForm &page);
 
     QCheckBox &interpret;
     TFoldingLine &bottomLine;

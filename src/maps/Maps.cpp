@@ -2,7 +2,6 @@
 
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
-#include "forms/KelvaneNotebook.h"
 #include "forms/TabOrder.h"
 #include "maps/ChartData.h"
 #include "maps/MapCommands.h"
@@ -63,7 +62,6 @@ void TfrmMaps::MakeControls() {
                    [this] { chkInterpretClick(); });
     ConnectGuarded(&controls_->recalculate, &QPushButton::clicked, this,
                    [this] { btnRecalculateClick(); });
-    ConnectGuarded(&controls_->close, &QPushButton::clicked, this, [this] { btnCloseClick(); });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, const QWidget *now) {
         for (const TMapKind kind : allMapKinds)
             if (Panel(kind).grid == now)
@@ -262,11 +260,6 @@ void TfrmMaps::UnlockAxis(TMapKind kind) {
 void TfrmMaps::btnRecalculateClick() {
     if (QWidget *tool = ToolWindow.data())
         tool->setVisible(!tool->isVisible());
-}
-
-void TfrmMaps::btnCloseClick() {
-    if (TfrmKelvaneNotebook *host = Notebook())
-        host->CloseTab(host->PageIndex(this));
 }
 
 void TfrmMaps::CloseEditors() {

@@ -84,7 +84,6 @@ public:
     void UnlockAxis1Click() { UnlockAxis(TMapKind::PT); }
     void UnlockAxis2Click() { UnlockAxis(TMapKind::Idle); }
     void UnlockAxis3Click() { UnlockAxis(TMapKind::WOT); }
-    void btnCloseClick();
 
     void Copy1Click() { CopyMap(TMapKind::PT); }
     void Copy2Click() { CopyMap(TMapKind::Idle); }

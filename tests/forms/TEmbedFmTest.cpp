@@ -47,6 +47,23 @@ TEST(TEmbeddedForm, HasAHiddenHelpButton) {
     EXPECT_TRUE(page.btnHelp->isHidden());
 }
 
+TEST(TEmbeddedForm, TheCloseButtonIsThePages) {
+    TPage page;
+    const QPushButton *button = page.MakeCloseButton();
+    EXPECT_EQ(button->parent(), &page);
+    EXPECT_EQ(button->objectName(), "btnClose");
+    EXPECT_EQ(button->text(), "Close Page");
+    EXPECT_EQ(button->toolTip(), "Close this page");
+}
+
+TEST(TEmbeddedForm, ClosingDoesNothingWithoutANotebook) {
+    TPage page;
+    page.ShowPage();
+    page.MakeCloseButton()->click();
+    EXPECT_TRUE(page.PageVisible());
+    EXPECT_EQ(page.events, QStringList({"show"}));
+}
+
 TEST(TEmbeddedForm, ShowPageEntersAndQueryCloseLeaves) {
     TPage page;
     page.ShowPage();
