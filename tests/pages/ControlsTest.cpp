@@ -5,7 +5,9 @@
 #include "pages/ControlsFixture.h"
 
 #include <fstream>
+#include <iterator>
 #include <map>
+#include <vector>
 
 #include <QAction>
 #include <QStatusBar>
@@ -289,43 +291,11 @@ const TControl controls[] = {
     {TForm::Window, "actGuide", "QAction", "&Guide", nullptr, ""},
     {TForm::Window, "actAbout", "QAction", "&About", nullptr, ""},
 
-    {TForm::Changes, "lblTotal", "QLabel", "No ROM image is loaded", "", ""},
-    {TForm::Changes, "lstChanges", "QTreeWidget", nullptr,
-     "What differs: maps, rev limiter, the rest of the image", ""},
-    {TForm::Changes, "lblHigher", "QLabel", "higher here", "", ""},
-    {TForm::Changes, "lblLower", "QLabel", "lower here", "", ""},
-    {TForm::Changes, "lblBeneath", "QLabel", "beneath: the value there", "", ""},
-    {TForm::Changes, "grdChanges", "TStringAlignGrid", nullptr,
-     "Values here; where they differ, those there beneath", ""},
-    {TForm::Changes, "lblCell", "QLabel", "", "", ""},
-    {TForm::Changes, "chtChanges", "TAreaChart", nullptr, nullptr, "h"},
-    {TForm::Changes, "btnExport", "QPushButton", "&Export",
-     "Write the differences into a file: patch, table or printed pages", "d"},
-    {TForm::Changes, "actPatch", "QAction", "&Patch...", nullptr, ""},
-    {TForm::Changes, "actTable", "QAction", "&Table...", nullptr, ""},
-    {TForm::Changes, "actPages", "QAction", "Pr&inted Pages...", nullptr, ""},
-    {TForm::Changes, "btnClose", "QPushButton", "Close Page", "Close this page", ""},
     {TForm::Changes, "btnPutBackCells", "QPushButton", "Put Back &Cells",
      "Give the selected cells their values of the file again", "d"},
     {TForm::Changes, "btnPutBack", "QPushButton", "Put &Back All",
      "Give all that is chosen in the list its bytes of the file again", "d"},
 
-    {TForm::Compare, "lblTotal", "QLabel", "No ROM image is loaded", "", ""},
-    {TForm::Compare, "lstChanges", "QTreeWidget", nullptr,
-     "What differs: maps, rev limiter, the rest of the image", ""},
-    {TForm::Compare, "lblHigher", "QLabel", "higher here", "", ""},
-    {TForm::Compare, "lblLower", "QLabel", "lower here", "", ""},
-    {TForm::Compare, "lblBeneath", "QLabel", "beneath: the value there", "", ""},
-    {TForm::Compare, "grdChanges", "TStringAlignGrid", nullptr,
-     "Values here; where they differ, those there beneath", ""},
-    {TForm::Compare, "lblCell", "QLabel", "", "", ""},
-    {TForm::Compare, "chtChanges", "TAreaChart", nullptr, nullptr, "h"},
-    {TForm::Compare, "btnExport", "QPushButton", "&Export",
-     "Write the differences into a file: patch, table or printed pages", "d"},
-    {TForm::Compare, "actPatch", "QAction", "&Patch...", nullptr, ""},
-    {TForm::Compare, "actTable", "QAction", "&Table...", nullptr, ""},
-    {TForm::Compare, "actPages", "QAction", "Pr&inted Pages...", nullptr, ""},
-    {TForm::Compare, "btnClose", "QPushButton", "Close Page", "Close this page", ""},
     {TForm::Compare, "btnOther", "QPushButton", "&Other Image...",
      "Choose the image file to compare with", ""},
     {TForm::Compare, "cboSpec", "QComboBox", nullptr,
@@ -361,8 +331,38 @@ const TControl controls[] = {
     {TForm::Splash, "lblStatus", "QLabel", "", "", ""},
 };
 
+// What the pages "Changes" and "Compare" share; named for the first.
+const TControl differencesControls[] = {
+    {TForm::Changes, "lblTotal", "QLabel", "No ROM image is loaded", "", ""},
+    {TForm::Changes, "lstChanges", "QTreeWidget", nullptr,
+     "What differs: maps, rev limiter, the rest of the image", ""},
+    {TForm::Changes, "lblHigher", "QLabel", "higher here", "", ""},
+    {TForm::Changes, "lblLower", "QLabel", "lower here", "", ""},
+    {TForm::Changes, "lblBeneath", "QLabel", "beneath: the value there", "", ""},
+    {TForm::Changes, "grdChanges", "TStringAlignGrid", nullptr,
+     "Values here; where they differ, those there beneath", ""},
+    {TForm::Changes, "lblCell", "QLabel", "", "", ""},
+    {TForm::Changes, "chtChanges", "TAreaChart", nullptr, nullptr, "h"},
+    {TForm::Changes, "btnExport", "QPushButton", "&Export",
+     "Write the differences into a file: patch, table or printed pages", "d"},
+    {TForm::Changes, "actPatch", "QAction", "&Patch...", nullptr, ""},
+    {TForm::Changes, "actTable", "QAction", "&Table...", nullptr, ""},
+    {TForm::Changes, "actPages", "QAction", "Pr&inted Pages...", nullptr, ""},
+    {TForm::Changes, "btnClose", "QPushButton", "Close Page", "Close this page", ""},
+};
+
+std::vector<TControl> AllControls() {
+    std::vector<TControl> all(std::begin(controls), std::end(controls));
+    for (const TForm form : {TForm::Changes, TForm::Compare})
+        for (TControl control : differencesControls) {
+            control.form = form;
+            all.push_back(control);
+        }
+    return all;
+}
+
 TEST_F(TControlsTest, EachStandsInItsFirstState) {
-    for (const TControl &wanted : controls) {
+    for (const TControl &wanted : AllControls()) {
         SCOPED_TRACE(testing::Message()
                      << wanted.name << " on " << Form(wanted.form).objectName().toStdString());
         QObject *control = Control(wanted);
@@ -379,7 +379,7 @@ TEST_F(TControlsTest, EachStandsInItsFirstState) {
 }
 
 TEST_F(TControlsTest, AHintIsShownInTheStatusBarToo) {
-    for (const TControl &wanted : controls) {
+    for (const TControl &wanted : AllControls()) {
         if (wanted.hint && *wanted.hint) {
             EXPECT_EQ(Control(wanted)->property("statusTip").toString(), wanted.hint)
                 << wanted.name;
