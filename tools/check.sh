@@ -55,7 +55,7 @@ for name in "${@:-default}"; do
         default) checks+=(style tests) ;;
         all) checks+=(style includes asan tsan tests) ;;
         style | includes | tests | asan | tsan | tidy) checks+=("$name") ;;
-        *) current_step="reading its arguments"; say "there is no check '$name'" >&2; exit 2 ;;
+        *) refuse "there is no check '$name'" ;;
     esac
 done
 for name in "${checks[@]}"; do

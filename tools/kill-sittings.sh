@@ -6,7 +6,7 @@
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 kills=${1:-1000}
-[[ $kills =~ ^[1-9][0-9]*$ ]] || { current_step="reading its arguments"; say "'$kills' is no number of kills" >&2; exit 2; }
+need_number "$kills" kills
 build dev test_faults
 step "killing $kills sittings"
 FERROLYN_KILLS=$kills "$top/build/dev/tests/faults/test_faults" --gtest_filter='TKilledSitting.*'

@@ -25,6 +25,19 @@ step() {
     say "$* ..."
 }
 
+# Ends the command because of what it was called with.
+refuse() {
+    current_step="reading its arguments"
+    say "$*" >&2
+    exit 2
+}
+
+# Refuses what is no whole number from 1 on.
+#   need_number VALUE OF_WHAT
+need_number() {
+    [[ $1 =~ ^[1-9][0-9]*$ ]] || refuse "'$1' is no number of $2"
+}
+
 finish() {
     local status=$?
     if [ "$status" -ne 0 ]; then
