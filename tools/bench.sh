@@ -32,7 +32,7 @@ measure() {
 describe_machine >"$report"
 printf '\n%-58s %10s %10s %8s %8s\n' measured ours plain result limit >>"$report"
 for name in ferrolyn_bench ferrolyn_bench_contents ferrolyn_bench_pages ferrolyn_bench_chart ferrolyn_bench_changes \
-    ferrolyn_bench_searches; do
+    ferrolyn_bench_discovery ferrolyn_bench_searches; do
     measure "$name" "$top/build/bench/bench/$name"
 done
 bus=()

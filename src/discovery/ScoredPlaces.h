@@ -10,6 +10,9 @@ struct TScoredPlace {
     TMapContents contents; ///< never Any
     TMeasures measures;
     float score;
+
+    /// The chance that this is a map, 0 to 1.
+    double Chance() const { return ChanceOf(double(score)); }
 };
 
 using TScoredPlaces = std::vector<TScoredPlace>;

@@ -45,7 +45,7 @@ public:
           rpm_(image, others_, false),
           load_(image, others_, true) {
         for (const TScoredPlace &other : others_)
-            if (ChanceOf(other.score) >= likely)
+            if (other.Chance() >= likely)
                 likely_.push_back(other);
     }
 

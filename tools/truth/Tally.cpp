@@ -1,0 +1,123 @@
+#include "truth/Tally.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+constexpr std::size_t firstPlaces = 12;
+constexpr double unit = 0x10000; // false finds are counted by 64 KiB
+
+template <class... T>
+std::string Printed(const char *format, T... values) {
+    std::array<char, 200> text{};
+    std::snprintf(text.data(), text.size(), format, values...);
+    return text.data();
+}
+
+/// "95.2", or "-" of nothing.
+std::string Percent(int part, int whole) {
+    return whole == 0 ? "-" : Printed("%.1f", 100.0 * part / whole);
+}
+
+bool IsRight(const std::optional<TSharedHeader> &told, const std::optional<std::uint8_t> &truth) {
+    return told && truth && told->location == *truth;
+}
+
+} // namespace
+
+const TTrueMap *TruthAt(const TTruthImage &image, const TMapPlace &place) {
+    const auto at = std::ranges::find(image.maps, place, &TTrueMap::place);
+    return at == image.maps.end() ? nullptr : &*at;
+}
+
+void TListTally::Count(const TTruthImage &image, const TFoundMaps &found) {
+    ++images_;
+    bytes_ += double(image.bytes.size());
+    maps_ += static_cast<int>(image.maps.size());
+    int falseOnes = 0;
+    int falseBeforeLast = 0;
+    int right = 0;
+    for (std::size_t i = 0; i < found.maps.size(); ++i) {
+        const TTrueMap *truth = TruthAt(image, found.maps[i].place);
+        const bool likely = i < found.likely;
+        if (!truth) {
+            ++falseOnes;
+            likelyFalse_ += likely ? 1 : 0;
+            continue;
+        }
+        ++right;
+        falseBeforeLast = falseOnes;
+        amongFirst_ += i < firstPlaces ? 1 : 0;
+        likelyTrue_ += likely ? 1 : 0;
+        rightKind_ +=
+            truth->contents == found.maps[i].contents && truth->kind == found.maps[i].kind ? 1 : 0;
+    }
+    falseBefore_ += falseBeforeLast;
+    const bool any = !image.maps.empty();
+    withMaps_ += any ? 1 : 0;
+    inFront_ += any && falseBeforeLast == 0 && right == std::ssize(image.maps) ? 1 : 0;
+    CountLocations(image, found);
+}
+
+void TListTally::CountLocations(const TTruthImage &image, const TFoundMaps &found) {
+    const bool rpm = IsRight(found.rpmLocation, image.rpmLocation);
+    const bool load = IsRight(found.loadLocation, image.loadLocation);
+    wrong_ += (found.rpmLocation && !rpm ? 1 : 0) + (found.loadLocation && !load ? 1 : 0);
+    if (image.maps.size() < 5)
+        return;
+    if (image.rpmLocation) {
+        ++withFive_;
+        rpmRight_ += rpm ? 1 : 0;
+    }
+    if (image.loadLocation) {
+        ++withFiveLoad_;
+        loadRight_ += load ? 1 : 0;
+    }
+}
+
+void TListTally::WriteHead(std::ostream &out, const std::string &what) {
+    out << "| " << what
+        << " | images | maps | in the first 12, % | likely, % | false likely | false in front | "
+           "kind right, % | RPM cell, % | load cell, % | wrong cells |\n"
+           "|---|---|---|---|---|---|---|---|---|---|---|\n";
+}
+
+void TListTally::WriteRow(std::ostream &out, const std::string &what) const {
+    const double units = std::max(bytes_, 1.0) / unit;
+    out << "| " << what << " | " << images_ << " | " << maps_ << " | "
+        << Percent(amongFirst_, maps_) << " | " << Percent(likelyTrue_, maps_) << " | "
+        << Printed("%.2f", likelyFalse_ / units) << " | " << Printed("%.2f", falseBefore_ / units)
+        << " | " << Percent(rightKind_, maps_) << " | " << Percent(rpmRight_, withFive_) << " | "
+        << Percent(loadRight_, withFiveLoad_) << " | " << wrong_ << " |\n";
+}
+
+TKindTally::TCount &TKindTally::Of(TMapShape shape, TMapContents contents) {
+    return counts_[(shape == TMapShape::TwoD ? 0U : 2U) +
+                   (contents == TMapContents::Fuel ? 0U : 1U)];
+}
+
+void TKindTally::Truth(const TTruthImage &image) {
+    bytes_ += double(image.bytes.size());
+    for (const TTrueMap &map : image.maps)
+        ++Of(map.place.shape, map.contents).maps;
+}
+
+void TKindTally::Find(const TTruthImage &image, const TMapPlace &place, TMapContents contents) {
+    const TTrueMap *truth = TruthAt(image, place);
+    TCount &count = Of(place.shape, contents);
+    ++(truth && truth->contents == contents ? count.found : count.wrong);
+}
+
+void TKindTally::WriteHead(std::ostream &out) {
+    out << "| found by | fuel 2-D, % | false | timing 2-D, % | false | fuel linear, % | false | "
+           "timing linear, % | false |\n|---|---|---|---|---|---|---|---|---|\n";
+}
+
+void TKindTally::WriteRow(std::ostream &out, const std::string &what) const {
+    out << "| " << what << " |";
+    for (const TCount &count : counts_)
+        out << " " << Percent(count.found, count.maps) << " | "
+            << Printed("%.2f", count.wrong / (bytes_ / unit)) << " |";
+    out << "\n";
+}
