@@ -1,11 +1,9 @@
 // A folder of its own for one test, gone with everything in it afterwards.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <stdlib.h>
 #include <string>
@@ -46,15 +44,19 @@ private:
 /// Writes a file by plain means.
 inline void PutFile(const std::filesystem::path &file, const std::vector<std::uint8_t> &bytes) {
     std::ofstream stream(file, std::ios::binary);
-    std::copy(bytes.begin(), bytes.end(), std::ostreambuf_iterator<char>(stream));
+    stream.write(reinterpret_cast<const char *>(bytes.data()),
+                 static_cast<std::streamsize>(bytes.size()));
     if (!stream.flush())
         throw std::runtime_error("cannot write " + file.string());
 }
 
 /// Reads a file by plain means.
 inline std::vector<std::uint8_t> GetFile(const std::filesystem::path &file) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream)
+    std::ifstream stream(file, std::ios::binary | std::ios::ate);
+    std::vector<std::uint8_t> bytes(stream ? static_cast<std::size_t>(stream.tellg()) : 0);
+    stream.seekg(0);
+    if (!stream.read(reinterpret_cast<char *>(bytes.data()),
+                     static_cast<std::streamsize>(bytes.size())))
         throw std::runtime_error("cannot read " + file.string());
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    return bytes;
 }
