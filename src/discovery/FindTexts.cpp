@@ -46,6 +46,8 @@ constexpr std::array<TFeatureTexts, featureCount> features{{
      Translatable(findTexts, "values unlike those of fuel and timing maps")},
     {Translatable(findTexts, "values that part as those of maps do"),
      Translatable(findTexts, "values that are all alike, or part too far")},
+    {Translatable(findTexts, "the image is small: few places look like maps by chance"),
+     Translatable(findTexts, "the image is large: many places look like maps by chance")},
     {Translatable(findTexts, "other likely maps have the same byte in front of the RPM axis"),
      Translatable(findTexts, "likely maps have another byte in front of the RPM axis")},
     {Translatable(findTexts, "other likely maps have the same byte in front of the load axis"),

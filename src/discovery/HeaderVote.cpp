@@ -9,7 +9,7 @@ float OwnVotes(const TScoredPlaces &voters, const TMapPlace &place, TRomBytes im
     float votes = 0;
     for (const TScoredPlace &voter : voters)
         if (Overlap(voter.place, place) && HeaderOf(image, voter.place, ofLoad) == header)
-            votes += static_cast<float>(voter.Chance());
+            votes += static_cast<float>(voter.Weight());
     return votes;
 }
 } // namespace
@@ -18,7 +18,7 @@ THeaderVote::THeaderVote(TRomBytes image, const TScoredPlaces &places, bool ofLo
     : image_(image), ofLoad_(ofLoad), voters_(places) {
     for (const TScoredPlace &scored : places)
         if (const auto header = HeaderOf(image, scored.place, ofLoad))
-            votes_[*header] += static_cast<float>(scored.Chance());
+            votes_[*header] += static_cast<float>(scored.Weight());
 }
 
 float THeaderVote::Support(const TScoredPlace &scored) const {

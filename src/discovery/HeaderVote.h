@@ -6,10 +6,10 @@
 /// What the likely maps say about one of the two headers.
 class THeaderVote {
 public:
-    /// Of places that do not overlap; each counts by its chance of being a map.
+    /// Of places that do not overlap; each counts by its weight.
     THeaderVote(TRomBytes image, const TScoredPlaces &places, bool ofLoad);
 
-    /// How many others, by their chances, have the same header as this place, less those that have
+    /// How many others, by their weights, have the same header as this place, less those that have
     /// the commonest other header, if that is more common. 0 where the place has no such header.
     float Support(const TScoredPlace &scored) const;
 

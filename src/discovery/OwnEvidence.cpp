@@ -30,10 +30,6 @@ int Sum(TRomBytes bytes) {
     return sum;
 }
 
-float &At(TMeasures &measures, TFeature feature) {
-    return measures[static_cast<std::size_t>(feature)];
-}
-
 /// Minus the logarithm of the chance that so many bytes like those around have no larger sum.
 float Surprise(TRomBytes steps, int scale, const TSpread &around) {
     constexpr double least = 4; // of a spread: constant surroundings tell little
@@ -133,6 +129,7 @@ TMeasures MeasureOwn(TRomBytes image, const TMapPlace &place, const TSurrounding
     At(measures, TFeature::Values) = UsualShare(body);
     const auto [least, most] = std::minmax_element(body.begin(), body.end());
     At(measures, TFeature::Variety) = static_cast<float>(*most - *least);
+    At(measures, TFeature::ImageSize) = static_cast<float>(std::log2(double(image.size())));
     return measures;
 }
 

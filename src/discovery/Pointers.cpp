@@ -23,25 +23,27 @@ std::vector<std::int32_t> PlacesByAddress(const TScoredPlaces &places, std::size
 
 } // namespace
 
-std::vector<int> PointersTo(TRomBytes image, const TScoredPlaces &places) {
+std::vector<int> PointersTo(TRomBytes image, const TScoredPlaces &places,
+                            const TScoredPlaces &others) {
     const std::size_t mask = AddressMask(image.size());
     const std::vector<std::int32_t> at = PlacesByAddress(places, mask);
-    const auto target = [&](std::size_t i) {
-        return i + 1 < image.size() ? at[(std::size_t{image[i]} * 256 + image[i + 1]) & mask] : -1;
+    const std::vector<std::int32_t> otherAt = PlacesByAddress(others, mask);
+    const auto target = [&](const std::vector<std::int32_t> &list, std::size_t i) {
+        return i + 1 < image.size() ? list[(std::size_t{image[i]} * 256 + image[i + 1]) & mask]
+                                    : -1;
     };
     std::vector<int> found(places.size());
     for (std::size_t i = 0; i + 1 < image.size(); ++i) {
-        const std::int32_t one = target(i);
+        const std::int32_t one = target(at, i);
         if (one < 0)
             continue;
+        const TMapPlace &place = places[static_cast<std::size_t>(one)].place;
+        const auto isAnother = [&](std::size_t beside) {
+            const std::int32_t other = target(otherAt, beside);
+            return other >= 0 && !Overlap(place, others[static_cast<std::size_t>(other)].place);
+        };
         int &pointed = found[static_cast<std::size_t>(one)];
-        pointed = std::max(pointed, 1);
-        const std::int32_t next = target(i + 2);
-        if (next < 0 || Overlap(places[static_cast<std::size_t>(one)].place,
-                                places[static_cast<std::size_t>(next)].place))
-            continue;
-        pointed = 2;
-        found[static_cast<std::size_t>(next)] = 2;
+        pointed = std::max(pointed, isAnother(i + 2) || (i >= 2 && isAnother(i - 2)) ? 2 : 1);
     }
     for (std::size_t i = 0; i < places.size(); ++i) // those at the same address
         found[i] =

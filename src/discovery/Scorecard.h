@@ -26,6 +26,7 @@ enum class TFeature {
     SmoothByLoad, ///< and from one load point to the next
     Values,       ///< they are those of fuel or of timing
     Variety,      ///< how far they part from each other
+    ImageSize,    ///< in large images more places look like maps by chance
     // Among the other places that may be maps.
     RpmHeader,  ///< others have the same RAM location in front of the RPM axis
     LoadHeader, ///< and in front of the load axis
@@ -41,6 +42,10 @@ inline constexpr std::size_t ownFeatures = static_cast<std::size_t>(TFeature::Rp
 
 /// What was measured, by feature; in units of each feature's own.
 using TMeasures = std::array<float, featureCount>;
+
+inline float &At(TMeasures &measures, TFeature feature) {
+    return measures[static_cast<std::size_t>(feature)];
+}
 
 /// Points by feature: natural logarithms of odds, above 0 for a map.
 using TEvidence = std::array<float, featureCount>;

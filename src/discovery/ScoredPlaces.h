@@ -13,6 +13,9 @@ struct TScoredPlace {
 
     /// The chance that this is a map, 0 to 1.
     double Chance() const { return ChanceOf(double(score)); }
+    /// What it counts among others, 0 to 1: more than its chance, so that some places that are in
+    /// doubt one by one can vouch for each other.
+    double Weight() const { return ChanceOf(double(score) / 2 + 1.5); }
 };
 
 using TScoredPlaces = std::vector<TScoredPlace>;

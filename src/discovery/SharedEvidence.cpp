@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr double likely = 0.3; // others with less of a chance say nothing
+constexpr double likely = 0.3; // others of less weight say nothing
 
 /// Mean difference of the RPM steps, in counts; 100 for axes of other lengths.
 float AxisDifference(TRomBytes image, const TMapPlace &one, const TMapPlace &other) {
@@ -45,9 +45,11 @@ public:
           rpm_(image, others_, false),
           load_(image, others_, true) {
         for (const TScoredPlace &other : others_)
-            if (other.Chance() >= likely)
+            if (other.Weight() >= likely)
                 likely_.push_back(other);
     }
+
+    const TScoredPlaces &Likely() const { return likely_; }
 
     void Measure(TScoredPlace &scored) const {
         float axis = 100;
@@ -60,14 +62,11 @@ public:
             values = std::min(values, ValueDifference(image_, scored, other));
             neighbours += IsNeighbour(scored.place, other.place) ? 1.0F : 0.0F;
         }
-        const auto set = [&](TFeature feature, float measure) {
-            scored.measures[static_cast<std::size_t>(feature)] = measure;
-        };
-        set(TFeature::RpmHeader, rpm_.Support(scored));
-        set(TFeature::LoadHeader, load_.Support(scored));
-        set(TFeature::SharedAxis, axis);
-        set(TFeature::Likeness, values);
-        set(TFeature::Neighbours, neighbours);
+        At(scored.measures, TFeature::RpmHeader) = rpm_.Support(scored);
+        At(scored.measures, TFeature::LoadHeader) = load_.Support(scored);
+        At(scored.measures, TFeature::SharedAxis) = axis;
+        At(scored.measures, TFeature::Likeness) = values;
+        At(scored.measures, TFeature::Neighbours) = neighbours;
     }
 
 private:
@@ -78,18 +77,14 @@ private:
     TScoredPlaces likely_;
 };
 
-void MeasurePointers(TRomBytes image, TScoredPlaces &places) {
-    const std::vector<int> pointers = PointersTo(image, places);
-    for (std::size_t i = 0; i < places.size(); ++i)
-        places[i].measures[static_cast<std::size_t>(TFeature::Pointers)] =
-            static_cast<float>(pointers[i]);
-}
-
 /// Measures the features among others and scores the places anew by all of them; best first.
 void LookAtOthers(TRomBytes image, TScoredPlaces &places, const TScorecards &cards) {
     const TOthers others(image, WithoutOverlaps(places, mostOthers));
-    for (TScoredPlace &scored : places) {
+    const std::vector<int> pointers = PointersTo(image, places, others.Likely());
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        TScoredPlace &scored = places[i];
         others.Measure(scored);
+        At(scored.measures, TFeature::Pointers) = static_cast<float>(pointers[i]);
         scored.score = FullScore(cards.Of(scored.place.shape), scored.measures);
     }
     SortByScore(places);
@@ -112,7 +107,6 @@ float DifferenceFrom(TRomBytes image, const TMapPlace &linear, const TMapPlace &
 
 TScoredPlaces ScoredAmongOthers(TRomBytes image, const TScorecards &cards) {
     TScoredPlaces places = BestPlaces(image, cards);
-    MeasurePointers(image, places);
     for (int round = 0; round < 2; ++round) // what is likely among the others changes with it
         LookAtOthers(image, places, cards);
     return places;

@@ -137,6 +137,12 @@ TEST(OwnEvidence, MeasuresHowFarValuesPart) {
     EXPECT_EQ(Linear(LinearMap(8, [](int r) { return r ? 10 : 255; }), TFeature::Variety), 245);
 }
 
+TEST(OwnEvidence, MeasuresTheImage) {
+    TBytes image(0x2000, 200);
+    Put(image, 16, LinearMap(8, Flat));
+    EXPECT_EQ(Measured(image, *PlaceAt(image, 16, TMapShape::Linear), TFeature::ImageSize), 13);
+}
+
 TEST(OwnEvidence, TellsFuelFromTimingByTheMean) {
     const auto contents = [](int value) {
         const TBytes map = LinearMap(8, [&](int) { return value; });

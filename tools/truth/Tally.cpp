@@ -8,16 +8,15 @@ namespace {
 constexpr std::size_t firstPlaces = 12;
 constexpr double unit = 0x10000; // false finds are counted by 64 KiB
 
-template <class... T>
-std::string Printed(const char *format, T... values) {
-    std::array<char, 200> text{};
-    std::snprintf(text.data(), text.size(), format, values...);
+std::string Decimals(double value, int digits) {
+    std::array<char, 40> text{};
+    std::snprintf(text.data(), text.size(), "%.*f", digits, value);
     return text.data();
 }
 
 /// "95.2", or "-" of nothing.
 std::string Percent(int part, int whole) {
-    return whole == 0 ? "-" : Printed("%.1f", 100.0 * part / whole);
+    return whole == 0 ? "-" : Decimals(100.0 * part / whole, 1);
 }
 
 bool IsRight(const std::optional<TSharedHeader> &told, const std::optional<std::uint8_t> &truth) {
@@ -87,8 +86,8 @@ void TListTally::WriteRow(std::ostream &out, const std::string &what) const {
     const double units = std::max(bytes_, 1.0) / unit;
     out << "| " << what << " | " << images_ << " | " << maps_ << " | "
         << Percent(amongFirst_, maps_) << " | " << Percent(likelyTrue_, maps_) << " | "
-        << Printed("%.2f", likelyFalse_ / units) << " | " << Printed("%.2f", falseBefore_ / units)
-        << " | " << Percent(rightKind_, maps_) << " | " << Percent(rpmRight_, withFive_) << " | "
+        << Decimals(likelyFalse_ / units, 2) << " | " << Decimals(falseBefore_ / units, 2) << " | "
+        << Percent(rightKind_, maps_) << " | " << Percent(rpmRight_, withFive_) << " | "
         << Percent(loadRight_, withFiveLoad_) << " | " << wrong_ << " |\n";
 }
 
@@ -118,6 +117,6 @@ void TKindTally::WriteRow(std::ostream &out, const std::string &what) const {
     out << "| " << what << " |";
     for (const TCount &count : counts_)
         out << " " << Percent(count.found, count.maps) << " | "
-            << Printed("%.2f", count.wrong / (bytes_ / unit)) << " |";
+            << Decimals(count.wrong / (bytes_ / unit), 2) << " |";
     out << "\n";
 }
