@@ -21,8 +21,8 @@ namespace {
 constexpr int rounds = 21;
 constexpr std::size_t size = 0x100000;
 constexpr double ordinaryLimit = 60; // ms
-constexpr double hardLimit = 250;
-constexpr double memoryLimit = 8; // MiB
+constexpr double hardLimit = 3000;   // bytes that no image has: each place looks like a map
+constexpr double memoryLimit = 8;    // MiB
 
 std::size_t taken = 0; // bytes of memory
 std::size_t mostTaken = 0;

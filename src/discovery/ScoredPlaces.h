@@ -14,8 +14,9 @@ struct TScoredPlace {
     /// The chance that this is a map, 0 to 1.
     double Chance() const { return ChanceOf(double(score)); }
     /// What it counts among others, 0 to 1: more than its chance, so that some places that are in
-    /// doubt one by one can vouch for each other.
-    double Weight() const { return ChanceOf(double(score) / 2 + 1.5); }
+    /// doubt one by one can vouch for each other; nothing below a chance of about one in 150, of
+    /// which there are too many.
+    double Weight() const { return score < -5 ? 0 : ChanceOf(double(score) / 2 + 1.5); }
 };
 
 using TScoredPlaces = std::vector<TScoredPlace>;
