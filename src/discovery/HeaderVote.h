@@ -6,7 +6,7 @@
 /// What the likely maps say about one of the two headers.
 class THeaderVote {
 public:
-    /// Of places that do not overlap; each counts by its weight.
+    /// Of places that do not overlap; each counts by its weight. They outlive this.
     THeaderVote(TRomBytes image, const TScoredPlaces &places, bool ofLoad);
 
     /// How many others, by their weights, have the same header as this place, less those that have
