@@ -51,6 +51,15 @@ std::string TContentsSession::HighlightFromRecorded(TMapShape shape, TMapContent
     return step.found ? Summary(FoundMaps({1, start})) : NoMapAt(start, step.next);
 }
 
+std::string TContentsSession::HighlightMap(std::size_t offset, TMapShape shape,
+                                           TMapContents contents) {
+    TSearchParameters anyBytes;
+    anyBytes.fuelMinimum = anyBytes.timingMinimum = 0;
+    anyBytes.fuelMaximum = anyBytes.timingMaximum = 255;
+    const TMapStep step = HighlightMapAt(Cells(), offset, shape, contents, anyBytes, counters_);
+    return step.found ? Summary(FoundMaps({1, offset})) : NoMapAt(offset, step.next);
+}
+
 std::string TContentsSession::ClearAllMarkers() {
     ::ClearAllMarkers(Cells(), counters_);
     return AllMarkersAreCleared();

@@ -53,6 +53,10 @@ public:
     /// such a map the next cell. Says so when no cell is recorded.
     std::string HighlightFromRecorded(TMapShape shape, TMapContents contents);
 
+    /// Marks the map that starts at `offset`, whatever its bytes are and whatever stood before its
+    /// axes; the recorded cell stays. Says so when no map starts there.
+    std::string HighlightMap(std::size_t offset, TMapShape shape, TMapContents contents);
+
     std::string ClearAllMarkers();
 
 private:

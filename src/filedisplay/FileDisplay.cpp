@@ -104,13 +104,17 @@ QString TfrmFileContents::PlaceOf(TGridCell cell) const {
                                grdFile_->Cell(cell.column, 0);
 }
 
-void TfrmFileContents::ShowPage() {
+void TfrmFileContents::ShowFile() {
     // Another file name is what counts: commits and reloads of the same file do not refresh the
     // view; intended, see docs/peculiarities.md.
     if (workspace_.romFileName != shownFile_) {
         Rebuild();
         shownFile_ = workspace_.romFileName;
     }
+}
+
+void TfrmFileContents::ShowPage() {
+    ShowFile();
     SetPageVisible(true);
 }
 
@@ -172,6 +176,11 @@ void TfrmFileContents::GoTo(std::size_t offset) {
     // From afar with what stands round it.
     grdFile_->scrollTo(grdFile_->currentIndex(), seen ? QAbstractItemView::EnsureVisible
                                                       : QAbstractItemView::PositionAtCenter);
+}
+
+void TfrmFileContents::ShowMap(std::size_t offset, TMapShape shape, TMapContents contents) {
+    GoTo(offset);
+    ShowOutcome(session.HighlightMap(offset, shape, contents));
 }
 
 void TfrmFileContents::keyPressEvent(QKeyEvent *event) {

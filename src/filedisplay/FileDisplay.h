@@ -35,7 +35,9 @@ public:
     QPoint mouseAnchor{-1, -1}; ///< no command reads these two
     QPoint mouseExtent{-1, -1};
 
-    /// Rebuilds the grid when the image's file name is another one than that shown; shows the page.
+    /// Rebuilds the grid when the image's file name is another one than that shown.
+    void ShowFile();
+    /// ShowFile; shows the page.
     void ShowPage() override;
 
     int GuideChapter() const override { return 11; }
@@ -58,6 +60,8 @@ public:
 
     /// Makes the cell at an offset of the image the current one, as a click does, and shows it.
     void GoTo(std::size_t offset);
+    /// Goes to a map that was found elsewhere and marks it as the searches do.
+    void ShowMap(std::size_t offset, TMapShape shape, TMapContents contents);
 
     /// Shows what an operation of the session did: colours in the grid, its text below.
     void ShowOutcome(const std::string &text);

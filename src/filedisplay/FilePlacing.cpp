@@ -42,6 +42,13 @@ std::unique_ptr<TfrmMaps> MakePage(const TMapToAdd &map, TWorkspace &workspace) 
     return page;
 }
 
+/// Frees itself when it is closed.
+TfrmQuickChart &NewQuickChart(QWidget *owner, TMapShape shape) {
+    auto *chart = new TfrmQuickChart(owner);
+    chart->SetMapKind(shape == TMapShape::TwoD ? 2 : 1);
+    return *chart;
+}
+
 /// Of the map's tab; "%1" is its address of four digits.
 QString CaptionOf(const TMapStart &start) {
     if (start.contents == TMapContents::Fuel)
@@ -57,11 +64,14 @@ void TFilePlacing::UpdateNotebookMap(TMapContents contents, TMapKind kind) {
         page_.Say(NoImageIsLoaded());
         return; // there is no cell
     }
+    MoveNotebookMap(contents, kind, page_.CurrentAddress());
+}
+
+void TFilePlacing::MoveNotebookMap(TMapContents contents, TMapKind kind, std::int32_t address) {
     TMapSet &set = contents == TMapContents::Fuel ? static_cast<TMapSet &>(workspace_.fuelMapSet)
                                                   : workspace_.timingMapSet;
     std::array offsets{set.PTMap->GetLocation(), set.IdleMap->GetLocation(),
                        set.WOTMap->GetLocation()};
-    const std::int32_t address = page_.CurrentAddress();
     offsets[static_cast<std::size_t>(kind)] = address;
     set.SetOffsets(offsets[0], offsets[1], offsets[2]);
     page_.Say(MovedTo(contents, kind, address));
@@ -120,12 +130,17 @@ void TFilePlacing::QuickMap(TMapShape shape, bool throughPointer) {
     const std::optional<std::size_t> cell = page_.session.Recorded();
     if (!cell)
         return;
-    const auto offset = static_cast<std::int32_t>(*cell);
-    auto *chart = new TfrmQuickChart(page_.window()); // frees itself when it is closed
-    chart->SetMapKind(shape == TMapShape::TwoD ? 2 : 1);
-    if (throughPointer)
-        chart->SetMapPointer(offset, page_.session.parameters.pointerMask);
-    else
-        chart->SetMapOffset(offset);
-    chart->show();
+    if (!throughPointer) {
+        QuickMapAt(shape, *cell);
+        return;
+    }
+    TfrmQuickChart &chart = NewQuickChart(page_.window(), shape);
+    chart.SetMapPointer(static_cast<std::int32_t>(*cell), page_.session.parameters.pointerMask);
+    chart.show();
+}
+
+void TFilePlacing::QuickMapAt(TMapShape shape, std::size_t offset) {
+    TfrmQuickChart &chart = NewQuickChart(page_.window(), shape);
+    chart.SetMapOffset(static_cast<std::int32_t>(offset));
+    chart.show();
 }

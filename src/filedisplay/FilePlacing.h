@@ -24,6 +24,8 @@ public:
 
     /// Moves one map of the workspace to the grid's current cell.
     void UpdateNotebookMap(TMapContents contents, TMapKind kind);
+    /// Moves it to `address`, reads the maps of its set anew and says so; 0 moves none.
+    void MoveNotebookMap(TMapContents contents, TMapKind kind, std::int32_t address);
 
     /// "Add Notebook Map": a page in the notebook for every cell that carries the colour of a map's
     /// start, unless an added page shows that map already. Making many can be cancelled; those made
@@ -34,6 +36,8 @@ public:
 
     /// A chart of the map at the recorded cell, or at the address that stands there.
     void QuickMap(TMapShape shape, bool throughPointer);
+    /// A chart of the map at an offset of the image.
+    void QuickMapAt(TMapShape shape, std::size_t offset);
 
 private:
     TShownMaps ShownMaps();
