@@ -53,6 +53,15 @@ public:
     /// The page of the current tab; throws EFormNotfound when there is none.
     TEmbeddedForm *CurrentPage() const;
 
+    /// The first page of a class; nullptr when there is none.
+    template <class TPage>
+    TPage *FindPage() const {
+        for (TEmbeddedForm *page : pages_)
+            if (auto *found = dynamic_cast<TPage *>(page))
+                return found;
+        return nullptr;
+    }
+
     /// The tab index of a page, -1 when it is not (or no longer) in the list.
     int PageIndex(const TEmbeddedForm *page) const;
     int PageCount() const { return int(pages_.size()); }

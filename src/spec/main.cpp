@@ -4,6 +4,7 @@
 #include "changes/ComparePage.h"
 #include "changes/EarlierPage.h"
 #include "changes/RecoveryBar.h"
+#include "discovery/FindMapsPage.h"
 #include "filedisplay/FileDisplay.h"
 #include "forms/Commands.h"
 #include "forms/Dialogs.h"
@@ -124,6 +125,10 @@ void TfrmNotebook::AddCommands() {
                     btnState_->OpenList();
                 }});
     AddCommandLine(*this);
+    AddCommand(*this, {.name = "actFindMaps",
+                       .text = tr("&Find Maps"),
+                       .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_F},
+                       .run = [this] { ShowFindMaps(); }});
     AddCommand(*this, {.name = "actChanges",
                        .text = tr("Sho&w Changes"),
                        .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_D},
@@ -161,10 +166,7 @@ bool TfrmNotebook::MaySave() const {
 
 template <class TPage>
 TPage *TfrmNotebook::GoToOnly(const QString &tabName, const QString &caption) {
-    TPage *page = nullptr;
-    for (int tab = 0; tab < PageCount(); ++tab)
-        if (auto *found = dynamic_cast<TPage *>(Page(tab)))
-            page = found;
+    auto *page = FindPage<TPage>();
     if (!page) {
         auto made = std::make_unique<TPage>(nullptr, workspace);
         page = made.get();
@@ -191,6 +193,14 @@ void TfrmNotebook::ShowEarlier() {
         page->LetShow([this](const std::string &title, std::vector<std::uint8_t> bytes) {
             ShowCompare(TOtherImage(title, std::move(bytes)));
         });
+}
+
+void TfrmNotebook::ShowFindMaps() {
+    auto *page = GoToOnly<TfrmFindMaps>("tabFindMaps", tr("Find Maps"));
+    if (!page)
+        return;
+    page->LetSaveSpec(*rom_->findChild<QPushButton *>("btnSaveSpec"));
+    page->FirstControl()->setFocus();
 }
 
 void TfrmNotebook::ShowOffer(const TKeptPatch &offer) {

@@ -52,6 +52,8 @@ public:
     void ShowCompare(std::optional<TOtherImage> with);
     /// The page "Earlier Versions"; adds it unless it is there.
     void ShowEarlier();
+    /// The page "Find Maps", likewise, with the keyboard in its list.
+    void ShowFindMaps();
     void StateChanged() override;
     TRecovery &Recovery() { return recovery_; }
     /// The page "ROM Information" has no use for the notebook's own buttons.
