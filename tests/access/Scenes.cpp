@@ -36,6 +36,7 @@ const std::vector<std::pair<TScene, const char *>> scenes{
     {TScene::Changes, "Changes"},
     {TScene::Compare, "Compare"},
     {TScene::Earlier, "Earlier"},
+    {TScene::FindMaps, "FindMaps"},
     {TScene::Tools, "Tools"},
     {TScene::DockedTools, "DockedTools"},
     {TScene::Key, "Key"},
@@ -165,6 +166,9 @@ QWidget &TSceneTest::OpenOwnWindow(TScene scene) {
         for (const char *day : {"20261120", "20261121"})
             KeepEarlier(*StateFolder(), folder / "A.BIN", TBytes(0x8000, 1), day);
         window.ShowEarlier();
+        return window;
+    case TScene::FindMaps:
+        window.ShowFindMaps();
         return window;
     case TScene::Tools:
     case TScene::DockedTools: {

@@ -23,6 +23,7 @@ enum class TScene {
     Changes,
     Compare,
     Earlier,
+    FindMaps,
     Tools,
     DockedTools,
     Key,

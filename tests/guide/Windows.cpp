@@ -23,7 +23,7 @@ const QStringList neverShown{"btnRead",   "btnWrite", "chkUsePP2",  "cmbDevice",
 namespace {
 /// Labels whose words change while the program runs, or that are not about using it.
 const QStringList aboutLabels{"Label1", "Label2", "Label3", "Label4"};
-const QStringList toldLabels{"lblTotal", "lblCell", "lblVersions"}; // what differs
+const QStringList toldLabels{"lblTotal", "lblCell", "lblVersions", "lblFound", "lblLocations"};
 
 /// Whether an object or one of its parents, up to `root`, has one of these names.
 bool Below(const QObject *object, const QStringList &names, const QObject &root) {
@@ -105,6 +105,7 @@ TWindowsTest::TWindowsTest() {
     dialogs.opens.push_back({});
     window.ShowCompare({});
     window.ShowEarlier();
+    window.ShowFindMaps();
     window.PageControl1->SelectByUser(0);
 }
 

@@ -66,6 +66,8 @@ check() {
         fi
     elif [[ $file =~ ^(maps|filedisplay|changes|discovery)/ && $name == spec/* ]]; then
         breach "$place" "the pages know nothing of spec/" "$include"
+    elif [[ $file =~ ^(maps|filedisplay|changes)/ && $name == discovery/* ]]; then
+        breach "$place" "these pages know nothing of discovery/" "$include"
     fi
 }
 

@@ -29,6 +29,7 @@ enum class TForm {
     Changes,
     Compare,
     Earlier,
+    FindMaps,
     Offsets,
     Splash
 };
@@ -58,6 +59,7 @@ protected:
         dialogs.opens.push_back({});
         window.ShowCompare({});
         window.ShowEarlier();
+        window.ShowFindMaps();
     }
     ~TControlsTest() override { TfrmBaseForm::ProgRegKey.clear(); }
 
@@ -89,6 +91,8 @@ protected:
             return *window.Page(7);
         case TForm::Earlier:
             return *window.Page(8);
+        case TForm::FindMaps:
+            return *window.Page(9);
         case TForm::Offsets:
             return *offsets;
         case TForm::Splash:

@@ -21,6 +21,7 @@ constexpr auto interpretHint = "Show lambda trims or degrees in place of the sto
 constexpr auto toolHint = "Show or hide the tool that changes many cells at once";
 constexpr auto closeHint = "Take the page away until the program is started again";
 constexpr auto chartHint = "Drag it to turn it; a double-click brings the first view back";
+constexpr auto giveHint = "Move this map of the notebook to the place that is chosen in the list";
 constexpr auto dollarHint = "Decimal, or hexadecimal behind a $";
 
 const TControl controls[] = {
@@ -285,6 +286,7 @@ const TControl controls[] = {
     {TForm::Window, "actLoad", "QAction", "&Load ROM Image", nullptr, ""},
     {TForm::Window, "actSave", "QAction", "&Save ROM", nullptr, ""},
     {TForm::Window, "actState", "QAction", "S&tate", nullptr, ""},
+    {TForm::Window, "actFindMaps", "QAction", "&Find Maps", nullptr, ""},
     {TForm::Window, "actChanges", "QAction", "Sho&w Changes", nullptr, ""},
     {TForm::Window, "actCompare", "QAction", "Co&mpare", nullptr, ""},
     {TForm::Window, "actEarlier", "QAction", "Earl&ier Versions", nullptr, ""},
@@ -313,6 +315,36 @@ const TControl controls[] = {
     {TForm::Earlier, "btnBringBackVersion", "QPushButton", "Bring Back",
      "Give the image in memory the bytes of this version", "d"},
     {TForm::Earlier, "btnClose", "QPushButton", "Close Page", "Close this page", ""},
+
+    {TForm::FindMaps, "lblFound", "QLabel", "No ROM image is loaded", "", ""},
+    {TForm::FindMaps, "btnSearch", "QPushButton", "Search", "Search the image in memory again", ""},
+    {TForm::FindMaps, "lstFound", "QTreeWidget", nullptr,
+     "Enter or a double-click draws the map; 1 to 6 give it to the notebook; a click on a header "
+     "sorts",
+     ""},
+    {TForm::FindMaps, "memReasons", "QPlainTextEdit", nullptr,
+     "What speaks for the chosen map and against it, the strongest first", "r"},
+    {TForm::FindMaps, "grpGive", "QGroupBox", "Give to the notebook", "", ""},
+    {TForm::FindMaps, "btnGiveFuelPT", "QPushButton", "1 Fuel PT", giveHint, "d"},
+    {TForm::FindMaps, "btnGiveFuelIdle", "QPushButton", "2 Fuel Idle", giveHint, "d"},
+    {TForm::FindMaps, "btnGiveFuelWOT", "QPushButton", "3 Fuel WOT", giveHint, "d"},
+    {TForm::FindMaps, "btnGiveTimingPT", "QPushButton", "4 Timing PT", giveHint, "d"},
+    {TForm::FindMaps, "btnGiveTimingIdle", "QPushButton", "5 Timing Idle", giveHint, "d"},
+    {TForm::FindMaps, "btnGiveTimingWOT", "QPushButton", "6 Timing WOT", giveHint, "d"},
+    {TForm::FindMaps, "btnGiveSix", "QPushButton", "Give All Six",
+     "Move the maps of the notebook to the six places that seem to belong together", "d"},
+    {TForm::FindMaps, "lblLocations", "QLabel", "", "", ""},
+    {TForm::FindMaps, "btnUseLocations", "QPushButton", "Use These for the Searches",
+     "Set the RAM locations of the searches on \"File Contents\" to these", "d"},
+    {TForm::FindMaps, "btnShowContents", "QPushButton", "Show in File Contents",
+     "Go to the bytes of the chosen map, with its parts in colours", "d"},
+    {TForm::FindMaps, "btnSaveFound", "QPushButton", "Save Spec",
+     "Save a new spec file using offsets listed on map pages", "d"},
+    {TForm::FindMaps, "btnClose", "QPushButton", "Close Page", "Close this page", ""},
+    {TForm::FindMaps, "actGiveFuelPT", "QAction", "&1 Fuel PT", nullptr, ""},
+    {TForm::FindMaps, "actGiveTimingWOT", "QAction", "&6 Timing WOT", nullptr, ""},
+    {TForm::FindMaps, "actSortRank", "QAction", "&Rank", nullptr, ""},
+    {TForm::FindMaps, "actSortOffset", "QAction", "&Offset", nullptr, ""},
 
     {TForm::Offsets, "pnlMain", "QFrame", nullptr, "", ""},
     {TForm::Offsets, "edtDataOffset", "QLineEdit", "", dollarHint, ""},
@@ -430,7 +462,7 @@ TEST_F(TControlsTest, TheHelpWindowHasItsMemo) {
 TEST_F(TControlsTest, NamesAreUniqueOnEachForm) {
     for (const TForm form : {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::FuelChart,
                              TForm::TimingChart, TForm::QuickChart, TForm::Contents, TForm::Changes,
-                             TForm::Compare, TForm::Earlier, TForm::Offsets}) {
+                             TForm::Compare, TForm::Earlier, TForm::FindMaps, TForm::Offsets}) {
         std::map<QString, int> counts;
         for (const QWidget *widget : Form(form).findChildren<QWidget *>())
             if (!widget->objectName().startsWith("qt_") && !widget->objectName().isEmpty())

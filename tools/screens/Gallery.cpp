@@ -256,4 +256,19 @@ void TGallery::ShowChanges(const TVisitor &visitor) {
     window_->ShowEarlier();
     Settle();
     visitor("43-earlier-versions", *window_);
+    ShowFound(visitor);
+}
+
+void TGallery::ShowFound(const TVisitor &visitor) {
+    window_->ShowFindMaps();
+    Settle();
+    visitor("44-find-maps", *window_);
+    const int page = window_->PageControl1->currentIndex();
+    Find<QAbstractButton>("btnShowContents", page).click();
+    Settle();
+    visitor("45-found-in-contents", *window_);
+    ROMImage()->data.fill(0xFF);
+    window_->ShowFindMaps();
+    Settle();
+    visitor("46-no-maps-found", *window_);
 }
