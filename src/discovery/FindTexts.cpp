@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr const char *findTexts = "FindTexts";
-
 struct TFeatureTexts {
     const char *speaksFor;
     const char *speaksAgainst;
@@ -18,57 +16,57 @@ struct TFeatureTexts {
 
 /// In the order of TFeature.
 constexpr std::array<TFeatureTexts, featureCount> features{{
-    {Translatable(findTexts, "the RPM steps fit into full scale, which is rare by chance"),
-     Translatable(findTexts, "RPM steps like these are common among the bytes around")},
-    {Translatable(findTexts, "as many RPM points as usual"),
-     Translatable(findTexts, "an unusual number of RPM points")},
-    {Translatable(findTexts, "the RPM points rise"),
-     Translatable(findTexts, "RPM points do not rise, or all by the same step")},
-    {Translatable(findTexts, "the RPM axis covers most of the scale"),
-     Translatable(findTexts, "the RPM axis covers an unusual part of the scale")},
-    {Translatable(findTexts, "the RPM axis ends where engines do"),
-     Translatable(findTexts, "the RPM axis ends at an unusual speed")},
-    {Translatable(findTexts, "the load steps fit into full scale, which is rare by chance"),
-     Translatable(findTexts, "load steps like these are common among the bytes around")},
-    {Translatable(findTexts, "as many load points as usual"),
-     Translatable(findTexts, "an unusual number of load points")},
-    {Translatable(findTexts, "the load points rise"),
-     Translatable(findTexts, "load points do not rise, or all by the same step")},
-    {Translatable(findTexts, "the load axis covers most of the scale"),
-     Translatable(findTexts, "the load axis covers an unusual part of the scale")},
-    {Translatable(findTexts, "the load axis ends near full load"),
-     Translatable(findTexts, "the load axis ends at an unusual load")},
-    {Translatable(findTexts, "smooth from one RPM point to the next"),
-     Translatable(findTexts, "rough from one RPM point to the next")},
-    {Translatable(findTexts, "smooth from one load point to the next"),
-     Translatable(findTexts, "rough from one load point to the next")},
-    {Translatable(findTexts, "values as in fuel or timing maps"),
-     Translatable(findTexts, "values unlike those of fuel and timing maps")},
-    {Translatable(findTexts, "values that part as those of maps do"),
-     Translatable(findTexts, "values that are all alike, or part too far")},
-    {Translatable(findTexts, "the image is small: few places look like maps by chance"),
-     Translatable(findTexts, "the image is large: many places look like maps by chance")},
-    {Translatable(findTexts, "other likely maps have the same byte in front of the RPM axis"),
-     Translatable(findTexts, "likely maps have another byte in front of the RPM axis")},
-    {Translatable(findTexts, "other likely maps have the same byte in front of the load axis"),
-     Translatable(findTexts, "likely maps have another byte in front of the load axis")},
-    {Translatable(findTexts, "another likely map has the same RPM axis, or nearly"),
-     Translatable(findTexts, "no likely map has an RPM axis like this one")},
-    {Translatable(findTexts, "another likely map has values like these"),
-     Translatable(findTexts, "no likely map has values like these")},
-    {Translatable(findTexts, "a pointer to it stands beside pointers to others"),
-     Translatable(findTexts, "no row of pointers points to it")},
-    {Translatable(findTexts, "another likely map lies beside it"),
-     Translatable(findTexts, "no likely map lies near it")},
+    {Translatable("FindTexts", "the RPM steps fit into full scale, which is rare by chance"),
+     Translatable("FindTexts", "RPM steps like these are common among the bytes around")},
+    {Translatable("FindTexts", "as many RPM points as usual"),
+     Translatable("FindTexts", "an unusual number of RPM points")},
+    {Translatable("FindTexts", "the RPM points rise"),
+     Translatable("FindTexts", "RPM points do not rise, or all by the same step")},
+    {Translatable("FindTexts", "the RPM axis covers most of the scale"),
+     Translatable("FindTexts", "the RPM axis covers an unusual part of the scale")},
+    {Translatable("FindTexts", "the RPM axis ends where engines do"),
+     Translatable("FindTexts", "the RPM axis ends at an unusual speed")},
+    {Translatable("FindTexts", "the load steps fit into full scale, which is rare by chance"),
+     Translatable("FindTexts", "load steps like these are common among the bytes around")},
+    {Translatable("FindTexts", "as many load points as usual"),
+     Translatable("FindTexts", "an unusual number of load points")},
+    {Translatable("FindTexts", "the load points rise"),
+     Translatable("FindTexts", "load points do not rise, or all by the same step")},
+    {Translatable("FindTexts", "the load axis covers most of the scale"),
+     Translatable("FindTexts", "the load axis covers an unusual part of the scale")},
+    {Translatable("FindTexts", "the load axis ends near full load"),
+     Translatable("FindTexts", "the load axis ends at an unusual load")},
+    {Translatable("FindTexts", "smooth from one RPM point to the next"),
+     Translatable("FindTexts", "rough from one RPM point to the next")},
+    {Translatable("FindTexts", "smooth from one load point to the next"),
+     Translatable("FindTexts", "rough from one load point to the next")},
+    {Translatable("FindTexts", "values as in fuel or timing maps"),
+     Translatable("FindTexts", "values unlike those of fuel and timing maps")},
+    {Translatable("FindTexts", "values that part as those of maps do"),
+     Translatable("FindTexts", "values that are all alike, or part too far")},
+    {Translatable("FindTexts", "the image is small: few places look like maps by chance"),
+     Translatable("FindTexts", "the image is large: many places look like maps by chance")},
+    {Translatable("FindTexts", "other likely maps have the same byte in front of the RPM axis"),
+     Translatable("FindTexts", "likely maps have another byte in front of the RPM axis")},
+    {Translatable("FindTexts", "other likely maps have the same byte in front of the load axis"),
+     Translatable("FindTexts", "likely maps have another byte in front of the load axis")},
+    {Translatable("FindTexts", "another likely map has the same RPM axis, or nearly"),
+     Translatable("FindTexts", "no likely map has an RPM axis like this one")},
+    {Translatable("FindTexts", "another likely map has values like these"),
+     Translatable("FindTexts", "no likely map has values like these")},
+    {Translatable("FindTexts", "a pointer to it stands beside pointers to others"),
+     Translatable("FindTexts", "no row of pointers points to it")},
+    {Translatable("FindTexts", "another likely map lies beside it"),
+     Translatable("FindTexts", "no likely map lies near it")},
 }};
 
 std::string LocationText(const char *told, const char *unknown,
                          const std::optional<TSharedHeader> &header) {
     if (!header)
-        return Translated(findTexts, unknown);
+        return Translated("FindTexts", unknown);
     std::array<char, 4> digits{};
     std::snprintf(digits.data(), digits.size(), "%02X", unsigned{header->location});
-    return Filled(Translated(findTexts, told),
+    return Filled(Translated("FindTexts", told),
                   {digits.data(), std::to_string(header->maps), std::to_string(header->ofMaps)});
 }
 
@@ -78,15 +76,16 @@ std::string KindText(const TFoundMap &map) {
     const bool fuel = map.contents == TMapContents::Fuel;
     switch (map.kind) {
     case TMapKind::PT:
-        return fuel ? Translated(findTexts, "Fuel, part throttle")
-                    : Translated(findTexts, "Timing, part throttle");
+        return fuel ? Translated("FindTexts", "Fuel, part throttle")
+                    : Translated("FindTexts", "Timing, part throttle");
     case TMapKind::Idle:
-        return fuel ? Translated(findTexts, "Fuel, idle") : Translated(findTexts, "Timing, idle");
+        return fuel ? Translated("FindTexts", "Fuel, idle")
+                    : Translated("FindTexts", "Timing, idle");
     case TMapKind::WOT:
         break;
     }
-    return fuel ? Translated(findTexts, "Fuel, full throttle")
-                : Translated(findTexts, "Timing, full throttle");
+    return fuel ? Translated("FindTexts", "Fuel, full throttle")
+                : Translated("FindTexts", "Timing, full throttle");
 }
 
 std::string ChanceText(const TFoundMap &map) {
@@ -105,8 +104,8 @@ std::vector<TReason> Reasons(const TFoundMap &map) {
     for (std::size_t i = 0; i < featureCount; ++i) {
         const float points = map.evidence[i];
         if (std::abs(points) >= little)
-            reasons.push_back({Translated(findTexts, points > 0 ? features[i].speaksFor
-                                                                : features[i].speaksAgainst),
+            reasons.push_back({Translated("FindTexts", points > 0 ? features[i].speaksFor
+                                                                  : features[i].speaksAgainst),
                                points});
     }
     std::ranges::stable_sort(reasons, [](const TReason &one, const TReason &other) {
@@ -116,12 +115,13 @@ std::vector<TReason> Reasons(const TFoundMap &map) {
 }
 
 std::string RpmLocationText(const TFoundMaps &found) {
-    return LocationText(Translatable(findTexts, "RPM in RAM cell $%1: %2 of %3 likely maps"),
-                        Translatable(findTexts, "RAM cell of RPM: cannot tell"), found.rpmLocation);
+    return LocationText(Translatable("FindTexts", "RPM in RAM cell $%1: %2 of %3 likely maps"),
+                        Translatable("FindTexts", "RAM cell of RPM: cannot tell"),
+                        found.rpmLocation);
 }
 
 std::string LoadLocationText(const TFoundMaps &found) {
-    return LocationText(Translatable(findTexts, "Load in RAM cell $%1: %2 of %3 likely maps"),
-                        Translatable(findTexts, "RAM cell of load: cannot tell"),
+    return LocationText(Translatable("FindTexts", "Load in RAM cell $%1: %2 of %3 likely maps"),
+                        Translatable("FindTexts", "RAM cell of load: cannot tell"),
                         found.loadLocation);
 }
