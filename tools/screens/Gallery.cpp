@@ -267,7 +267,10 @@ void TGallery::ShowFound(const TVisitor &visitor) {
     Find<QAbstractButton>("btnShowContents", page).click();
     Settle();
     visitor("45-found-in-contents", *window_);
-    ROMImage()->data.fill(0xFF);
+    for (const TMapSet *set : std::initializer_list<const TMapSet *>{
+             &window_->workspace.fuelMapSet, &window_->workspace.timingMapSet})
+        for (const TMap *map : {&*set->PTMap, &*set->IdleMap, &*set->WOTMap})
+            ROMImage()->Poke(map->GetLocation() + 1, 0); // a count of points that no map has
     window_->ShowFindMaps();
     Settle();
     visitor("46-no-maps-found", *window_);
