@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLabel>
 #include <QTabBar>
 #include <QTreeWidget>
 
@@ -103,6 +104,30 @@ void TReadmeWalk::ExpectOldValue() {
             if (grid.Cell(column, row).contains('\n'))
                 two << grid.Cell(column, row);
     Expect(two == QStringList(Part(1) + '\n' + Part(2)), "it shows " + two.join(", "));
+}
+
+void TReadmeWalk::ExpectLikely() {
+    const QString line = FindControl<QLabel>(*session_.window->CurrentPage(), "lblFound").text();
+    Expect(line.section(';', 0, 0) == Part(1), "it says " + line);
+    int bold = 0;
+    const auto &list = FindControl<QTreeWidget>(*session_.window->CurrentPage(), "lstFound");
+    while (bold < list.topLevelItemCount() && list.topLevelItem(bold)->font(0).bold())
+        ++bold;
+    Expect(Part(1).startsWith(QString("%1 likely").arg(bold)), QString("%1 are bold").arg(bold));
+}
+
+void TReadmeWalk::ExpectGiven() {
+    const TMapKind kind = Part(1) == "idle"            ? TMapKind::Idle
+                          : Part(1) == "part throttle" ? TMapKind::PT
+                                                       : TMapKind::WOT;
+    const TWorkspace &maps = session_.window->workspace;
+    Expect(maps.fuelMapSet.Map(kind).GetLocation() == Address(2) &&
+               maps.timingMapSet.Map(kind).GetLocation() == Address(3),
+           "they are elsewhere");
+    const auto &list = FindControl<QTreeWidget>(*session_.window->CurrentPage(), "lstFound");
+    for (const int part : {2, 3})
+        Expect(list.findItems('$' + Part(part), Qt::MatchExactly, 2).size() == 1,
+               "not in the list: $" + Part(part));
 }
 
 void TReadmeWalk::ExpectDifference() {

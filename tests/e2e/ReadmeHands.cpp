@@ -12,6 +12,7 @@
 #include <QTabBar>
 #include <QTest>
 #include <QToolButton>
+#include <QTreeWidget>
 
 namespace {
 [[noreturn]] void Missing(const QString &what) {
@@ -122,6 +123,10 @@ void TReadmeHands::Type(const QString &text, const QString &rpm, const QString &
                     return;
                 }
     Missing("cell at " + rpm + " rpm and " + load + " % that shows " + shown);
+}
+
+void TReadmeHands::PressEnterOn(const QString &list) {
+    QTest::keyClick(&FindControl<QTreeWidget>(Page(), list), Qt::Key_Return);
 }
 
 void TReadmeHands::ClickByte(int offset) {

@@ -30,6 +30,8 @@ public:
     /// Types into the cell of the page below that engine speed and beside that load. Its text
     /// before is `shown`.
     void Type(const QString &text, const QString &rpm, const QString &load, const QString &shown);
+    /// On the current line of a list of the page.
+    void PressEnterOn(const QString &list);
     /// Scrolls "File Contents" to a byte and clicks it.
     void ClickByte(int offset);
 

@@ -6,14 +6,14 @@
 #include <gtest/gtest.h>
 
 namespace {
-/// What stands between the heading and the next one.
+/// What stands between the heading, of the second or the third rank, and the next one.
 QString Section(const QString &heading, const QString &readme) {
-    const QString head = "\n## " + heading + '\n';
+    const QString head = "# " + heading + '\n';
     const qsizetype start = readme.indexOf(head);
     if (start < 0)
         return {};
     const qsizetype from = start + head.size();
-    return readme.mid(from, readme.indexOf("\n## ", from) - from);
+    return readme.mid(from, readme.indexOf("\n##", from) - from);
 }
 } // namespace
 

@@ -9,6 +9,7 @@
 namespace {
 constexpr const char *firstChange = "A first change";
 constexpr const char *unknownImage = "An unknown image";
+constexpr const char *byColours = "The second way: by colours";
 
 /// Walks an example in a program that was started anew.
 QString Finding(const std::vector<QString> &steps, QStringList *used = nullptr) {
@@ -52,39 +53,49 @@ const TSlip slips[] = {
     {"OldByte", firstChange, "instead of 121", "instead of 120"},
     {"BytesChanged", firstChange, "one byte:", "two byte:"},
     {"Place", firstChange, "at $6053", "at $6054"},
-    {"FileName", unknownImage, "choose `FERRO64K.BIN` in", "choose `FERRO48K.BIN` in"},
-    {"RowLength", unknownImage, "16 bytes a row", "32 bytes a row"},
-    {"Menu", unknownImage, "choose \"Search and Highlight Maps\", \"Fuel - Part Throttle\"",
+    {"FindMaps", unknownImage, "choose \"Find Maps\"", "choose \"Find All Maps\""},
+    {"Likely", unknownImage, "\"6 likely maps", "\"5 likely maps"},
+    {"Searched", unknownImage, "in 64 KiB", "in 32 KiB"},
+    {"GiveSix", unknownImage, "Press \"Give All Six\"", "Press \"Give All\""},
+    {"GiveSixLeftOut", unknownImage, "Press \"Give All Six\". ", ""},
+    {"InTheNotebook", unknownImage, "\"In the notebook\"", "\"Notebook\""},
+    {"GivenPT", unknownImage, "$B2C6 and", "$B2C7 and"},
+    {"GivenIdle", unknownImage, "the idle maps", "the full throttle (WOT) maps"},
+    {"SpecOfFound", unknownImage, "Press \"Save Spec\"", "Press \"Save Specs\""},
+    {"LabelOfFound", unknownImage, "choose \"Found by myself\"", "choose \"Found\""},
+    {"FileName", byColours, "choose `FERRO64K.BIN` in", "choose `FERRO48K.BIN` in"},
+    {"RowLength", byColours, "16 bytes a row", "32 bytes a row"},
+    {"Menu", byColours, "choose \"Search and Highlight Maps\", \"Fuel - Part Throttle\"",
      "choose \"Search Maps\", \"Fuel - Part Throttle\""},
-    {"OneMapEach", unknownImage, "one map each", "two map each"},
-    {"Tabs", unknownImage, "Four tabs", "Two tabs"},
-    {"MapPage", unknownImage, "timing map at $C91A", "timing map at $C91B"},
-    {"MapKind", unknownImage, "The fuel map at $B2C6", "The timing map at $B2C6"},
-    {"FalsePage", unknownImage, "$B2E5 and", "$B2E6 and"},
-    {"LastByte", unknownImage, "axis, a 0,", "axis, a 1,"},
-    {"Row", unknownImage, "row B2Cx", "row B2Dx"},
-    {"Column", unknownImage, "cell below 6", "cell below 7"},
-    {"Key", unknownImage, "Press \"Key\"", "Press \"Legend\""},
-    {"KeyHides", unknownImage, "\"Ok\" hides it", "\"OK\" hides it"},
-    {"QuickMap", unknownImage, "\"Selected Cell is 2D Map Offset\"", "\"Selected Cell is Map\""},
-    {"ByChance", unknownImage, "147 places", "146 places"},
-    {"True", unknownImage, "and 4 of them", "and 3 of them"},
-    {"FirstByte", unknownImage, "$B2C6 is 74", "$B2C6 is 75"},
-    {"Parameter", unknownImage, "\"RPM RAM Location\"", "\"% Load RAM Location\""},
-    {"TypedParameter", unknownImage, "type 74", "type 75"},
-    {"ParameterLeftOut", unknownImage,
+    {"OneMapEach", byColours, "one map each", "two map each"},
+    {"Tabs", byColours, "Four tabs", "Two tabs"},
+    {"MapPage", byColours, "timing map at $C91A", "timing map at $C91B"},
+    {"MapKind", byColours, "The fuel map at $B2C6", "The timing map at $B2C6"},
+    {"FalsePage", byColours, "$B2E5 and", "$B2E6 and"},
+    {"LastByte", byColours, "axis, a 0,", "axis, a 1,"},
+    {"Row", byColours, "row B2Cx", "row B2Dx"},
+    {"Column", byColours, "cell below 6", "cell below 7"},
+    {"Key", byColours, "Press \"Key\"", "Press \"Legend\""},
+    {"KeyHides", byColours, "\"Ok\" hides it", "\"OK\" hides it"},
+    {"QuickMap", byColours, "\"Selected Cell is 2D Map Offset\"", "\"Selected Cell is Map\""},
+    {"ByChance", byColours, "147 places", "146 places"},
+    {"True", byColours, "and 4 of them", "and 3 of them"},
+    {"FirstByte", byColours, "$B2C6 is 74", "$B2C6 is 75"},
+    {"Parameter", byColours, "\"RPM RAM Location\"", "\"% Load RAM Location\""},
+    {"TypedParameter", byColours, "type 74", "type 75"},
+    {"ParameterLeftOut", byColours,
      "Right-click and choose \"Set Search Parameters\", \"RPM RAM Location\", type 74 and press "
      "Enter. ",
      ""},
-    {"Finds", unknownImage, "Now 4 maps", "Now 5 maps"},
-    {"EachFinds", unknownImage, "2 by each", "3 by each"},
-    {"Found", unknownImage, "$B406, $B43D", "$B406, $B43E"},
-    {"Clearing", unknownImage, "\"Clear All Markers\"", "\"Clear Markers\""},
-    {"IdleRow", unknownImage, "resembles the first row", "resembles the last row"},
-    {"IdleAndWOT", unknownImage, "at $CA04 with \"Timing Maps - WOT\"",
+    {"Finds", byColours, "Now 4 maps", "Now 5 maps"},
+    {"EachFinds", byColours, "2 by each", "3 by each"},
+    {"Found", byColours, "$B406, $B43D", "$B406, $B43E"},
+    {"Clearing", byColours, "\"Clear All Markers\"", "\"Clear Markers\""},
+    {"IdleRow", byColours, "resembles the first row", "resembles the last row"},
+    {"IdleAndWOT", byColours, "at $CA04 with \"Timing Maps - WOT\"",
      "at $CA04 with \"Timing Maps - Idle\""},
-    {"SpecButton", unknownImage, "press \"Save Spec\"", "press \"Save Specs\""},
-    {"Label", unknownImage, "choose \"Found by myself\"", "choose \"Found\""},
+    {"SpecButton", byColours, "press \"Save Spec\"", "press \"Save Specs\""},
+    {"Label", byColours, "choose \"Found by myself\"", "choose \"Found\""},
 };
 
 class ReadmeSlip : public testing::TestWithParam<TSlip> {};
@@ -92,7 +103,7 @@ class ReadmeSlip : public testing::TestWithParam<TSlip> {};
 
 TEST(Readme, ExamplesAreDoneAsTheyAreTold) {
     QStringList used;
-    for (const char *heading : {firstChange, unknownImage}) {
+    for (const char *heading : {firstChange, unknownImage, byColours}) {
         const std::vector<QString> steps = StepsBelow(heading, ReadmeText());
         EXPECT_GE(steps.size(), 6U) << heading;
         EXPECT_EQ(Finding(steps, &used).toStdString(), "");
@@ -101,18 +112,20 @@ TEST(Readme, ExamplesAreDoneAsTheyAreTold) {
         EXPECT_TRUE(used.contains(pattern)) << "not in the README: " << pattern.toStdString();
 }
 
-TEST(Readme, LeadsToTheMapsOfTheSample) {
-    TSession session;
-    session.WriteSamples();
-    ASSERT_EQ(TReadmeWalk(session).Walk(StepsBelow(unknownImage, ReadmeText())).toStdString(), "");
-    const TWorkspace &workspace = session.window->workspace;
-    std::vector<std::uint32_t> places;
-    for (const TMapSet *set :
-         std::initializer_list<const TMapSet *>{&workspace.fuelMapSet, &workspace.timingMapSet})
-        for (const TMap *map : {&*set->PTMap, &*set->IdleMap, &*set->WOTMap})
-            places.push_back(std::uint32_t(map->GetLocation()));
-    const auto &maps = Sample64K().maps;
-    EXPECT_EQ(places, std::vector<std::uint32_t>(maps.begin(), maps.end()));
+TEST(Readme, LeadsToTheMapsOfTheSampleByEitherWay) {
+    for (const char *heading : {unknownImage, byColours}) {
+        TSession session;
+        session.WriteSamples();
+        ASSERT_EQ(TReadmeWalk(session).Walk(StepsBelow(heading, ReadmeText())).toStdString(), "");
+        const TWorkspace &workspace = session.window->workspace;
+        std::vector<std::uint32_t> places;
+        for (const TMapSet *set :
+             std::initializer_list<const TMapSet *>{&workspace.fuelMapSet, &workspace.timingMapSet})
+            for (const TMap *map : {&*set->PTMap, &*set->IdleMap, &*set->WOTMap})
+                places.push_back(std::uint32_t(map->GetLocation()));
+        const auto &maps = Sample64K().maps;
+        EXPECT_EQ(places, std::vector<std::uint32_t>(maps.begin(), maps.end())) << heading;
+    }
 }
 
 TEST_P(ReadmeSlip, IsNoticed) {

@@ -19,6 +19,10 @@ const std::vector<TReadmeWalk::TSentence> &TReadmeWalk::Table() {
         {"[Pp]ress \"([^\"]+)\"", &W::Press},
         {"[Oo]pen the menu at the right end of the tabs and choose \"([^\"]+)\"",
          &W::ChooseInWindowMenu},
+        {"\"(\\d+ likely maps in \\d+ KiB)\" stand above", &W::ExpectLikely},
+        {"Press Enter on a line, and the map is drawn", &W::DrawLine},
+        {"the (part throttle|idle|full throttle \\(WOT\\)) maps at \\$(\\w{4}) and \\$(\\w{4})",
+         &W::ExpectGiven},
         {"The list has (\\w+) line: \"([^\"]+)\", \"([^\"]+)\"", &W::ExpectChanges},
         {"the cell shows (\\S+), and beneath it the (\\S+) of the file", &W::ExpectOldValue},
         {"[Cc]heck \"([^\"]+)\"", &W::Check},
@@ -176,4 +180,11 @@ void TReadmeWalk::ClosePages() {
         hands_.Press(Part(1));
         Expect(TabOf(address).isEmpty(), "the page stays");
     }
+}
+
+void TReadmeWalk::DrawLine() {
+    hands_.PressEnterOn("lstFound");
+    const QList<QWidget *> windows = session_.window->findChildren<QWidget *>("frmQuickChart");
+    Expect(windows.size() == 1 && windows.constFirst()->isVisible(), "nothing is drawn");
+    windows.constFirst()->close();
 }

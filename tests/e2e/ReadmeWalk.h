@@ -54,6 +54,7 @@ private:
     void ClickInRow();
     void TypeIntoCell();
     void ClosePages();
+    void DrawLine();
 
     // What the README claims.
     void ExpectFirstFolder();
@@ -67,6 +68,8 @@ private:
     void ExpectPlain();
     void ExpectChanges();
     void ExpectOldValue();
+    void ExpectLikely();
+    void ExpectGiven();
     void ExpectDifference();
     void ExpectRowLength();
     void ExpectOneMapEach();

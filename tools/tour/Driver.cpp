@@ -28,6 +28,14 @@ constexpr int tourLimit = 180000; // milliseconds
     std::_Exit(1);
 }
 
+int clicks = 0;
+
+void ClickAt(QWidget *control, Qt::MouseButton button, Qt::KeyboardModifiers held = {},
+             QPoint at = {}) {
+    ++clicks;
+    QTest::mouseClick(control, button, held, at);
+}
+
 /// The edit of a dialog that asks for a text; ends the tour when it is another dialog.
 QLineEdit &EditOf(const QDialog &dialog, const QString &name = {}) {
     if (auto *edit = dialog.findChild<QLineEdit *>(name))
@@ -79,15 +87,18 @@ void TDriver::Missing(const QString &name, QWidget &root) {
 
 void TDriver::Click(QWidget &control) {
     Expect(control.isVisible() && control.isEnabled(), control.objectName() + " can be clicked");
-    QTest::mouseClick(&control, Qt::LeftButton);
+    ClickAt(&control, Qt::LeftButton);
+}
+
+int TDriver::Clicks() {
+    return clicks;
 }
 
 void TDriver::SelectTab(const QString &caption) {
     auto &tabs = Find<QTabWidget>("PageControl1");
     for (int i = 0; i < tabs.count(); ++i)
         if (tabs.tabText(i) == caption) {
-            QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {},
-                              tabs.tabBar()->tabRect(i).center());
+            ClickAt(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(i).center());
             WaitFor([&] { return tabs.currentIndex() == i; }, "tab " + caption + " is shown");
             return;
         }
@@ -97,7 +108,7 @@ void TDriver::SelectTab(const QString &caption) {
 void TDriver::ChooseItem(const QString &group, const QString &text) {
     for (QRadioButton *item : Find<QWidget>(group).findChildren<QRadioButton *>())
         if (item->text().remove('&') == text) {
-            QTest::mouseClick(item, Qt::LeftButton, {}, QPoint(12, item->height() / 2));
+            ClickAt(item, Qt::LeftButton, {}, QPoint(12, item->height() / 2));
             return;
         }
     throw ETourFailed(("no item " + text + " in " + group).toStdString());
@@ -130,13 +141,12 @@ void TDriver::ConfirmFile(QDialog &dialog, const QString &fileName) {
     const QDialogButtonBox::StandardButton confirm =
         fileDialog.acceptMode() == QFileDialog::AcceptOpen ? QDialogButtonBox::Open
                                                            : QDialogButtonBox::Save;
-    QTest::mouseClick(dialog.findChild<QDialogButtonBox *>()->button(confirm), Qt::LeftButton);
+    ClickAt(dialog.findChild<QDialogButtonBox *>()->button(confirm), Qt::LeftButton);
 }
 
 void TDriver::ConfirmText(QDialog &dialog, const QString &text) {
     EditOf(dialog).setText(text);
-    QTest::mouseClick(dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok),
-                      Qt::LeftButton);
+    ClickAt(dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
 }
 
 void TDriver::ClickAndChooseFile(QWidget &control, const QString &fileName) {
@@ -146,9 +156,28 @@ void TDriver::ClickAndChooseFile(QWidget &control, const QString &fileName) {
     Click(control);
 }
 
+void TDriver::ClickAndSaveSpec(QWidget &control, const QString &fileName, const QString &label) {
+    QTimer::singleShot(0, qApp, [=] {
+        WhenAsked([=](QDialog &file) {
+            ConfirmFile(file, fileName);
+            QTimer::singleShot(0, qApp,
+                               [=] { WhenAsked([=](QDialog &box) { ConfirmText(box, label); }); });
+        });
+    });
+    Click(control);
+}
+
+void TDriver::ChooseInWindowMenu(const QString &text) {
+    Click(Find<QWidget>("btnMenu"));
+    WaitFor([] { return OpenedMenu(); }, "the menu opens");
+    QMenu &menu = *OpenedMenu();
+    ClickAt(&menu, Qt::LeftButton, {}, menu.actionGeometry(ItemOf(menu, text)).center());
+    WaitFor([] { return !OpenedMenu(); }, "the menu closes");
+}
+
 void TDriver::OpenMenu(QWidget &area, QPoint at, const QStringList &path) {
     QCursor::setPos(area.mapToGlobal(at)); // where the menu pops up
-    QTest::mouseClick(&area, Qt::RightButton, {}, at);
+    ClickAt(&area, Qt::RightButton, {}, at);
     WaitFor([] { return OpenedMenu(); }, "the menu opens");
     const QMenu *menu = OpenedMenu();
     for (const QString &text : path) {

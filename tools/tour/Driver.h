@@ -41,6 +41,8 @@ public:
     }
 
     void Click(QWidget &control);
+    /// Of the mouse in this tour, those in dialogs and in the window's menu included.
+    static int Clicks();
     void SelectTab(const QString &caption);
     /// Chooses an item of a radio group by its text.
     void ChooseItem(const QString &group, const QString &text);
@@ -55,6 +57,11 @@ public:
     /// Clicks `control`, which opens a file dialog, and confirms the dialog with `fileName`.
     void ClickAndChooseFile(QWidget &control, const QString &fileName);
 
+    /// Clicks `control`, which asks for a file and for a label.
+    void ClickAndSaveSpec(QWidget &control, const QString &fileName, const QString &label);
+
+    /// Opens the menu at the right end of the tabs and chooses an item by its text.
+    void ChooseInWindowMenu(const QString &text);
     /// Right-clicks at a point of `area` and goes down the menu by its items' texts as far as the
     /// last one, which is marked but not yet triggered.
     void OpenMenu(QWidget &area, QPoint at, const QStringList &path);

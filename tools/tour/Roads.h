@@ -1,4 +1,4 @@
-// The two worked examples of README.md, done in the real window.
+// The worked examples of README.md, done in the real window.
 #pragma once
 
 #include "Driver.h"
@@ -20,6 +20,9 @@ struct TRoad {
 /// files: exactly the byte of the cell differs.
 void FirstChange(const TRoad &road);
 
-/// Finds maps in the sample that has no spec file, looks at one, gives a fuel and a timing map to
-/// their pages, saves that as FOUND.SPC, and loads the image again with it.
+/// Has the maps of the sample that has no spec file found, gives them to the notebook, saves that
+/// as FOUND.SPC, with at most eight clicks up to there, and loads the image again with it.
 void UnknownImage(const TRoad &road);
+
+/// The same by hand: searches for maps, looks at one, gives them to their pages.
+void ByColours(const TRoad &road);

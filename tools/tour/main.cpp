@@ -63,17 +63,19 @@ int main(int argc, char **argv) {
     const auto folder = [&](int argument) {
         return QDir(QDir(QString::fromLocal8Bit(argv[argument])).absolutePath());
     };
+    const QDir samples = folder(1);
     const QDir output = folder(2);
     const QDir roms = argc == 4 ? folder(3) : QDir(output.filePath("roms"));
     try {
         TDriver::Expect(output.mkpath("."), output.path() + " can be made");
-        CopySamples(folder(1), roms);
         SetUpApplication();
         QApplication::setQuitOnLastWindowClosed(false);
         TDriver::LimitTime();
         TPictures pictures(output, roms);
-        Sitting(pictures, roms, FirstChange);
-        Sitting(pictures, roms, UnknownImage);
+        for (const auto road : {FirstChange, UnknownImage, ByColours}) {
+            CopySamples(samples, roms);
+            Sitting(pictures, roms, road);
+        }
     } catch (const std::exception &error) {
         std::cerr << "tour failed: " << error.what() << std::endl;
         return 1;
