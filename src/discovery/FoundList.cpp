@@ -47,7 +47,8 @@ QSize EnlargedSize(QSize picture) {
 
 QIcon Enlarged(const QImage &picture, qreal ratio) {
     const QSize size = EnlargedSize(picture.size());
-    QPixmap pixmap((QSizeF(size.width(), size.height() + 2 * gap) * ratio).toSize());
+    // As wide as the list has them, or finely scaled screens would draw it larger.
+    QPixmap pixmap((QSizeF(mostOfPicture.width(), size.height() + 2 * gap) * ratio).toSize());
     pixmap.fill(Qt::transparent);
     pixmap.setDevicePixelRatio(ratio);
     QPainter(&pixmap).drawImage(QRect(QPoint(0, gap), size), picture);

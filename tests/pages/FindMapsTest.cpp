@@ -130,7 +130,7 @@ TEST_F(TFindMapsTest, SaysAllReasonsOfTheChosenMap) {
 TEST_F(TFindMapsTest, DrawsTheBodyOfEachMapInValueColours) {
     FindInSample();
     const QImage framed = Line(fuel).icon(Picture).pixmap({200, 200}).toImage();
-    const QImage picture = framed.copy(framed.rect().adjusted(0, 2, 0, -2));
+    const QImage picture = framed.copy(0, 2, 32, framed.height() - 4); // the rest is room
     ASSERT_EQ(picture.width() % 16, 0);
     ASSERT_EQ(picture.height() % 12, 0);
     // Load runs downwards: the bytes of a column lie one behind the other.
@@ -152,6 +152,10 @@ TEST_F(TFindMapsTest, DrawsTheBodyOfEachMapInValueColours) {
 TEST_F(TFindMapsTest, SortsByAClickOnAHeaderNumbersAsNumbers) {
     FindInSample();
     ClickHeader(Rpm);
+    std::vector<int> speeds;
+    for (const QString &range : ColumnTexts(Rpm))
+        speeds.push_back(range.section('-', 0, 0).toInt());
+    EXPECT_TRUE(std::is_sorted(speeds.begin(), speeds.end()));
     ClickHeader(Offset);
     QStringList offsets = ColumnTexts(Offset);
     EXPECT_TRUE(std::is_sorted(offsets.begin(), offsets.end()));
@@ -239,6 +243,52 @@ TEST_F(TFindMapsTest, GivesAllSix) {
     EXPECT_EQ(PlaceOf(workspace.timingMapSet, TMapKind::WOT), 0xCA04);
     EXPECT_EQ(Said(), "All six maps of the notebook have their places now");
     EXPECT_EQ(Line(0xCA04).text(Given), "Timing Maps - WOT");
+}
+
+TEST_F(TFindMapsTest, PlacesMapsBeyond64KiBWhereTheyAre) {
+    LoadSample("FERRO64K.BIN");
+    const TBytes sample = Get(0, 0x10000);
+    Image().data.fill(0xFF);
+    Put(0x10000, sample);
+    Image().size = 0x20000;
+    Find();
+    ClickOn("btnGiveSix");
+    EXPECT_EQ(PlaceOf(window.workspace.fuelMapSet, TMapKind::PT), 0x10000 + fuel);
+    EXPECT_EQ(Line(0x10000 + idle).text(Given), "Fuel Maps - Idle");
+    ChooseLine(0x10000 + fuel);
+    page->DrawChosen();
+    EXPECT_EQ(window.findChild<TfrmQuickChart *>()->windowTitle(), "Map Offset: $1B2C6");
+    ClickOn("btnShowContents");
+    EXPECT_EQ(Contents().CurrentOffset(), std::size_t{0x10000 + fuel});
+    EXPECT_EQ(ColorAt(0x10000 + fuel), TColor{0x008002});
+}
+
+TEST_F(TFindMapsTest, GivesNoMapThatBeginsTheImage) {
+    LoadSample("FERRO64K.BIN");
+    Put(0, Get(fuel, 0x10000 - fuel));
+    Image().size = 0x10000 - fuel;
+    Find();
+    ChooseLine(0);
+    Press(Qt::Key_1);
+    EXPECT_EQ(Said(), "Fuel Maps - Part Throttle was not moved: no map begins at $0000")
+        << "0 stands for no place";
+    EXPECT_EQ(Line(0).text(Given), "");
+    ClickOn("btnGiveSix");
+    EXPECT_EQ(Said(), "Maps given: 5; not found, and left alone: Fuel Maps - Part Throttle");
+    EXPECT_EQ(PlaceOf(window.workspace.fuelMapSet, TMapKind::Idle), idle - fuel);
+}
+
+TEST_F(TFindMapsTest, DoesNothingToANotebookThatItIsNotIn) {
+    LoadSample("FERRO64K.BIN");
+    TfrmFindMaps alone(nullptr, window.workspace);
+    alone.ShowPage();
+    alone.DrawChosen();
+    alone.btnGiveSixClick();
+    alone.btnUseLocationsClick();
+    alone.btnShowContentsClick();
+    alone.btnSaveFoundClick();
+    EXPECT_EQ(PlaceOf(window.workspace.fuelMapSet, TMapKind::PT), 0);
+    EXPECT_EQ(FindControl<QTreeWidget>(alone, "lstFound").topLevelItem(0)->text(Rank), "1");
 }
 
 TEST_F(TFindMapsTest, DrawsAMapByEnterAndByADoubleClick) {

@@ -273,5 +273,5 @@ void TGallery::ShowFound(const TVisitor &visitor) {
             ROMImage()->Poke(map->GetLocation() + 1, 0); // a count of points that no map has
     window_->ShowFindMaps();
     Settle();
-    visitor("46-no-maps-found", *window_);
+    visitor("46-few-maps-found", *window_);
 }
