@@ -291,6 +291,18 @@ TEST_F(TFindMapsTest, DoesNothingToANotebookThatItIsNotIn) {
     EXPECT_EQ(FindControl<QTreeWidget>(alone, "lstFound").topLevelItem(0)->text(Rank), "1");
 }
 
+TEST_F(TFindMapsTest, TellsWhatIsGivenWhateverTheOrder) {
+    FindInSample();
+    FindControl<QAction>(*page, "actSortGiven").trigger();
+    ClickOn("btnGiveSix");
+    QStringList given = ColumnTexts(Given);
+    EXPECT_TRUE(std::is_sorted(given.begin(), given.end()));
+    given.removeAll("");
+    EXPECT_EQ(given, QStringList({"Fuel Maps - Idle", "Fuel Maps - Part Throttle",
+                                  "Fuel Maps - WOT", "Timing Maps - Idle",
+                                  "Timing Maps - Part Throttle", "Timing Maps - WOT"}));
+}
+
 TEST_F(TFindMapsTest, DrawsAMapByEnterAndByADoubleClick) {
     FindInSample();
     ChooseLine(timing);
@@ -378,10 +390,9 @@ TEST_F(TFindMapsTest, SavesASpecAsROMInformationDoes) {
 
 TEST_F(TFindMapsTest, SavesNoSpecWhileROMInformationCannot) {
     FindInSample();
-
     On<QPushButton>(romTab, "btnSaveSpec").setEnabled(false);
     Enter(romTab);
-    Find();
+    Enter(window.PageIndex(page));
     EXPECT_FALSE(Button("btnSaveFound").isEnabled());
 }
 
