@@ -108,7 +108,7 @@ void TReadmeWalk::ExpectOldValue() {
 
 void TReadmeWalk::ExpectLikely() {
     const QString line = FindControl<QLabel>(*session_.window->CurrentPage(), "lblFound").text();
-    Expect(line.section(';', 0, 0) == Part(1), "it says " + line);
+    Expect(line.startsWith(Part(1) + " in "), "it says " + line);
     int bold = 0;
     const auto &list = FindControl<QTreeWidget>(*session_.window->CurrentPage(), "lstFound");
     while (bold < list.topLevelItemCount() && list.topLevelItem(bold)->font(0).bold())

@@ -19,7 +19,7 @@ const std::vector<TReadmeWalk::TSentence> &TReadmeWalk::Table() {
         {"[Pp]ress \"([^\"]+)\"", &W::Press},
         {"[Oo]pen the menu at the right end of the tabs and choose \"([^\"]+)\"",
          &W::ChooseInWindowMenu},
-        {"\"(\\d+ likely maps in \\d+ KiB)\" stand above", &W::ExpectLikely},
+        {"In bold, (\\d+ likely maps) stand above", &W::ExpectLikely},
         {"Press Enter on a line, and the map is drawn", &W::DrawLine},
         {"the (part throttle|idle|full throttle \\(WOT\\)) maps at \\$(\\w{4}) and \\$(\\w{4})",
          &W::ExpectGiven},
