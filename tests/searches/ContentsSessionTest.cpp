@@ -215,4 +215,28 @@ TEST(HighlightFromRecorded, WithoutARecordedCellDoesNothingButSaySo) {
     EXPECT_FALSE(session.Recorded());
     EXPECT_EQ(session.Counters().linear, 0);
 }
+
+TEST(HighlightMap, MarksAMapWhateverIsSearchedForAndKeepsTheRecordedCell) {
+    for (const int byte : {0, 100, 255})
+        for (const TMapContents contents : {TMapContents::Fuel, TMapContents::Timing}) {
+            TShownSession session(ImageWith(LinearMap(2, std::uint8_t(byte)), 0x22, imageSize));
+            session.parameters.rpmLocation = 0x77;
+            session.parameters.fuelMinimum = session.parameters.timingMinimum = 101;
+            session.Record(5);
+            EXPECT_EQ(
+                session.HighlightMap(0x22, TMapShape::Linear, contents),
+                "1 map, at $0022. Marked cells in all: 6; 2-D maps counted: 0, linear maps: 1");
+            EXPECT_EQ(session.Marked(), Positions(0x22, 0x28));
+            EXPECT_EQ(session.Colors()[0x22], MapColor(contents));
+            EXPECT_EQ(session.Recorded(), 5U);
+            EXPECT_EQ(session.parameters.rpmLocation, 0x77);
+        }
+}
+
+TEST(HighlightMap, SaysWhereNoMapBegins) {
+    TShownSession session(TBytes(imageSize, 0xFF));
+    EXPECT_EQ(session.HighlightMap(0x2F, TMapShape::TwoD, TMapContents::Timing),
+              "No map begins at $002F; the next try is at $0030");
+    EXPECT_THAT(session.Marked(), IsEmpty());
+}
 } // namespace
