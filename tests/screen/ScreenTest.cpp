@@ -45,6 +45,13 @@ bool IsTopmost(const QWidget &window) {
     return Stacking().endsWith(QByteArray("0x") + QByteArray::number(window.winId(), 16));
 }
 
+/// Whether the window manager has noticed, too, that the window is the active one.
+bool IsManagedAsActive(const QWidget &window) {
+    return Run("xprop", {"-root", "_NET_ACTIVE_WINDOW"})
+        .trimmed()
+        .endsWith(QByteArray("0x") + QByteArray::number(window.winId(), 16));
+}
+
 class TScreenTest : public TPageTest {
 protected:
     TScreenTest() {
@@ -98,6 +105,7 @@ protected:
         Type({"F6"});
         EXPECT_TRUE(WaitFor([&] { return tool.isActiveWindow(); }));
         EXPECT_TRUE(tool.isAncestorOf(QApplication::focusWidget()));
+        EXPECT_TRUE(WaitFor([&] { return IsManagedAsActive(tool); })); // no hand is quicker
         Type({"F6"});
         EXPECT_TRUE(WaitFor([&] { return window.isActiveWindow(); }));
         ExpectKeysInThePage();
