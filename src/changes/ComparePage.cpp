@@ -1,25 +1,14 @@
 #include "changes/ComparePage.h"
 
-#include "forms/Dialogs.h"
-#include "forms/ElidedLabel.h"
 #include "forms/Guard.h"
-#include "forms/Hint.h"
 #include "forms/KelvaneNotebook.h"
-#include "forms/Named.h"
 #include "forms/PageControl.h"
-#include "forms/Paths.h"
 #include "maps/FuelMaps.h"
 #include "maps/MapTakeOver.h"
 #include "model/Numbers.h"
 
-#include <utility>
-
 #include <QComboBox>
-#include <QFileInfo>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
-#include <QSignalBlocker>
 
 namespace {
 std::vector<TStoredCell> BytesThere(const std::vector<TCellChange> &cells) {
@@ -35,67 +24,31 @@ bool BothHave(const TMapChanges &map) {
 } // namespace
 
 TfrmCompare::TfrmCompare(QWidget *parent, TWorkspace &sharedWorkspace)
-    : TfrmDifferences(parent, sharedWorkspace), cboSpec_(Named("cboSpec", new QComboBox(this))) {
+    : TfrmDifferences(parent, sharedWorkspace),
+      line_(new TOtherImageLine(
+          this,
+          {.choose = tr("&Other Image..."),
+           .chooseHint = tr("Choose the image file to compare with"),
+           .specsHint = tr("Where the maps of the other image are: as here, or by a spec file"),
+           .noSpec = tr("where they are in this image")})) {
     setObjectName("frmCompare");
-    MakeOtherLine();
+    line_->OnChange = [this] { Compare(); };
+    ConnectGuarded(line_->Button(), &QPushButton::clicked, this, [this] { btnOtherClick(); });
+    AddOnTop(line_, line_->Button(), line_->Specs());
     btnTakeCells_ = AddButton("btnTakeCells", tr("Take Over &Cells"),
                               tr("Enter the values there into the selected cells of the map page"),
                               [this] { btnTakeCellsClick(); });
     btnTakeAll_ = AddButton("btnTakeAll", tr("&Take Over All"),
                             tr("Enter all that is chosen in the list into the map page"),
                             [this] { btnTakeAllClick(); });
-    FillSpecs();
-}
-
-void TfrmCompare::MakeOtherLine() {
-    auto *line = new QWidget(this);
-    auto *btnOther = Named("btnOther", new QPushButton(tr("&Other Image..."), line));
-    SetHint(btnOther, tr("Choose the image file to compare with"));
-    ConnectGuarded(btnOther, &QPushButton::clicked, this, [this] { btnOtherClick(); });
-    auto *label = new QLabel(tr("&Its maps"), line);
-    label->setBuddy(cboSpec_);
-    SetHint(cboSpec_, tr("Where the maps of the other image are: as here, or by a spec file"));
-    ConnectGuarded(cboSpec_, &QComboBox::currentIndexChanged, this, [this] { cboSpecChange(); });
-    auto *row = new QHBoxLayout(line);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(btnOther);
-    row->addStretch(1);
-    row->addWidget(label);
-    row->addWidget(cboSpec_, 2);
-    AddOnTop(line, btnOther, cboSpec_);
-}
-
-void TfrmCompare::FillSpecs() {
-    const QSignalBlocker silent(cboSpec_);
-    cboSpec_->clear();
-    cboSpec_->addItem(tr("where they are in this image"));
-    if (other_)
-        for (const auto &[label, path] : other_->Specs())
-            cboSpec_->addItem(
-                tr("%1 (%2)").arg(QString::fromStdString(label), FromPath(path.filename())));
-}
-
-void TfrmCompare::CompareWith(TOtherImage other) {
-    other_ = std::move(other);
-    FillSpecs();
-    Compare();
 }
 
 void TfrmCompare::btnOtherClick() {
-    const QString chosen = Dialogs().OpenFile(tr("Binary Data (*.BIN)|*.BIN"),
-                                              QFileInfo(FromPath(workspace.romFileName)).path());
-    if (!chosen.isEmpty())
-        CompareWith(TOtherImage(ToPath(chosen)));
-}
-
-void TfrmCompare::cboSpecChange() {
-    Compare();
+    line_->Ask(workspace.romFileName);
 }
 
 TMappedImage TfrmCompare::There() {
-    const int spec = cboSpec_->currentIndex() - 1;
-    return other_->Mapped(workspace,
-                          spec < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(spec)));
+    return line_->Other()->Mapped(workspace, line_->Spec());
 }
 
 void TfrmCompare::UpdateButtons() {

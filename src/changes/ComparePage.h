@@ -3,9 +3,10 @@
 #pragma once
 
 #include "changes/DifferencesPage.h"
-#include "changes/OtherImage.h"
+#include "changes/OtherImageLine.h"
 
-class QComboBox;
+#include <utility>
+
 class TfrmMaps;
 
 class TfrmCompare : public TfrmDifferences {
@@ -17,11 +18,10 @@ public:
     int GuideChapter() const override { return 17; }
 
     /// Compares with another image, its maps placed as those in force.
-    void CompareWith(TOtherImage other);
-    bool HasOther() const override { return other_.has_value(); }
+    void CompareWith(TOtherImage other) { line_->Take(std::move(other)); }
+    bool HasOther() const override { return line_->Other().has_value(); }
     /// Asks for a file and compares with it. Throws EFileError; what was compared before stays.
     void btnOtherClick();
-    void cboSpecChange();
     /// Enters values of the other image into the map page: of the selected cells, or the whole map
     /// or the rev limiter that is chosen in the list.
     void btnTakeCellsClick();
@@ -29,18 +29,15 @@ public:
 
 protected:
     TMappedImage There() override;
-    std::string FileThere() const override { return other_->Name(); }
+    std::string FileThere() const override { return line_->Other()->Name(); }
     bool ThereIsBefore() const override { return false; }
     void UpdateButtons() override;
 
 private:
-    void MakeOtherLine();
-    void FillSpecs();
     /// Goes to the page that edits the maps of a set; none when the user stays here.
     TfrmMaps *GoToMaps(TMapSetKind set);
 
-    std::optional<TOtherImage> other_;
-    QComboBox *cboSpec_;
+    TOtherImageLine *line_;
     QPushButton *btnTakeCells_;
     QPushButton *btnTakeAll_;
 };

@@ -50,6 +50,19 @@ void TMappedImage::PlaceAs(const TWorkspace &others) {
     ShowAs(others);
 }
 
+void TMappedImage::PlaceAt(const std::array<std::optional<std::uint32_t>, 6> &offsets,
+                           const TTimingConstants &timing, const TWorkspace &others) {
+    contents_.timing = timing;
+    const auto offset = [&](std::size_t map) {
+        return static_cast<std::int32_t>(offsets[map].value_or(0)); // 0 leaves a map alone
+    };
+    InForce([&] {
+        maps_->fuelMapSet.SetOffsets(offset(0), offset(1), offset(2));
+        maps_->timingMapSet.SetOffsets(offset(3), offset(4), offset(5));
+    });
+    ShowAs(others);
+}
+
 void TMappedImage::PlaceBySpec(const std::filesystem::path &spec) {
     TSpecReading reading;
     InForce([&] { reading = ReadSpec(spec, *maps_); });

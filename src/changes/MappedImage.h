@@ -5,9 +5,12 @@
 #include "model/ImageInForce.h"
 #include "model/Workspace.h"
 
+#include <array>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -31,6 +34,11 @@ public:
     /// Places the maps and the rev limiter where those of the image in force are, through the same
     /// pointers where these are placed so, shown as these are, with the same timing constants.
     void PlaceAs(const TWorkspace &others);
+
+    /// Places the maps that have an offset here, in the order fuel, timing; part throttle, idle,
+    /// full throttle; with these timing constants, shown as the others are.
+    void PlaceAt(const std::array<std::optional<std::uint32_t>, 6> &offsets,
+                 const TTimingConstants &timing, const TWorkspace &others);
 
     /// Places them by a spec file. Throws EFileError or EConvertError as reading it does: the
     /// maps are then where the part of it that could be read has placed them.

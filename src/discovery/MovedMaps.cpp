@@ -292,6 +292,19 @@ private:
 };
 } // namespace
 
+TKnownImage KnownImage(const TMappedImage &image) {
+    TKnownImage known{image.Bytes(), {}, {}};
+    image.InForce([&] { // a map may be behind a pointer
+        for (TIndex map = 0; map < mapCount; ++map)
+            if (const std::int32_t place = MapOf(image.Maps(), allMaps[map]).GetLocation();
+                place > 0)
+                known.maps[map] = static_cast<std::uint32_t>(place);
+    });
+    if (image.Maps().fuelMapSet.HasRevLimiter())
+        known.revLimiter = static_cast<std::uint32_t>(image.Maps().fuelMapSet.revLimiter.offset);
+    return known;
+}
+
 TMovedMaps FindMovedMaps(const TKnownImage &known, TRomBytes image) {
     return TMovedSearch(known, image).Result();
 }

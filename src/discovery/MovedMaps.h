@@ -17,6 +17,9 @@ struct TKnownImage {
     std::optional<std::uint32_t> revLimiter;
 };
 
+/// What an image with its maps gives, as it is placed now. Its bytes live as long as the image.
+TKnownImage KnownImage(const TMappedImage &image);
+
 enum class TSureness { Sure, Unsure, NotFound };
 
 /// What a proposal rests on, and what speaks against it.

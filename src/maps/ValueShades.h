@@ -15,6 +15,9 @@ public:
     /// As the user has chosen.
     void Show();
 
+    /// Whatever the user has chosen.
+    void ShowAlways() { on_ = true; }
+
     /// One choice for all grids, remembered; off until it is made.
     static bool Chosen();
     static void Choose(bool on);

@@ -5,6 +5,7 @@
 #include "changes/EarlierPage.h"
 #include "changes/RecoveryBar.h"
 #include "discovery/FindMapsPage.h"
+#include "discovery/MovedMapsPage.h"
 #include "filedisplay/FileDisplay.h"
 #include "forms/Commands.h"
 #include "forms/Dialogs.h"
@@ -129,6 +130,10 @@ void TfrmNotebook::AddCommands() {
                        .text = tr("&Find Maps"),
                        .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_F},
                        .run = [this] { ShowFindMaps(); }});
+    AddCommand(*this,
+               {.name = "actMovedMaps", .text = tr("Mo&ved Maps"), .keys = {}, .run = [this] {
+                    ShowMovedMaps({});
+                }});
     AddCommand(*this, {.name = "actChanges",
                        .text = tr("Sho&w Changes"),
                        .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_D},
@@ -201,6 +206,17 @@ void TfrmNotebook::ShowFindMaps() {
         return;
     page->LetSaveSpec(*rom_->findChild<QPushButton *>("btnSaveSpec"));
     page->FirstControl()->setFocus();
+}
+
+void TfrmNotebook::ShowMovedMaps(std::optional<TOtherImage> known) {
+    auto *page = GoToOnly<TfrmMovedMaps>("tabMovedMaps", tr("Moved Maps"));
+    if (!page)
+        return;
+    page->LetSaveSpec(*rom_->findChild<QPushButton *>("btnSaveSpec"));
+    if (known)
+        page->LookFrom(std::move(*known));
+    else if (!page->HasKnown())
+        page->btnOtherClick();
 }
 
 void TfrmNotebook::ShowOffer(const TKeptPatch &offer) {

@@ -54,6 +54,8 @@ public:
     void ShowEarlier();
     /// The page "Find Maps", likewise, with the keyboard in its list.
     void ShowFindMaps();
+    /// The page "Moved Maps", likewise. None asks for the known image, unless there is one already.
+    void ShowMovedMaps(std::optional<TOtherImage> known);
     void StateChanged() override;
     TRecovery &Recovery() { return recovery_; }
     /// The page "ROM Information" has no use for the notebook's own buttons.
