@@ -71,7 +71,7 @@ void TfrmMovedMaps::MakeControls() {
     SetHint(memReasons_, tr("Why the place is proposed, and what speaks against it"));
     SetHint(btnPlaceSure_, tr("Give the notebook's maps all places that are sure"));
     SetHint(btnPlaceMap_, tr("Give the chosen map its place, sure or not"));
-    SetHint(btnSaveMoved_, tr("Save the places of the notebook's maps as a spec file"));
+    SetHint(btnSaveMoved_, tr("Save a new spec file using offsets listed on map pages"));
     btnSaveMoved_->setEnabled(false);
     ConnectGuarded(line_->Button(), &QPushButton::clicked, this, [this] { btnOtherClick(); });
     ConnectGuarded(lstMoved_, &QTreeWidget::currentItemChanged, this, [this] { TellChosen(); });

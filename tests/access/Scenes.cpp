@@ -37,6 +37,7 @@ const std::vector<std::pair<TScene, const char *>> scenes{
     {TScene::Compare, "Compare"},
     {TScene::Earlier, "Earlier"},
     {TScene::FindMaps, "FindMaps"},
+    {TScene::MovedMaps, "MovedMaps"},
     {TScene::Tools, "Tools"},
     {TScene::DockedTools, "DockedTools"},
     {TScene::Key, "Key"},
@@ -169,6 +170,9 @@ QWidget &TSceneTest::OpenOwnWindow(TScene scene) {
         return window;
     case TScene::FindMaps:
         window.ShowFindMaps();
+        return window;
+    case TScene::MovedMaps:
+        window.ShowMovedMaps(TOtherImage(folder / "A.BIN"));
         return window;
     case TScene::Tools:
     case TScene::DockedTools: {

@@ -24,6 +24,7 @@ enum class TScene {
     Compare,
     Earlier,
     FindMaps,
+    MovedMaps,
     Tools,
     DockedTools,
     Key,

@@ -79,6 +79,7 @@ const TOtherText otherTexts[] = {
     {"%1 at %2, %3: %4", "below the list of found maps"},
     {"For it: %1", "below the list of found maps"},
     {"Against it: %1", "below the list of found maps"},
+    {"MovedTexts", "the page Moved Maps"},
     {"typing %1", "the menu of commands, behind Undo and Redo"},
     {"adjustment", "the menu of commands, behind Undo and Redo"},
 };

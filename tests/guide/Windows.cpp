@@ -106,6 +106,8 @@ TWindowsTest::TWindowsTest() {
     window.ShowCompare({});
     window.ShowEarlier();
     window.ShowFindMaps();
+    dialogs.opens.push_back({});
+    window.ShowMovedMaps({});
     window.PageControl1->SelectByUser(0);
 }
 

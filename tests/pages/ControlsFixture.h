@@ -30,6 +30,7 @@ enum class TForm {
     Compare,
     Earlier,
     FindMaps,
+    MovedMaps,
     Offsets,
     Splash
 };
@@ -60,6 +61,8 @@ protected:
         window.ShowCompare({});
         window.ShowEarlier();
         window.ShowFindMaps();
+        dialogs.opens.push_back({});
+        window.ShowMovedMaps({});
     }
     ~TControlsTest() override { TfrmBaseForm::ProgRegKey.clear(); }
 
@@ -93,6 +96,8 @@ protected:
             return *window.Page(8);
         case TForm::FindMaps:
             return *window.Page(9);
+        case TForm::MovedMaps:
+            return *window.Page(10);
         case TForm::Offsets:
             return *offsets;
         case TForm::Splash:

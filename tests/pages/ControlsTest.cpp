@@ -287,6 +287,7 @@ const TControl controls[] = {
     {TForm::Window, "actSave", "QAction", "&Save ROM", nullptr, ""},
     {TForm::Window, "actState", "QAction", "S&tate", nullptr, ""},
     {TForm::Window, "actFindMaps", "QAction", "&Find Maps", nullptr, ""},
+    {TForm::Window, "actMovedMaps", "QAction", "Mo&ved Maps", nullptr, ""},
     {TForm::Window, "actChanges", "QAction", "Sho&w Changes", nullptr, ""},
     {TForm::Window, "actCompare", "QAction", "Co&mpare", nullptr, ""},
     {TForm::Window, "actEarlier", "QAction", "Earl&ier Versions", nullptr, ""},
@@ -345,6 +346,28 @@ const TControl controls[] = {
     {TForm::FindMaps, "actGiveTimingWOT", "QAction", "&6 Timing WOT", nullptr, ""},
     {TForm::FindMaps, "actSortRank", "QAction", "&Rank", nullptr, ""},
     {TForm::FindMaps, "actSortOffset", "QAction", "&Offset", nullptr, ""},
+    {TForm::MovedMaps, "btnOther", "QPushButton", "&Known Image...",
+     "Choose an image file of the same family with its spec file", ""},
+    {TForm::MovedMaps, "cboSpec", "QComboBox", nullptr,
+     "The spec file that says where the known image has its maps", ""},
+    {TForm::MovedMaps, "lblMoved", "QLabel", "No ROM image is loaded", "", ""},
+    {TForm::MovedMaps, "lstMoved", "QTreeWidget", nullptr,
+     "Where the maps lie in the known image and here; Enter places one", ""},
+    {TForm::MovedMaps, "memReasons", "QPlainTextEdit", nullptr,
+     "Why the place is proposed, and what speaks against it", "r"},
+    {TForm::MovedMaps, "lblThere", "QLabel", "", "", ""},
+    {TForm::MovedMaps, "grdThere", "TStringAlignGrid", nullptr, "The map in the known image", "h"},
+    {TForm::MovedMaps, "lblHere", "QLabel", "", "", ""},
+    {TForm::MovedMaps, "grdHere", "TStringAlignGrid", nullptr,
+     "The map at the place that is proposed for it", "h"},
+    {TForm::MovedMaps, "lblTiming", "QLabel", "", "", ""},
+    {TForm::MovedMaps, "btnPlaceSure", "QPushButton", "Place S&ure Maps",
+     "Give the notebook's maps all places that are sure", "d"},
+    {TForm::MovedMaps, "btnPlaceMap", "QPushButton", "&Place",
+     "Give the chosen map its place, sure or not", "d"},
+    {TForm::MovedMaps, "btnSaveMoved", "QPushButton", "Save Spec",
+     "Save a new spec file using offsets listed on map pages", "d"},
+    {TForm::MovedMaps, "btnClose", "QPushButton", "Close Page", "Close this page", ""},
 
     {TForm::Offsets, "pnlMain", "QFrame", nullptr, "", ""},
     {TForm::Offsets, "edtDataOffset", "QLineEdit", "", dollarHint, ""},
@@ -462,7 +485,8 @@ TEST_F(TControlsTest, TheHelpWindowHasItsMemo) {
 TEST_F(TControlsTest, NamesAreUniqueOnEachForm) {
     for (const TForm form : {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::FuelChart,
                              TForm::TimingChart, TForm::QuickChart, TForm::Contents, TForm::Changes,
-                             TForm::Compare, TForm::Earlier, TForm::FindMaps, TForm::Offsets}) {
+                             TForm::Compare, TForm::Earlier, TForm::FindMaps, TForm::MovedMaps,
+                             TForm::Offsets}) {
         std::map<QString, int> counts;
         for (const QWidget *widget : Form(form).findChildren<QWidget *>())
             if (!widget->objectName().startsWith("qt_") && !widget->objectName().isEmpty())
