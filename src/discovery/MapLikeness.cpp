@@ -16,11 +16,12 @@ constexpr double neutralCost = 3; ///< ... values that are neither alike nor unl
 constexpr int tellingCells = 24;  ///< with fewer changes from cell to cell a body tells less
 constexpr double shiftCost = 0.75;
 constexpr double scaleCost = 1.25;
-constexpr double leastScale = 0.6;
-constexpr double mostScale = 1.6;
-constexpr int bytesAround = 16; ///< looked at on either side
-constexpr double aroundBits = 3;
-constexpr int mostAround = 16; ///< that count
+constexpr double leastScale = 0.7;
+constexpr double mostScale = 1.4;
+constexpr double mostShift = 24;   ///< of the mean: more makes another map of it
+constexpr int bytesAround = 16;    ///< looked at on either side
+constexpr double sameByteBits = 3; ///< for each byte around that is the same, of ...
+constexpr int mostAround = 16;     ///< ... at most so many
 
 /// The steps of both axes, one behind the other.
 struct TSteps {
@@ -105,6 +106,8 @@ void LookAtBodies(TRomBytes one, TRomBytes other, TMapLikeness &likeness) {
         }
     };
     const double shift = std::round(Mean(other) - Mean(one));
+    if (std::abs(shift) > mostShift)
+        return;
     attempt(TBodyFit::Shifted, shiftCost + MeanCost(one, other, {1, shift}));
     attempt(TBodyFit::Scaled, scaleCost + MeanCost(one, other, FittedLine(one, other)));
 }
@@ -168,9 +171,10 @@ TMapLikeness MapLikeness(TRomBytes image, const TMapPlace &map, TRomBytes otherI
                                 std::int64_t{other.offset} - 1, -1) +
                       SameBytes(image, static_cast<std::int64_t>(map.End()), otherImage,
                                 static_cast<std::int64_t>(other.End()), 1);
+    likeness.aroundBits = std::min(likeness.around, mostAround) * sameByteBits;
     likeness.bits = likeness.axisBits + likeness.equalHeaders * equalHeaderBits +
                     (likeness.headers - likeness.equalHeaders) * otherHeaderBits +
                     Telling(body) * bodyBits * (neutralCost - likeness.bodyCost) +
-                    std::min(likeness.around, mostAround) * aroundBits;
+                    likeness.aroundBits;
     return likeness;
 }

@@ -20,6 +20,7 @@ struct TMapLikeness {
 
     /// Evidence in bits: above 0 speaks for the same map.
     double axisBits = 0;
+    double aroundBits = 0;
     double bits = 0; ///< all of it together
 };
 

@@ -45,8 +45,7 @@ bool MayBeAlike(TRomBytes known, std::int64_t offset, TRomBytes image, std::int6
 }
 } // namespace
 
-TMovedByte FindMovedLimiter(TRomBytes known, std::optional<std::uint32_t> offset,
-                            TRomBytes image) {
+TMovedByte FindMovedLimiter(TRomBytes known, std::optional<std::uint32_t> offset, TRomBytes image) {
     if (!offset || *offset >= known.size())
         return {{}, {{TMovedFact::NotPlaced}}};
     const std::int64_t from = *offset;

@@ -4,5 +4,4 @@
 #include "discovery/MovedMaps.h"
 
 /// Proposes a place only where the bytes around tell it.
-TMovedByte FindMovedLimiter(TRomBytes known, std::optional<std::uint32_t> offset,
-                            TRomBytes image);
+TMovedByte FindMovedLimiter(TRomBytes known, std::optional<std::uint32_t> offset, TRomBytes image);

@@ -10,14 +10,14 @@
 
 namespace {
 // Evidence in bits, as in MapLikeness.cpp.
-constexpr double togetherBits = 8; ///< two maps moved by the same distance
-constexpr double orderBits = 1;    ///< they lie in the same order
-constexpr double pointersBits = 8; ///< pointers to them have the same distance
-constexpr double codeBits = 8;     ///< a pointer has the same bytes around it
-constexpr double leastBits = 25;   ///< less resembles too little to be sure
-constexpr double leastMargin = 10; ///< over other places, or it is not sure
-constexpr double clearMargin = 20; ///< over places that could well be the map too
-constexpr double leastAxis = 0.7;  ///< bits of a step, of 2
+constexpr double togetherBits = 8;       ///< two maps moved by the same distance
+constexpr double orderBits = 0.25;       ///< they lie in the same order
+constexpr double pointersBits = 8;       ///< pointers to them have the same distance
+constexpr double codeBits = 8;           ///< a pointer has the same bytes around it
+constexpr double leastBits = 25;         ///< less resembles too little to be sure
+constexpr double leastMargin = 10;       ///< over other places, or it is not sure
+constexpr double leastAxis = 0.7;        ///< bits of a step, of 2
+constexpr double leastStrangeAxis = 1.8; ///< where all RAM locations are others
 constexpr double mostBodyCost = 3.2;
 constexpr std::size_t mostOptions = 5; ///< for each map
 
@@ -121,14 +121,13 @@ private:
     }
 
     double PairBits(TIndex map, TIndex i, TIndex other, TIndex j) const {
-        const double pointers = PointersAreAlike(map, i, other, j) ? pointersBits : 0;
-        const std::int64_t movedBy = MovedBy(map, i);
-        const std::int64_t otherMovedBy = MovedBy(other, j);
-        if (movedBy == otherMovedBy)
-            return pointers + togetherBits;
         const std::int64_t before = Distance(*maps_[map].known, *maps_[other].known);
-        const bool sameOrder = (before > 0) == (before + otherMovedBy - movedBy > 0);
-        return pointers + (sameOrder ? orderBits : -orderBits);
+        const bool sameOrder = (before > 0) == (before + MovedBy(other, j) - MovedBy(map, i) > 0);
+        return TogetherBits(map, i, other, j) + (sameOrder ? orderBits : -orderBits);
+    }
+    double TogetherBits(TIndex map, TIndex i, TIndex other, TIndex j) const {
+        return (PointersAreAlike(map, i, other, j) ? pointersBits : 0) +
+               (MovedBy(map, i) == MovedBy(other, j) ? togetherBits : 0);
     }
 
     // What was found -------------------------------------------------------------------------
@@ -160,20 +159,28 @@ private:
             return {TMovedFact::TooManyAlike};
         if (looked.here.ofForm == 0)
             return {TMovedFact::NoneOfForm, looked.known->rpmPoints, looked.known->loadPoints};
-        if (!looked.here.best.empty() && IsGiven(map, 0))
+        if (!looked.here.best.empty() && Taker(map, 0))
             return {TMovedFact::GivenAway, looked.here.best.front().place.offset};
         return {TMovedFact::NoneAlike, static_cast<std::int64_t>(looked.here.ofForm)};
     }
 
-    /// Why the chosen place is not sure.
-    std::vector<TMovedReason> Against(TIndex map, TIndex option) const {
+    /// How an option differs from the map by so much that it may be another one.
+    std::vector<TMovedReason> Unlike(TIndex map, TIndex option) const {
         std::vector<TMovedReason> reasons;
         const TMapLikeness &likeness = maps_[map].here.best[option].likeness;
-        if (likeness.axisBits < leastAxis * likeness.steps)
+        const double least = likeness.equalHeaders > 0 ? leastAxis : leastStrangeAxis;
+        if (likeness.axisBits < least * likeness.steps)
             reasons.push_back({TMovedFact::OtherAxes});
         if (likeness.bodyCost > mostBodyCost)
             reasons.push_back({TMovedFact::OtherValues});
-        if (choices_[map].bits < leastBits)
+        return reasons;
+    }
+
+    /// Why the chosen place is not sure.
+    std::vector<TMovedReason> Against(TIndex map, TIndex option) const {
+        std::vector<TMovedReason> reasons = Unlike(map, option);
+        // Of its own: order and pointers are much the same in images of other families.
+        if (maps_[map].here.best[option].likeness.bits < leastBits)
             reasons.push_back({TMovedFact::LittleToTell});
         if (const std::optional<TIndex> rival = Rival(map, option))
             reasons.push_back({TMovedFact::Rival, maps_[map].here.best[*rival].place.offset});
@@ -182,24 +189,34 @@ private:
         return reasons;
     }
 
-    /// Another place that could be the map: all together lose little by it.
+    /// Another place that could be the map: all together lose little by it. Where nothing else of
+    /// either image claims it, equal values do not tell it from the chosen one, for it may be the
+    /// map with other values beside an old copy; only what is around and points there does.
     std::optional<TIndex> Rival(TIndex map, TIndex option) const {
         for (TIndex i = 0; i < maps_[map].here.best.size(); ++i) {
-            const bool could = maps_[map].here.best[i].likeness.bits >= leastBits &&
-                               !IsGiven(map, i) && !IsAnothers(map, i);
-            if (i != option && choices_[map].losses[i] < (could ? clearMargin : leastMargin))
+            if (i == option)
+                continue;
+            const bool could = Unlike(map, i).empty() && !IsGiven(map, i) && !IsAnothers(map, i);
+            if (choices_[map].losses[i] < leastMargin ||
+                (could && ContextBits(map, option) < ContextBits(map, i) + leastMargin))
                 return i;
         }
         return std::nullopt;
     }
 
-    /// Whether another map lies at an option of this one.
-    bool IsGiven(TIndex map, TIndex option) const {
+    /// Another map that lies at an option of this one.
+    std::optional<TIndex> Taker(TIndex map, TIndex option) const {
         for (TIndex other = 0; other < mapCount; ++other)
             if (other != map && choices_[other].option &&
                 Overlap(Chosen(other), maps_[map].here.best[option].place))
-                return true;
-        return false;
+                return other;
+        return std::nullopt;
+    }
+    /// Whether that map resembles it clearly more.
+    bool IsGiven(TIndex map, TIndex option) const {
+        const std::optional<TIndex> taker = Taker(map, option);
+        return taker && maps_[*taker].here.best[*choices_[*taker].option].likeness.bits >
+                            maps_[map].here.best[option].likeness.bits + leastMargin;
     }
     const TMapPlace &Chosen(TIndex map) const {
         return maps_[map].here.best[*choices_[map].option].place;
@@ -218,14 +235,23 @@ private:
         return MapLikeness(known_.bytes, knownPlace, image_, place).bits;
     }
 
-    /// A place of the known image that resembles the option about as much as the map does.
+    /// A place of the known image that resembles the option about as much as the map does; one of
+    /// the maps that have their places, more.
     std::optional<TMapPlace> KnownRival(TIndex map, TIndex option) const {
         const TAlikePlace &here = maps_[map].here.best[option];
         const double bits = here.likeness.bits + CompanyBits(map, option);
         for (const TAlikePlace &there : maps_[map].there.best)
-            if (!LiesElsewhere(there.place) && Bits(there.place, here.place) > bits - leastMargin)
+            if (Bits(there.place, here.place) >
+                bits - (LiesElsewhere(there.place) && here.likeness.fit == TBodyFit::Same
+                            ? 0
+                            : leastMargin))
                 return there.place;
         return std::nullopt;
+    }
+
+    /// What lies around an option and points to it.
+    double ContextBits(TIndex map, TIndex option) const {
+        return maps_[map].here.best[option].likeness.aroundBits + CompanyBits(map, option);
     }
 
     /// What the other maps and the pointers say for the option.
@@ -233,7 +259,7 @@ private:
         double bits = CodeIsAlike(map, option) ? codeBits : 0;
         for (TIndex other = 0; other < mapCount; ++other)
             if (other != map && choices_[other].option)
-                bits += PairBits(map, option, other, *choices_[other].option);
+                bits += TogetherBits(map, option, other, *choices_[other].option);
         return bits;
     }
 

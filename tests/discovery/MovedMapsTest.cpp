@@ -99,6 +99,23 @@ TEST_F(TMovedMapsTest, FindsMapsWhoseAxesChangedALittle) {
     EXPECT_EQ(moved.maps[1].reasons.front(), (TMovedReason{TMovedFact::Steps, 11, 16}));
 }
 
+TEST_F(TMovedMapsTest, IsUnsureOfOtherRamLocationsWithOtherAxes) {
+    TBytes map = family.maps[0].Bytes();
+    map[0] = 0x4B;
+    map[18] = 0x4D; // the header of the load axis
+    other = family.Filling(2);
+    TPlainFamily::Put(other, 0x1000, map);
+    ExpectSureAt(Find().maps[0], 0x1000);
+    for (const std::size_t step : {2U, 5U, 8U, 11U})
+        other[0x1000 + step] += 1;
+    ASSERT_TRUE(Find().maps[0].place);
+    EXPECT_EQ(Find().maps[0].sureness, TSureness::Sure);
+    for (const std::size_t step : {3U, 6U, 9U, 12U})
+        other[0x1000 + step] += 2;
+    EXPECT_EQ(Find().maps[0].sureness, TSureness::Unsure);
+    EXPECT_THAT(Find().maps[0], Says(TMovedFact::OtherAxes));
+}
+
 TEST_F(TMovedMapsTest, LeavesOutWhatIsNotThere) {
     other = family.Filling(2);
     for (const TMovedMap &map : Find().maps) {

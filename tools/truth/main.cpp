@@ -2,6 +2,7 @@
 // they are found. What for: docs/discovery.md.
 #include "discovery/FindTexts.h"
 #include "truth/Fit.h"
+#include "truth/Moved.h"
 #include "truth/Report.h"
 
 #include <algorithm>
@@ -17,6 +18,7 @@ namespace {
 
 constexpr const char *usage = "usage: ferrolyn_truth fit IMAGES > ScorecardPoints.cpp\n"
                               "       ferrolyn_truth report training|held-out IMAGES\n"
+                              "       ferrolyn_truth moved training|held-out IMAGES\n"
                               "       ferrolyn_truth show training|held-out NUMBER\n"
                               "       ferrolyn_truth write training|held-out IMAGES FOLDER\n"
                               "       ferrolyn_truth find FILE...\n";
@@ -65,6 +67,8 @@ int main(int argc, char **argv) {
         WriteFit(std::cout, NumberOf(argv[2]));
     else if (command == "report" && argc == 4)
         WriteReport(std::cout, HalfOf(argv[2]), NumberOf(argv[3]));
+    else if (command == "moved" && argc == 4)
+        WriteMovedReport(std::cout, HalfOf(argv[2]), NumberOf(argv[3]));
     else if (command == "show" && argc == 4)
         WriteFinds(std::cout, MakeTruthImage(HalfOf(argv[2]), NumberOf(argv[3])));
     else if (command == "write" && argc == 5)
