@@ -63,9 +63,12 @@ void TfrmMovedMaps::MakeControls() {
     lstMoved_->setRootIsDecorated(false);
     lstMoved_->setAllColumnsShowFocus(true);
     lstMoved_->setAccessibleName(tr("Moved maps"));
-    lstMoved_->setFixedHeight(listLines * (fontMetrics().height() + 2));
+    const int height = listLines * (fontMetrics().height() + 2);
+    lstMoved_->setMaximumHeight(height);
+    memReasons_->setMaximumHeight(height);
     SetHint(lstMoved_, tr("Where the maps lie in the known image and here; Enter places one"));
     memReasons_->setReadOnly(true);
+    memReasons_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     memReasons_->setTabChangesFocus(true);
     memReasons_->setAccessibleName(tr("Reasons"));
     SetHint(memReasons_, tr("Why the place is proposed, and what speaks against it"));
@@ -93,11 +96,13 @@ void TfrmMovedMaps::LayOut() {
     for (QPushButton *button : {btnPlaceSure_, btnPlaceMap_, btnSaveMoved_})
         buttons->Start().addWidget(button);
     buttons->End().addWidget(MakeCloseButton());
+    QSplitter *maps = sideBySide(there_, here_);
+    maps->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored); // what room there is
     auto *column = new QVBoxLayout(this);
     column->addWidget(line_);
     column->addWidget(lblMoved_);
     column->addWidget(sideBySide(lstMoved_, memReasons_));
-    column->addWidget(sideBySide(there_, here_), 1);
+    column->addWidget(maps, 1);
     column->addWidget(lblTiming_);
     column->addWidget(buttons);
 }

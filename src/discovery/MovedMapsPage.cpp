@@ -99,8 +99,7 @@ QString TfrmMovedMaps::NoteOnTiming() const {
     const auto number = [](double value) {
         return QString::fromStdString(FormatReal("0.0####", value));
     };
-    return tr("\"Save Spec\" writes no timing constants: add timing_divider=%1 and "
-              "timing_subtractor=%2, those of the known image, to the new file by hand")
+    return tr("To be added to the new spec file by hand: timing_divider=%1, timing_subtractor=%2")
         .arg(number(timing.divider), number(timing.subtractor));
 }
 

@@ -26,7 +26,7 @@ public:
 
     /// Looks for the maps anew.
     void ShowPage() override;
-    int GuideChapter() const override { return 17; }
+    int GuideChapter() const override { return 18; }
 
     bool HasKnown() const { return line_->Other().has_value(); }
     /// Looks for the maps of this image, by the spec file that is named as it is, if there is one.

@@ -131,7 +131,7 @@ void TfrmNotebook::AddCommands() {
                        .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_F},
                        .run = [this] { ShowFindMaps(); }});
     AddCommand(*this,
-               {.name = "actMovedMaps", .text = tr("Mo&ved Maps"), .keys = {}, .run = [this] {
+               {.name = "actMovedMaps", .text = tr("Move&d Maps"), .keys = {}, .run = [this] {
                     ShowMovedMaps({});
                 }});
     AddCommand(*this, {.name = "actChanges",

@@ -16,6 +16,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -173,6 +174,7 @@ QWidget &TSceneTest::OpenOwnWindow(TScene scene) {
         return window;
     case TScene::MovedMaps:
         window.ShowMovedMaps(TOtherImage(folder / "A.BIN"));
+        OnPage<QComboBox>("cboSpec").setCurrentIndex(1);
         return window;
     case TScene::Tools:
     case TScene::DockedTools: {

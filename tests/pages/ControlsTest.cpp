@@ -287,7 +287,7 @@ const TControl controls[] = {
     {TForm::Window, "actSave", "QAction", "&Save ROM", nullptr, ""},
     {TForm::Window, "actState", "QAction", "S&tate", nullptr, ""},
     {TForm::Window, "actFindMaps", "QAction", "&Find Maps", nullptr, ""},
-    {TForm::Window, "actMovedMaps", "QAction", "Mo&ved Maps", nullptr, ""},
+    {TForm::Window, "actMovedMaps", "QAction", "Move&d Maps", nullptr, ""},
     {TForm::Window, "actChanges", "QAction", "Sho&w Changes", nullptr, ""},
     {TForm::Window, "actCompare", "QAction", "Co&mpare", nullptr, ""},
     {TForm::Window, "actEarlier", "QAction", "Earl&ier Versions", nullptr, ""},

@@ -145,7 +145,7 @@ TEST_F(TMovedMapsPageTest, LooksAtDegreesByTheKnownConstants) {
     EXPECT_EQ(Find<TStringAlignGrid>("grdThere").Cell(1, 1), "17.1");
     EXPECT_EQ(TimingConstants().divider, 0);
     EXPECT_THAT(Find<QLabel>("lblTiming").text().toStdString(),
-                testing::HasSubstr("timing_divider=0.65 and timing_subtractor=12.7"));
+                testing::HasSubstr("timing_divider=0.65, timing_subtractor=12.7"));
 }
 
 TEST_F(TMovedMapsPageTest, PlacesWhatIsSure) {

@@ -256,7 +256,14 @@ void TGallery::ShowChanges(const TVisitor &visitor) {
     window_->ShowEarlier();
     Settle();
     visitor("43-earlier-versions", *window_);
+    ShowMoved(visitor);
     ShowFound(visitor);
+}
+
+void TGallery::ShowMoved(const TVisitor &visitor) {
+    window_->ShowMovedMaps(TOtherImage(samples_.filePath("FERRO32K.BIN").toStdString()));
+    Settle();
+    visitor("47-moved-maps", *window_);
 }
 
 void TGallery::ShowFound(const TVisitor &visitor) {

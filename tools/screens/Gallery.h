@@ -46,6 +46,7 @@ private:
     void ShowBoxes(const TVisitor &visitor);
     void ShowMenus(const TVisitor &visitor);
     void ShowChanges(const TVisitor &visitor);
+    void ShowMoved(const TVisitor &visitor);
     void ShowFound(const TVisitor &visitor);
 
     QString oldFolder_;
