@@ -18,6 +18,7 @@
 namespace {
 constexpr int placedColumn = 4;
 constexpr int listLines = 9; // its header, six maps, Max RPM, and room
+constexpr int leastMapLines = 8;
 
 QString OffsetText(const std::optional<std::uint32_t> &offset) {
     return offset ? QString::fromStdString(FormatOffset(static_cast<std::int32_t>(*offset)))
@@ -98,6 +99,7 @@ void TfrmMovedMaps::LayOut() {
     buttons->End().addWidget(MakeCloseButton());
     QSplitter *maps = sideBySide(there_, here_);
     maps->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored); // what room there is
+    maps->setMinimumHeight(leastMapLines * fontMetrics().height());
     auto *column = new QVBoxLayout(this);
     column->addWidget(line_);
     column->addWidget(lblMoved_);
