@@ -6,6 +6,7 @@
 
 #include "Measure.h"
 #include "discovery/FoundMaps.h"
+#include "discovery/MovedMaps.h"
 #include "truth/Corpus.h"
 #include "truth/Fillers.h"
 
@@ -23,6 +24,8 @@ constexpr std::size_t size = 0x100000;
 constexpr double ordinaryLimit = 60; // ms
 constexpr double hardLimit = 3000;   // bytes that no image has: each place looks like a map
 constexpr double memoryLimit = 8;    // MiB
+constexpr double movedLimit = 50;
+constexpr double hardMovedLimit = 250;
 
 std::size_t taken = 0; // bytes of memory
 std::size_t mostTaken = 0;
@@ -77,6 +80,39 @@ TBytes Each(const std::function<int(std::size_t)> &byte) {
     return image;
 }
 
+/// The maps of a known image of 1 MiB in another one.
+void MovedRow(TTable &table, const std::string &what, const TBytes &known, const TBytes &image,
+              const std::vector<TTrueMap> &maps, double limit) {
+    TKnownImage from{known, {}, 0x100};
+    for (std::size_t i = 0; i < from.maps.size() && i < maps.size(); ++i)
+        from.maps[i] = maps[i].place.offset;
+    std::size_t found = 0;
+    std::size_t sum = 0;
+    table.Milliseconds(
+        "moved maps in 1 MiB, " + what,
+        Measure(
+            rounds,
+            [&] {
+                return Time([&] { found += FindMovedMaps(from, image).maps[0].place ? 2 : 1; });
+            },
+            [&] { return Time([&] { sum += std::accumulate(image.begin(), image.end(), 0U); }); }),
+        limit);
+    if (found + sum == 0)
+        std::printf("nothing was found\n");
+}
+
+void MovedRows(TTable &table) {
+    std::uint32_t number = 0;
+    TTruthImage known;
+    do
+        known = MakeTruthImage(TCorpusHalf::HeldOut, number++);
+    while (known.bytes.size() != size || known.maps.size() < 6);
+    const TTruthImage revision = MakeRevision(TCorpusHalf::HeldOut, number - 1, 1);
+    MovedRow(table, "a revision", known.bytes, revision.bytes, known.maps, movedLimit);
+    const TBytes counts = Each([&](std::size_t) { return known.maps[0].place.rpmPoints; });
+    MovedRow(table, "all counts of its maps", known.bytes, counts, known.maps, hardMovedLimit);
+}
+
 } // namespace
 
 int main() {
@@ -97,6 +133,7 @@ int main() {
     }
     Row(table, "16 and 0 in turns", Each([](std::size_t i) { return i % 2 ? 0 : 16; }), hardLimit);
     Row(table, "30 and seven of 8", Each([](std::size_t i) { return i % 8 ? 8 : 30; }), hardLimit);
+    MovedRows(table);
     table.Difference("memory, MiB", {memory, 0}, memoryLimit);
     return table.AnyOver() ? 1 : 0;
 }

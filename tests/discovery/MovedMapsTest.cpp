@@ -197,6 +197,18 @@ TEST_F(TMovedMapsTest, TellsCopiesByPointers) {
     EXPECT_THAT(moved.maps[0], Says(TMovedFact::Pointers));
 }
 
+TEST_F(TMovedMapsTest, TellsCopiesByTheCodeThatNamesThem) {
+    other = family.Filling(2);
+    for (const std::uint32_t copy : {0x1000U, 0x1800U})
+        TPlainFamily::Put(other, copy, family.maps[0].Bytes());
+    EXPECT_EQ(Find().maps[0].sureness, TSureness::Unsure);
+    TPlainFamily::Put(image, 0x300, {0x96, 0x41, 0x27, 0xCE, 0xA0, 0x00, 0xBD, 0xC1, 0x17, 0x39});
+    TPlainFamily::Put(other, 0x700, {0x96, 0x41, 0x27, 0xCE, 0x98, 0x00, 0xBD, 0xC1, 0x17, 0x39});
+    ASSERT_TRUE(Find().maps[0].place);
+    EXPECT_EQ(Find().maps[0].place->offset, 0x1800);
+    EXPECT_THAT(Find().maps[0], Says(TMovedFact::Pointers));
+}
+
 // The known image has the map and one that is much like it; the other image has that one alone.
 TEST_F(TMovedMapsTest, IsUnsureWhenAnotherKnownMapIsAsLike) {
     TPlainMap like = family.maps[0];
@@ -275,7 +287,19 @@ TEST_F(TMovedMapsTest, OfHostileBytesIsNeverSure) {
     EXPECT_FALSE(moved.revLimiter.offset);
 }
 
-TEST_F(TMovedMapsTest, NoTwoOfRandomRevisionsAreWrongAndSure) {
+TEST_F(TMovedMapsTest, KnowsWhatAMappedImageHas) {
+    TMappedImage mapped(image);
+    std::array<std::optional<std::uint32_t>, 6> offsets{};
+    offsets[0] = 0x2000;
+    offsets[5] = 0x2340;
+    mapped.PlaceAt(offsets, {}, {});
+    const TKnownImage found = KnownImage(mapped);
+    EXPECT_EQ(found.maps, offsets);
+    EXPECT_EQ(found.revLimiter, std::nullopt);
+    EXPECT_EQ(found.bytes.size(), image.size());
+}
+
+TEST_F(TMovedMapsTest, NoneOfRandomRevisionsIsWrongAndSure) {
     std::mt19937 random(7);
     int right = 0;
     int all = 0;

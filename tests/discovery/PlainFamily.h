@@ -2,6 +2,7 @@
 #pragma once
 
 #include "discovery/MovedMaps.h"
+#include "truth/Chance.h"
 
 #include <random>
 #include <vector>
@@ -25,7 +26,7 @@ struct TPlainMap {
 
 class TPlainFamily {
 public:
-    using TBytes = std::vector<std::uint8_t>;
+    using TBytes = ::TBytes;
     static constexpr std::size_t size = 0x4000;
     static constexpr std::uint32_t revLimiter = 0x0105;
     static constexpr std::array<std::uint32_t, 6> places{0x2000, 0x2100, 0x2140,
