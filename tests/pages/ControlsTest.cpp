@@ -483,10 +483,10 @@ TEST_F(TControlsTest, TheHelpWindowHasItsMemo) {
 }
 
 TEST_F(TControlsTest, NamesAreUniqueOnEachForm) {
-    for (const TForm form : {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::FuelChart,
-                             TForm::TimingChart, TForm::QuickChart, TForm::Contents, TForm::Changes,
-                             TForm::Compare, TForm::Earlier, TForm::FindMaps, TForm::MovedMaps,
-                             TForm::Offsets}) {
+    for (const TForm form :
+         {TForm::ROM, TForm::Fuel, TForm::Timing, TForm::FuelChart, TForm::TimingChart,
+          TForm::QuickChart, TForm::Contents, TForm::Changes, TForm::Compare, TForm::Earlier,
+          TForm::FindMaps, TForm::MovedMaps, TForm::Offsets}) {
         std::map<QString, int> counts;
         for (const QWidget *widget : Form(form).findChildren<QWidget *>())
             if (!widget->objectName().startsWith("qt_") && !widget->objectName().isEmpty())
