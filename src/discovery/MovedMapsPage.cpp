@@ -87,7 +87,7 @@ QString TfrmMovedMaps::Headline() const {
         return std::ranges::count(outcome_->moved.maps, sureness, &TMovedMap::sureness);
     };
     const QString file = QFileInfo(QString::fromStdString(line_->Other()->Name())).fileName();
-    return tr("Of the maps of %1 are here: %2 sure, %3 unsure; %4 were not found")
+    return tr("Maps of %1 in this image: %2 sure, %3 unsure, %4 not found")
         .arg(file)
         .arg(count(TSureness::Sure))
         .arg(count(TSureness::Unsure))

@@ -114,8 +114,7 @@ TEST_F(TMovedMapsPageTest, SaysWhatIsMissing) {
 
 TEST_F(TMovedMapsPageTest, ListsWhereTheMapsLie) {
     Look();
-    EXPECT_EQ(Headline(),
-              "Of the maps of FERRO32K.BIN are here: 6 sure, 0 unsure; 0 were not found");
+    EXPECT_EQ(Headline(), "Maps of FERRO32K.BIN in this image: 6 sure, 0 unsure, 0 not found");
     EXPECT_EQ(Line(0), QStringList({"Fuel PT", "$6000", "$6300", "sure", ""}));
     EXPECT_EQ(Line(5), QStringList({"Timing WOT", "$6340", "$6640", "sure", ""}));
     EXPECT_EQ(Line(6), QStringList({"Max RPM", "$01F0", "$01F0", "sure", ""}));
