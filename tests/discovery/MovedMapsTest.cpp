@@ -144,11 +144,24 @@ TEST_F(TMovedMapsTest, LeavesOutWhatHasTheFormAlone) {
 TEST_F(TMovedMapsTest, IsUnsureOfValuesThatAreQuiteOther) {
     std::mt19937 random(5);
     for (std::uint8_t &byte : family.maps[0].body)
-        byte = static_cast<std::uint8_t>(40 + random() % 200);
+        byte = static_cast<std::uint8_t>(byte + random() % 40);
     other = family.Image(2, Shifted(0x100));
     const TMovedMaps moved = Find();
-    EXPECT_NE(moved.maps[0].sureness, TSureness::Sure);
+    EXPECT_EQ(moved.maps[0].sureness, TSureness::Unsure);
+    EXPECT_EQ(moved.maps[0].reasons.front().fact, TMovedFact::OtherValues);
+    EXPECT_NE(moved.maps[0].reasons.at(1).fact, TMovedFact::LittleToTell);
     ExpectSureAt(moved.maps[3], 0x2300);
+}
+
+TEST_F(TMovedMapsTest, IsUnsureOfAMapOfFewBytes) {
+    family.maps[1] = {{100, 80}, {}, {120, 130}};
+    image = family.Image(1, TPlainFamily::places);
+    other = family.Image(2, {0x3500, 0x0200, 0x0A31, 0x1000, 0x2F02, 0x0801});
+    const TMovedMap map = Find().maps[1];
+    ASSERT_TRUE(map.place);
+    EXPECT_EQ(map.place->offset, 0x0200);
+    EXPECT_EQ(map.sureness, TSureness::Unsure);
+    EXPECT_EQ(map.reasons.front().fact, TMovedFact::LittleToTell);
 }
 
 // The bytes of a map stand twice, and nothing else tells which of them is used.
@@ -164,13 +177,15 @@ TEST_F(TMovedMapsTest, IsUnsureOfTwoCopies) {
 
 // A copy of the old values, left where they were, beside new ones.
 TEST_F(TMovedMapsTest, IsUnsureOfAnOldCopyBesideTheChangedMap) {
-    for (const int change : {1, 3, 6}) {
+    for (const std::size_t change : {2U, 5U, 9U}) {
         TPlainFamily changed = family;
-        for (std::uint8_t &byte : changed.maps[1].body)
-            byte = static_cast<std::uint8_t>(byte + change);
+        for (std::size_t cell = 0; cell < changed.maps[0].body.size(); ++cell)
+            changed.maps[0].body[cell] =
+                static_cast<std::uint8_t>(changed.maps[0].body[cell] + cell % change);
         other = changed.Image(2, {0x3500, 0x0200, 0x0A31, 0x1000, 0x2F02, 0x0801});
-        TPlainFamily::Put(other, TPlainFamily::places[1], family.maps[1].Bytes());
-        EXPECT_EQ(Find().maps[1].sureness, TSureness::Unsure) << change;
+        TPlainFamily::Put(other, 0x1800, family.maps[0].Bytes());
+        EXPECT_EQ(Find().maps[0].sureness, TSureness::Unsure) << change;
+        EXPECT_THAT(Find().maps[0], Says(TMovedFact::Rival)) << change;
     }
 }
 
