@@ -93,7 +93,7 @@ void MovedRow(TTable &table, const std::string &what, const TBytes &known, const
         Measure(
             rounds,
             [&] {
-                return Time([&] { found += FindMovedMaps(from, image).maps[0].place ? 2 : 1; });
+                return Time([&] { found += FindMovedMaps(from, image).maps[0].place ? 2U : 1U; });
             },
             [&] { return Time([&] { sum += std::accumulate(image.begin(), image.end(), 0U); }); }),
         limit);

@@ -8,6 +8,7 @@
 namespace {
 // Evidence in bits, as in MapLikeness.cpp.
 constexpr double leastBits = 25;         ///< less resembles too little to be sure
+constexpr double leastContext = 40;      ///< of a linear map: a body of few values is easily met
 constexpr double leastMargin = 10;       ///< over other places, or it is not sure
 constexpr double leastAxis = 0.7;        ///< bits of a step, of 2
 constexpr double leastStrangeAxis = 1.8; ///< where all RAM locations are others
@@ -70,7 +71,8 @@ private:
     std::vector<TMovedReason> Against(TIndex map, TIndex option) const {
         std::vector<TMovedReason> reasons = Unlike(map, option);
         // Of its own: order and pointers are much the same in images of other families.
-        if (search_.Option(map, option).likeness.bits < leastBits)
+        if (search_.Option(map, option).likeness.bits < leastBits ||
+            (!search_.Option(map, option).place.Is2D() && ContextBits(map, option) < leastContext))
             reasons.push_back({TMovedFact::LittleToTell});
         if (const std::optional<TIndex> rival = Rival(map, option))
             reasons.push_back({TMovedFact::Rival, search_.Option(map, *rival).place.offset});

@@ -41,7 +41,7 @@ enum class TMovedFact {
     Alone,        ///< no other map moved by its distance: the distance
     OtherAxes,    ///< the axes differ much
     OtherValues,  ///< the values differ much
-    LittleToTell, ///< too little of it is the same
+    LittleToTell, ///< too little of it, or of what is around a linear map, is the same
     Rival,        ///< another place here is as good, or nearly: its offset
     KnownRival,   ///< another place of the known image is as like: its offset
     // Of the rev limiter:

@@ -46,7 +46,7 @@ const char *Sentence(TMovedFact fact) {
     case TMovedFact::OtherValues:
         return Translatable("MovedTexts", "The values differ much.");
     case TMovedFact::LittleToTell:
-        return Translatable("MovedTexts", "Too little of it is equal.");
+        return Translatable("MovedTexts", "Too little of it, or of what is around it, is equal.");
     case TMovedFact::Rival:
         return Translatable("MovedTexts", "Another place resembles it too: %1.");
     case TMovedFact::KnownRival:

@@ -67,8 +67,22 @@ TEST_F(TMovedMapsTest, FindsMapsThatMovedEachByItself) {
     const TPlaces places{0x3500, 0x0200, 0x0A31, 0x1000, 0x2F02, 0x0801};
     other = family.Image(2, places);
     const TMovedMaps moved = Find();
-    ExpectAllSureAt(moved, places);
+    for (const std::size_t map : {0U, 3U})
+        ExpectSureAt(moved.maps[map], places[map]);
     EXPECT_THAT(moved.maps[1], Says(TMovedFact::Alone));
+}
+
+// A body of few values is easily met, or left behind as an old copy.
+TEST_F(TMovedMapsTest, IsUnsureOfLinearMapsForWhichNothingElseSpeaks) {
+    const TPlaces places{0x3500, 0x0200, 0x0A31, 0x1000, 0x2F02, 0x0801};
+    other = family.Image(2, places);
+    const TMovedMaps moved = Find();
+    for (const std::size_t map : {1U, 2U, 4U, 5U}) {
+        ASSERT_TRUE(moved.maps[map].place);
+        EXPECT_EQ(moved.maps[map].place->offset, places[map]);
+        EXPECT_EQ(moved.maps[map].sureness, TSureness::Unsure);
+        EXPECT_EQ(moved.maps[map].reasons.front().fact, TMovedFact::LittleToTell);
+    }
 }
 
 TEST_F(TMovedMapsTest, FindsMapsWhoseValuesChanged) {
