@@ -11,6 +11,16 @@
 
 namespace {
 
+/// The same maps, found in three ways.
+struct TWays {
+    TKindTally searches;
+    TKindTally searchesWithCells; ///< in images whose RPM cell is told
+    TKindTally list;              ///< its likely maps
+
+    void Count(const TTruthImage &image, const TFoundMaps &found);
+    void Write(std::ostream &out, const std::string &what) const;
+};
+
 /// All that the report counts.
 struct TCounts {
     std::map<std::string, TListTally> byFlavour;
@@ -18,9 +28,9 @@ struct TCounts {
     std::map<std::string, TListTally> others;
     TListTally all;
     TListTally allOthers;
-    TKindTally stated;
-    TKindTally statedWithCells; ///< in images whose RPM cell is told
-    TKindTally likely;
+    TWays ways;
+    std::map<std::string, TWays> waysByFiller;
+    std::map<std::string, int> lastPlaces; ///< of the last true map, in images of six
     double milliseconds = 0;
 
     void AddImage(const TTruthImage &image);
@@ -28,8 +38,45 @@ struct TCounts {
 
 private:
     TFoundMaps Find(const TTruthImage &image);
-    void CompareSearches(const TTruthImage &image, const TFoundMaps &found);
 };
+
+void TWays::Count(const TTruthImage &image, const TFoundMaps &found) {
+    const auto count = [&](TKindTally &tally, std::optional<std::uint8_t> rpm,
+                           std::optional<std::uint8_t> load) {
+        tally.Truth(image);
+        for (const TMarkedMap &map : MarkedMaps(image.bytes, rpm, load))
+            tally.Find(image, map.place, map.contents);
+    };
+    const auto cell = [](const std::optional<TSharedHeader> &header) {
+        return header ? std::optional(header->location) : std::nullopt;
+    };
+    count(searches, {}, {});
+    if (found.rpmLocation)
+        count(searchesWithCells, cell(found.rpmLocation), cell(found.loadLocation));
+    list.Truth(image);
+    for (std::size_t i = 0; i < found.likely; ++i)
+        list.Find(image, found.maps[i].place, found.maps[i].contents);
+}
+
+void TWays::Write(std::ostream &out, const std::string &what) const {
+    searches.WriteRow(out, what + ": the four searches");
+    searchesWithCells.WriteRow(out, what + ": with the RAM cells, where they are told");
+    list.WriteRow(out, what + ": the list, its likely ones");
+}
+
+/// Where the last true map stands.
+std::string LastPlace(const TTruthImage &image, const TFoundMaps &found) {
+    std::size_t last = 0;
+    std::size_t listed = 0;
+    for (std::size_t i = 0; i < found.maps.size(); ++i)
+        if (TruthAt(image, found.maps[i].place)) {
+            last = i + 1;
+            ++listed;
+        }
+    if (listed < image.maps.size())
+        return "not listed";
+    return last == 6 ? "6" : last <= 12 ? "7 to 12" : "behind";
+}
 
 TFoundMaps TCounts::Find(const TTruthImage &image) {
     const auto start = std::chrono::steady_clock::now();
@@ -39,30 +86,15 @@ TFoundMaps TCounts::Find(const TTruthImage &image) {
     return found;
 }
 
-void TCounts::CompareSearches(const TTruthImage &image, const TFoundMaps &found) {
-    for (TKindTally *tally : {&stated, &likely})
-        tally->Truth(image);
-    for (const TMarkedMap &map : MarkedMaps(image.bytes, {}, {}))
-        stated.Find(image, map.place, map.contents);
-    const auto cell = [](const std::optional<TSharedHeader> &header) {
-        return header ? std::optional(header->location) : std::nullopt;
-    };
-    for (std::size_t i = 0; i < found.likely; ++i)
-        likely.Find(image, found.maps[i].place, found.maps[i].contents);
-    if (!found.rpmLocation)
-        return;
-    statedWithCells.Truth(image);
-    for (const TMarkedMap &map :
-         MarkedMaps(image.bytes, cell(found.rpmLocation), cell(found.loadLocation)))
-        statedWithCells.Find(image, map.place, map.contents);
-}
-
 void TCounts::AddImage(const TTruthImage &image) {
     const TFoundMaps found = Find(image);
     byFlavour[FlavourName(image.flavour)].Count(image, found);
     byFiller[image.filler].Count(image, found);
     all.Count(image, found);
-    CompareSearches(image, found);
+    ways.Count(image, found);
+    waysByFiller[image.filler].Count(image, found);
+    if (image.maps.size() == 6)
+        ++lastPlaces[LastPlace(image, found)];
 }
 
 void TCounts::AddOther(const TTruthImage &file) {
@@ -92,10 +124,12 @@ void WriteReport(std::ostream &out, TCorpusHalf half, std::uint32_t images) {
     WriteRows(out, "filled with", counts.byFiller, counts.all);
     WriteRows(out, "other files", counts.others, counts.allOthers);
     TKindTally::WriteHead(out);
-    counts.stated.WriteRow(out, "the four searches");
-    counts.statedWithCells.WriteRow(out,
-                                    "the four searches with the RAM cells, where they are told");
-    counts.likely.WriteRow(out, "the list, its likely ones");
+    counts.ways.Write(out, "all");
+    for (const auto &[filler, ways] : counts.waysByFiller)
+        ways.Write(out, filler);
+    out << "\nplace of the last true map in images of six:";
+    for (const auto &[place, times] : counts.lastPlaces)
+        out << " " << place << ": " << times << ";";
     out << "\nall true maps in the first places: " << counts.all.InFront() << " of "
         << counts.all.WithMaps() << " images\n"
         << std::fixed << std::setprecision(1) << "milliseconds per MiB: "

@@ -1,16 +1,17 @@
 // Makes images with the truth about them, fits how maps are found to them, and reports how well
 // they are found. What for: docs/discovery.md.
 #include "discovery/FindTexts.h"
+#include "system/ReadFile.h"
 #include "truth/Fit.h"
 #include "truth/Moved.h"
 #include "truth/Report.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 
@@ -52,16 +53,14 @@ void Write(TCorpusHalf half, std::uint32_t images, const std::filesystem::path &
 }
 
 void Find(const char *file) {
-    std::ifstream in(file, std::ios::binary);
+    constexpr std::uint64_t most = 0x100000; // bytes; what lies behind them is left out
     TTruthImage image{file, TFlavour::NoMaps, "", {}, {}, {}, {}};
-    image.bytes.assign(std::istreambuf_iterator<char>(in), {});
-    image.bytes.resize(std::min<std::size_t>(image.bytes.size(), 0x100000));
+    image.bytes = ReadWholeFile(file, std::uint64_t{1} << 32);
+    image.bytes.resize(std::min<std::size_t>(image.bytes.size(), most));
     WriteFinds(std::cout, image);
 }
 
-} // namespace
-
-int main(int argc, char **argv) {
+int Run(int argc, char **argv) {
     const std::string command = argc > 2 ? argv[1] : "";
     if (command == "fit")
         WriteFit(std::cout, NumberOf(argv[2]));
@@ -81,4 +80,15 @@ int main(int argc, char **argv) {
         return 2;
     }
     return std::cout.good() ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception &error) {
+        std::cerr << "ferrolyn_truth: " << error.what() << "\n";
+        return 1;
+    }
 }
