@@ -5,7 +5,7 @@
 #include "MadeMaps.h"
 #include "discovery/FindTexts.h"
 #include "samples/SampleImage.h"
-#include "truth/Corpus.h"
+#include "truth/Tally.h"
 
 #include <numeric>
 
@@ -136,64 +136,59 @@ TEST(FoundMaps, TellNoLocationOfTwoHeadersHalfAndHalf) {
 
 // The goals, on images and files that the fit has not seen, two processors among them.
 
-struct TQuality {
-    int maps = 0;
-    int amongFirst = 0;
-    int falseBefore = 0;
-    int falseLikely = 0;
-    int images = 0;
-    int rpmRight = 0;
-    int loadRight = 0;
-    double units = 0; ///< of 64 KiB
-};
-
-void Count(TQuality &quality, const TTruthImage &image) {
+void Count(TListTally &tally, const TTruthImage &image) {
     const TFoundMaps found = FindMaps(image.bytes);
     ExpectOrder(image.bytes, found);
-    const auto isTrue = [&](const TFoundMap &map) {
-        return std::ranges::find(image.maps, map.place, &TTrueMap::place) != image.maps.end();
-    };
-    int falseOnes = 0;
-    int falseBefore = 0;
-    for (std::size_t i = 0; i < found.maps.size(); ++i) {
-        if (isTrue(found.maps[i])) {
-            falseBefore = falseOnes;
-            quality.amongFirst += i < 12 ? 1 : 0;
-            continue;
-        }
-        ++falseOnes;
-        quality.falseLikely += i < found.likely ? 1 : 0;
-    }
-    quality.falseBefore += falseBefore;
-    quality.maps += static_cast<int>(image.maps.size());
-    quality.units += double(image.bytes.size()) / 0x10000;
-    if (image.maps.size() < 5 || !image.rpmLocation)
-        return;
-    ++quality.images;
-    const auto right = [](const auto &header, const auto &truth) {
-        return header && header->location == truth;
-    };
-    quality.rpmRight += right(found.rpmLocation, image.rpmLocation) ? 1 : 0;
-    quality.loadRight += right(found.loadLocation, image.loadLocation) ? 1 : 0;
+    tally.Count(image, found);
 }
 
 TEST(FoundMaps, ReachTheGoalsOnHeldOutImages) {
-    TQuality quality;
+    TListTally tally;
     for (std::uint32_t i = 1000; i < 1080; ++i)
-        Count(quality, MakeTruthImage(TCorpusHalf::HeldOut, i));
-    ASSERT_GT(quality.maps, 300);
-    ASSERT_GT(quality.images, 40);
-    EXPECT_GE(quality.amongFirst, 0.95 * quality.maps);
-    EXPECT_LE(quality.falseBefore, quality.units);
-    EXPECT_GE(quality.rpmRight, 0.95 * quality.images);
-    EXPECT_GE(quality.loadRight, 0.95 * quality.images);
+        Count(tally, MakeTruthImage(TCorpusHalf::HeldOut, i));
+    ASSERT_GT(tally.maps, 300);
+    ASSERT_GT(tally.withRpm, 40);
+    ASSERT_GT(tally.withLoad, 40);
+    EXPECT_GE(tally.amongFirst, 0.95 * tally.maps);
+    EXPECT_LE(tally.falseBefore, tally.Units());
+    EXPECT_GE(tally.rpmRight, 0.95 * tally.withRpm);
+    EXPECT_GE(tally.loadRight, 0.95 * tally.withLoad);
 }
 
 TEST(FoundMaps, AreHardlyEverLikelyInOtherFiles) {
-    TQuality quality;
+    TListTally tally;
     for (std::uint32_t i = 0; i < 42; ++i)
-        Count(quality, MakeOtherFile(TCorpusHalf::HeldOut, i));
-    EXPECT_LE(quality.falseLikely, 0.1 * quality.units);
+        Count(tally, MakeOtherFile(TCorpusHalf::HeldOut, i));
+    EXPECT_LE(tally.likelyFalse, 0.1 * tally.Units());
+}
+
+// The counts that the goals are measured by.
+
+TEST(ListTally, CountsTrueAndFalseOnesByTheirPlaces) {
+    TTruthImage image = MakeTruthImage(TCorpusHalf::HeldOut, 0);
+    ASSERT_EQ(image.maps.size(), 6U);
+    TFoundMaps found = FindMaps(image.bytes);
+    ASSERT_EQ(found.likely, 6U);
+    TListTally tally;
+    tally.Count(image, found);
+    EXPECT_EQ(tally.amongFirst, 6);
+    EXPECT_EQ(tally.likelyTrue, 6);
+    EXPECT_EQ(tally.likelyFalse, 0);
+    EXPECT_EQ(tally.falseBefore, 0);
+    EXPECT_EQ(tally.inFront, 1);
+    EXPECT_EQ(tally.rpmRight, 1);
+    EXPECT_EQ(tally.wrong, 0);
+
+    image.maps.erase(std::ranges::find(image.maps, found.maps[0].place, &TTrueMap::place));
+    found.rpmLocation->location ^= 1;
+    TListTally worse;
+    worse.Count(image, found);
+    EXPECT_EQ(worse.likelyTrue, 5);
+    EXPECT_EQ(worse.likelyFalse, 1);
+    EXPECT_EQ(worse.falseBefore, 1);
+    EXPECT_EQ(worse.inFront, 0);
+    EXPECT_EQ(worse.rpmRight, 0);
+    EXPECT_EQ(worse.wrong, 1);
 }
 
 // In words.

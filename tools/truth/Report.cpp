@@ -130,10 +130,10 @@ void WriteReport(std::ostream &out, TCorpusHalf half, std::uint32_t images) {
     out << "\nplace of the last true map in images of six:";
     for (const auto &[place, times] : counts.lastPlaces)
         out << " " << place << ": " << times << ";";
-    out << "\nall true maps in the first places: " << counts.all.InFront() << " of "
-        << counts.all.WithMaps() << " images\n"
+    out << "\nall true maps in the first places: " << counts.all.inFront << " of "
+        << counts.all.withMaps << " images\n"
         << std::fixed << std::setprecision(1) << "milliseconds per MiB: "
-        << counts.milliseconds / (counts.all.Bytes() + counts.allOthers.Bytes()) * 0x100000 << "\n";
+        << counts.milliseconds / (counts.all.bytes + counts.allOthers.bytes) * 0x100000 << "\n";
 }
 
 void WriteFinds(std::ostream &out, const TTruthImage &image) {

@@ -31,9 +31,9 @@ const TTrueMap *TruthAt(const TTruthImage &image, const TMapPlace &place) {
 }
 
 void TListTally::Count(const TTruthImage &image, const TFoundMaps &found) {
-    ++images_;
-    bytes_ += double(image.bytes.size());
-    maps_ += static_cast<int>(image.maps.size());
+    ++images;
+    bytes += double(image.bytes.size());
+    maps += static_cast<int>(image.maps.size());
     int falseOnes = 0;
     int falseBeforeLast = 0;
     int right = 0;
@@ -42,36 +42,36 @@ void TListTally::Count(const TTruthImage &image, const TFoundMaps &found) {
         const bool likely = i < found.likely;
         if (!truth) {
             ++falseOnes;
-            likelyFalse_ += likely ? 1 : 0;
+            likelyFalse += likely ? 1 : 0;
             continue;
         }
         ++right;
         falseBeforeLast = falseOnes;
-        amongFirst_ += i < firstPlaces ? 1 : 0;
-        likelyTrue_ += likely ? 1 : 0;
-        rightKind_ +=
+        amongFirst += i < firstPlaces ? 1 : 0;
+        likelyTrue += likely ? 1 : 0;
+        rightKind +=
             truth->contents == found.maps[i].contents && truth->kind == found.maps[i].kind ? 1 : 0;
     }
-    falseBefore_ += falseBeforeLast;
+    falseBefore += falseBeforeLast;
     const bool any = !image.maps.empty();
-    withMaps_ += any ? 1 : 0;
-    inFront_ += any && falseBeforeLast == 0 && right == std::ssize(image.maps) ? 1 : 0;
+    withMaps += any ? 1 : 0;
+    inFront += any && falseBeforeLast == 0 && right == std::ssize(image.maps) ? 1 : 0;
     CountLocations(image, found);
 }
 
 void TListTally::CountLocations(const TTruthImage &image, const TFoundMaps &found) {
     const bool rpm = IsRight(found.rpmLocation, image.rpmLocation);
     const bool load = IsRight(found.loadLocation, image.loadLocation);
-    wrong_ += (found.rpmLocation && !rpm ? 1 : 0) + (found.loadLocation && !load ? 1 : 0);
+    wrong += (found.rpmLocation && !rpm ? 1 : 0) + (found.loadLocation && !load ? 1 : 0);
     if (image.maps.size() < 5)
         return;
     if (image.rpmLocation) {
-        ++withFive_;
-        rpmRight_ += rpm ? 1 : 0;
+        ++withRpm;
+        rpmRight += rpm ? 1 : 0;
     }
     if (image.loadLocation) {
-        ++withFiveLoad_;
-        loadRight_ += load ? 1 : 0;
+        ++withLoad;
+        loadRight += load ? 1 : 0;
     }
 }
 
@@ -83,12 +83,12 @@ void TListTally::WriteHead(std::ostream &out, const std::string &what) {
 }
 
 void TListTally::WriteRow(std::ostream &out, const std::string &what) const {
-    const double units = std::max(bytes_, 1.0) / unit;
-    out << "| " << what << " | " << images_ << " | " << maps_ << " | "
-        << Percent(amongFirst_, maps_) << " | " << Percent(likelyTrue_, maps_) << " | "
-        << Decimals(likelyFalse_ / units, 2) << " | " << Decimals(falseBefore_ / units, 2) << " | "
-        << Percent(rightKind_, maps_) << " | " << Percent(rpmRight_, withFive_) << " | "
-        << Percent(loadRight_, withFiveLoad_) << " | " << wrong_ << " |\n";
+    const double units = std::max(Units(), 1e-9);
+    out << "| " << what << " | " << images << " | " << maps << " | " << Percent(amongFirst, maps)
+        << " | " << Percent(likelyTrue, maps) << " | " << Decimals(likelyFalse / units, 2) << " | "
+        << Decimals(falseBefore / units, 2) << " | " << Percent(rightKind, maps) << " | "
+        << Percent(rpmRight, withRpm) << " | " << Percent(loadRight, withLoad) << " | " << wrong
+        << " |\n";
 }
 
 TKindTally::TCount &TKindTally::Of(TMapShape shape, TMapContents contents) {
