@@ -5,9 +5,6 @@
 #include "model/Numbers.h"
 #include "system/Texts.h"
 
-#include <array>
-#include <cstdio>
-
 namespace {
 /// "64 KiB", or bytes where it is no whole number of them.
 std::string SizeText(std::size_t size) {
@@ -25,17 +22,11 @@ std::string LikelyText(std::size_t likely, const std::string &size) {
     return Filled(text, {std::to_string(likely), size});
 }
 
-/// "$4A".
-std::string LocationName(int location) {
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "$%02X", static_cast<unsigned>(location) & 0xFFU);
-    return text.data();
-}
-
 /// Of a search parameter.
 std::string ParameterText(std::int32_t location) {
     return location < 0 ? Translated("TfrmKey", "(not specified)")
-                        : Filled("%1 (%2)", {std::to_string(location), LocationName(location)});
+                        : Filled("%1 (%2)", {std::to_string(location),
+                                             HexByte(static_cast<TCellValue>(location & 0xFF))});
 }
 } // namespace
 

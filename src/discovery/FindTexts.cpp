@@ -1,11 +1,11 @@
 #include "discovery/FindTexts.h"
 
+#include "filedisplay/ContentsTexts.h"
 #include "system/Texts.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdio>
 
 namespace {
 
@@ -64,10 +64,9 @@ std::string LocationText(const char *told, const char *unknown,
                          const std::optional<TSharedHeader> &header) {
     if (!header)
         return Translated("FindTexts", unknown);
-    std::array<char, 4> digits{};
-    std::snprintf(digits.data(), digits.size(), "%02X", unsigned{header->location});
-    return Filled(Translated("FindTexts", told),
-                  {digits.data(), std::to_string(header->maps), std::to_string(header->ofMaps)});
+    return Filled(
+        Translated("FindTexts", told),
+        {HexByte(header->location), std::to_string(header->maps), std::to_string(header->ofMaps)});
 }
 
 } // namespace
@@ -115,13 +114,13 @@ std::vector<TReason> Reasons(const TFoundMap &map) {
 }
 
 std::string RpmLocationText(const TFoundMaps &found) {
-    return LocationText(Translatable("FindTexts", "RPM in RAM cell $%1: %2 of %3 likely maps"),
+    return LocationText(Translatable("FindTexts", "RPM in RAM cell %1: %2 of %3 likely maps"),
                         Translatable("FindTexts", "RAM cell of RPM: cannot tell"),
                         found.rpmLocation);
 }
 
 std::string LoadLocationText(const TFoundMaps &found) {
-    return LocationText(Translatable("FindTexts", "Load in RAM cell $%1: %2 of %3 likely maps"),
+    return LocationText(Translatable("FindTexts", "Load in RAM cell %1: %2 of %3 likely maps"),
                         Translatable("FindTexts", "RAM cell of load: cannot tell"),
                         found.loadLocation);
 }

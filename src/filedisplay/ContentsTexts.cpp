@@ -13,13 +13,6 @@ std::string Address(std::size_t offset) {
     return text.data();
 }
 
-/// "$" and two digits.
-std::string HexByte(TCellValue value) {
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "$%02X", static_cast<unsigned>(value));
-    return text.data();
-}
-
 std::string Counted(const TFound &found, const std::string &none, const std::string &one,
                     const std::string &many) {
     if (found.count == 0)
@@ -28,6 +21,12 @@ std::string Counted(const TFound &found, const std::string &none, const std::str
                   {Address(found.first), std::to_string(found.count)});
 }
 } // namespace
+
+std::string HexByte(TCellValue value) {
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "$%02X", static_cast<unsigned>(value));
+    return text.data();
+}
 
 std::string FoundCells(const TFound &found) {
     return Counted(found, Translated("ContentsTexts", "No cell found"),

@@ -7,6 +7,9 @@
 
 #include <string>
 
+/// "$" and two digits.
+std::string HexByte(TCellValue value);
+
 /// "12 cells, first at $B2C6"; the other two likewise.
 std::string FoundCells(const TFound &found);
 std::string FoundPointers(const TFound &found);
