@@ -6,8 +6,8 @@
 
 packages_of() {
     case $1 in
-        # Compiler, build tool, toolkit, digests.
-        build) echo g++ cmake ninja-build pkg-config qt6-base-dev libxcb1-dev nettle-dev ;;
+        # Compiler, build tool, toolkit, digests, arguments and JSON.
+        build) echo g++ cmake ninja-build pkg-config qt6-base-dev libxcb1-dev nettle-dev libcli11-dev nlohmann-json3-dev ;;
         # What the program's window needs.
         run) echo fonts-dejavu-core ;;
         # The toolkit's window system for a desktop without X.

@@ -63,15 +63,25 @@ void TMappedImage::PlaceAt(const std::array<std::optional<std::uint32_t>, 6> &of
     ShowAs(others);
 }
 
-void TMappedImage::PlaceBySpec(const std::filesystem::path &spec) {
+bool TMappedImage::PlaceBySpec(const std::filesystem::path &spec) {
     TSpecReading reading;
     InForce([&] { reading = ReadSpec(spec, *maps_); });
     ShowAs(*maps_); // cells that were just read show counts
     if (reading.error)
         std::rethrow_exception(reading.error);
+    return reading.placed;
+}
+
+void TMappedImage::ShowUnits(bool units) {
+    maps_->fuelMapSet.SetShowConverted(units);
+    maps_->timingMapSet.SetShowConverted(units);
 }
 
 void TMappedImage::InForce(const std::function<void()> &look) const {
     const TImageInForce inForce(contents_);
     look();
+}
+
+void TMappedImage::Change(const std::function<void(TWorkspace &maps)> &change) {
+    InForce([&] { change(*maps_); });
 }

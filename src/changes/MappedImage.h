@@ -40,12 +40,19 @@ public:
     void PlaceAt(const std::array<std::optional<std::uint32_t>, 6> &offsets,
                  const TTimingConstants &timing, const TWorkspace &others);
 
-    /// Places them by a spec file. Throws EFileError or EConvertError as reading it does: the
-    /// maps are then where the part of it that could be read has placed them.
-    void PlaceBySpec(const std::filesystem::path &spec);
+    /// Places them by a spec file; false when one of its numbers is no integer, which places
+    /// nothing. Throws EFileError or EConvertError as reading it does: the maps are then where the
+    /// part of it that could be read has placed them.
+    bool PlaceBySpec(const std::filesystem::path &spec);
+
+    /// Shows engineering units, or counts.
+    void ShowUnits(bool units);
 
     /// Runs `look` while this image is in force.
     void InForce(const std::function<void()> &look) const;
+
+    /// As InForce, for what changes the maps and saves them into the image.
+    void Change(const std::function<void(TWorkspace &maps)> &change);
 
 private:
     mutable TROMContents contents_; ///< goes away only while it is in force

@@ -35,6 +35,10 @@ std::string Words(TNoteTime time, const TWords &words, const std::string &text,
 }
 } // namespace
 
+bool CanBeStored(const TVal &value, double number) {
+    return Taken(value, number) != nullptr;
+}
+
 std::string StoredNote(const TVal &value, const std::string &picture, const std::string &text,
                        TNoteTime time) {
     const std::optional<double> number = TryParseReal(text);

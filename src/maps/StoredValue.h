@@ -10,6 +10,9 @@
 /// Whether the note is read before or after "Commit".
 enum class TNoteTime { Before, After };
 
+/// Whether the value takes the number at all: not outside 32 bits, nor an angle without a divider.
+bool CanBeStored(const TVal &value, double number);
+
 /// What the byte of `value` becomes by a text, such as "5.87 does not fit a byte: 1.87 will be
 /// stored" or "0.999 will be stored as 1.00". Empty when the byte shows that number again or is
 /// exactly it, and for a text that is no number.

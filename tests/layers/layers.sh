@@ -30,8 +30,11 @@ check() {
     local file=$1 place=$2 include=$3
     local name=${include:1:-1}
 
-    if [[ $include == \"* && ! $name =~ ^(system|model|forms|spec|maps|filedisplay|changes|discovery)/ && $name != *.moc ]]; then
+    if [[ $include == \"* && ! $name =~ ^(system|model|forms|spec|maps|filedisplay|changes|discovery|cli)/ && $name != *.moc ]]; then
         breach "$place" "not written from the folder src/" "$include"
+    fi
+    if [[ $name == cli/* && $file != cli/* ]]; then
+        breach "$place" "the command line is known to nobody" "$include"
     fi
     if [[ $name == spec/main.h && $file != ferrolyn.cpp && $file != spec/main.cpp ]]; then
         breach "$place" "the main window is known to the entry alone" "$include"
@@ -39,6 +42,9 @@ check() {
 
     # The library of digests is known to one unit.
     [[ $file == system/Sha256.cpp && $include == "<nettle/sha2.h>" ]] && return
+
+    # The libraries of the command line: arguments and JSON.
+    [[ $file == cli/* && $include =~ ^"<"(CLI/CLI|nlohmann/json)\.hpp">"$ ]] && return
 
     # What a system does its own way is in files that are named after it.
     if [[ ! $file =~ ^system/.*(Linux|Windows)\.(h|cpp)$ ]]; then
@@ -57,6 +63,10 @@ check() {
     elif [[ $file =~ ^($core_units)\.(h|cpp)$ ]]; then
         if [[ ! $name =~ ^((system|model)/.*|($core_units)\.h)$ ]] && ! is_standard "$include"; then
             breach "$place" "a core unit knows system/, the model and the standard library alone" "$include"
+        fi
+    elif [[ $file == cli/* ]]; then
+        if [[ ! $name =~ ^((system|model|cli)/.*|($core_units)\.h)$ ]] && ! is_standard "$include"; then
+            breach "$place" "the command line knows the core and its two libraries alone" "$include"
         fi
     elif [[ $file == forms/* ]]; then
         if [[ $name =~ ^(spec|maps|filedisplay|changes|discovery)/ ]]; then

@@ -1,0 +1,12 @@
+// The table of all commands. Each is in a file of its own, Command...cpp.
+#pragma once
+
+#include "cli/Command.h"
+
+#include <span>
+
+/// In the order of the help.
+std::span<const TCommand> Commands();
+
+// What declares each; see TCommand.
+TRun DeclareSet(CLI::App &app);

@@ -1,0 +1,7 @@
+#include "system/Terminal.h"
+
+#include <unistd.h>
+
+bool IsTerminal(TStream stream) {
+    return isatty(stream == TStream::Output ? STDOUT_FILENO : STDERR_FILENO) == 1;
+}
