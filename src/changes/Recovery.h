@@ -32,7 +32,7 @@ public:
     /// Called, by the thread too, when there are offers or a problem, so that somebody Looks again.
     std::function<void()> OnNews = [] {};
 
-    /// A file was read into the process's image, perhaps the same one again. What was kept of the
+    /// A file was read into the image in force, perhaps the same one again. What was kept of the
     /// bytes in memory until then stays and is offered with the image that it belongs to.
     void ImageRead();
     /// The bytes of `target` are about to be replaced by those of the image: they are kept, once a

@@ -17,7 +17,7 @@ constexpr double sameNumber = 1e-6; // a hundredth of a percent is the least ste
 
 [[noreturn]] void RefuseForm(std::string_view text) {
     Refuse("'" + std::string(text) + "'",
-           "no place in a map, such as fuel-pt[3000,60], fuel-pt[#5,#3], fuel-wot[3000] or "
+           "no place in a map, such as fuel-pt[3120,56], fuel-pt[#5,#3], fuel-wot[3120] or "
            "fuel-pt.rpm[3]");
 }
 

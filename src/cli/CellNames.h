@@ -1,8 +1,8 @@
 // How places in maps are written: cells, ranges of cells, points of axes.
 //
-//   fuel-pt[3000,60]     the cell at 3000 rpm and 60 % load
+//   fuel-pt[3120,56]     the cell at 3120 rpm and 56 % load
 //   fuel-pt[#5,#3]       the cell in column 5, row 3, counted from 1
-//   fuel-wot[3000]       of a map with one axis
+//   fuel-wot[3120]       of a map with one axis
 //   fuel-pt[1000:3000,60:#12], fuel-pt[:,60], fuel-pt    cells from one point to another, or all
 //   fuel-pt.rpm[3], fuel-pt.load[3]                      a point of an axis, counted from 1
 #pragma once
@@ -44,5 +44,5 @@ TCellRange CellsNamed(const TCellNames &names, const TMap &map);
 /// As CellsNamed for a place that is one cell; throws for more.
 TCellRange CellNamed(const TCellNames &names, const TMap &map);
 
-/// How the cell of the map's grid is written, by its axes' values: "fuel-pt[3000,60]".
+/// How the cell of the map's grid is written, by its axes' values: "fuel-pt[3120,56]".
 std::string CellName(TMapId id, const TMap &map, int column, int row);

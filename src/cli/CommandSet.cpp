@@ -22,7 +22,7 @@ struct TAssignment {
 TAssignment ReadAssignment(const std::string &text) {
     const std::size_t equals = text.find('=');
     if (equals == std::string::npos)
-        throw EWrongUse("'" + text + "': no '='; it is PLACE=VALUE, as fuel-pt[3000,60]=0.98");
+        throw EWrongUse("'" + text + "': no '='; it is PLACE=VALUE, as fuel-pt[3120,56]=0.98");
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 

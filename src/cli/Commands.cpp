@@ -5,7 +5,8 @@
 std::span<const TCommand> Commands() {
     static constexpr std::array<TCommand, 1> commands{{
         {"set", "Change cells, points of axes or the rev limiter",
-         "ferrolyn-cli set ECU.BIN --spec ECU.SPC 'fuel-pt[3000,60]=0.98' rev-limiter=6800 -o "
+         "ferrolyn-cli set FERRO32K.BIN --spec FERRO32K.SPC 'fuel-pt[3120,56]=0.98' "
+         "rev-limiter=6800 -o "
          "NEW.BIN",
          DeclareSet},
     }};

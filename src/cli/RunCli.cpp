@@ -73,24 +73,24 @@ private:
 };
 
 /// Help goes where results do.
-TExit Answer(TCommandLine &line, const CLI::ParseError &error, TConsole &console) {
-    if (error.get_exit_code() != 0)
-        return Wrong(console, line.Command(), error.what());
-    line.App().exit(error, console.out, console.err);
-    return TExit::Done;
+TExit Answer(TCommandLine &line, const std::vector<std::string> &arguments, TConsole &console) {
+    try {
+        line.Parse(arguments);
+    } catch (const CLI::Success &asked) {
+        line.App().exit(asked, console.out, console.err);
+        return TExit::Done;
+    }
+    return line.Run()(console);
 }
 } // namespace
 
 TExit RunCli(const std::vector<std::string> &arguments, TConsole &console) {
     TCommandLine line;
     try {
-        line.Parse(arguments);
-        const TExit exit = line.Run()(console);
+        const TExit exit = Answer(line, arguments, console);
         if (!console.out.flush())
-            return Wrong(console, line.Command(), "standard output cannot be written");
+            throw EWrongUse("standard output cannot be written");
         return exit;
-    } catch (const CLI::ParseError &error) {
-        return Answer(line, error, console);
     } catch (const std::bad_alloc &) {
         return Wrong(console, line.Command(), "out of memory");
     } catch (const std::exception &error) {

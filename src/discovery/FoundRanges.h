@@ -16,7 +16,7 @@ struct TAxisRange {
     double SortKey() const { return first * 100000 + last; }
 };
 
-// Both decode the axis in the process's image as map pages do; see model/Axes.h.
+// Both decode the axis in the image in force as map pages do; see model/Axes.h.
 
 TAxisRange RpmRange(const TMapPlace &place);
 /// None of a linear map.

@@ -5,6 +5,8 @@
 #include "model/ROMImage.h"
 #include "system/Texts.h"
 
+#include <algorithm>
+#include <cmath>
 #include <exception>
 #include <memory>
 
@@ -22,6 +24,12 @@ std::unique_ptr<TVal> Taken(const TVal &value, double number) {
     }
     SetMessageHook(hook);
     return refused ? nullptr : std::move(copy);
+}
+
+/// 249 counts of 0.4 are 99.6, though not to the last bit.
+bool IsSame(double one, double other) {
+    constexpr double lastBits = 1e-12;
+    return std::abs(one - other) <= lastBits * std::max(std::abs(one), std::abs(other));
 }
 
 struct TWords {
@@ -58,7 +66,7 @@ std::string StoredNote(const TVal &value, const std::string &picture, const std:
                      {Translated("StoredValue", "%1 does not fit a byte: %2 will be stored"),
                       Translated("StoredValue", "%1 does not fit a byte: %2 was stored")},
                      text, shown);
-    if (taken->GetValue() == *number || TryParseReal(shown) == number)
+    if (IsSame(taken->GetValue(), *number) || TryParseReal(shown) == number)
         return {};
     return Words(time,
                  {Translated("StoredValue", "%1 will be stored as %2"),

@@ -1,4 +1,4 @@
-// A second image: all typed views work on the process's one, so it takes its place for a while.
+// A second image: all typed views work on the one in force, so it takes its place for a while.
 #pragma once
 
 #include "model/Messages.h"

@@ -3,7 +3,7 @@
 #include <utility>
 
 namespace {
-TMessageHook messageHook;
+thread_local TMessageHook messageHook;
 }
 
 TMessageHook SetMessageHook(TMessageHook hook) {

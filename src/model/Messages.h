@@ -7,7 +7,7 @@
 
 using TMessageHook = std::function<void(const std::string &text)>;
 
-/// Replaces the hook and returns the old one. An empty hook swallows messages.
+/// Replaces the thread's hook and returns the old one. An empty hook swallows messages.
 TMessageHook SetMessageHook(TMessageHook hook);
 
 /// Shows `text` (UTF-8) through the hook; returns after the user has seen it.

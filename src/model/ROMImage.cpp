@@ -11,7 +11,7 @@
 #include <vector>
 
 namespace {
-std::unique_ptr<TROMImage> processImage = std::make_unique<TROMImage>();
+thread_local std::unique_ptr<TROMImage> imageInForce = std::make_unique<TROMImage>();
 }
 
 void TROMImage::LoadFromFile(const std::filesystem::path &file) {
@@ -48,15 +48,15 @@ bool TROMImage::Poke(std::int64_t offset, std::uint8_t value) noexcept {
 }
 
 TROMImage *ROMImage() noexcept {
-    return processImage.get();
+    return imageInForce.get();
 }
 
 std::unique_ptr<TROMImage> ExchangeROMImage(std::unique_ptr<TROMImage> image) noexcept {
-    return std::exchange(processImage, std::move(image));
+    return std::exchange(imageInForce, std::move(image));
 }
 
 std::uint8_t PeekROM(std::int64_t offset) noexcept {
-    return processImage ? processImage->Peek(offset) : std::uint8_t{0};
+    return imageInForce ? imageInForce->Peek(offset) : std::uint8_t{0};
 }
 
 std::int32_t OffsetBehind(std::int32_t offset, std::int32_t length) noexcept {

@@ -62,14 +62,15 @@ private:
     std::vector<std::uint8_t> file_; ///< its bytes, as loaded or saved last
 };
 
-/// The process's image, made before main; none only when a test has taken it away. Every typed view
-/// works on this one. The pointer is good until the next ExchangeROMImage.
+/// The image in force, on which every typed view works: one for each thread, made when it is first
+/// asked for; the window knows one alone. None only when a test has taken it away. The pointer is
+/// good until the next ExchangeROMImage.
 TROMImage *ROMImage() noexcept;
 
 /// Puts another image, or none, in place and returns the old one; see ImageInForce.h.
 std::unique_ptr<TROMImage> ExchangeROMImage(std::unique_ptr<TROMImage> image) noexcept;
 
-/// The byte at `offset` of the process's image; 0 outside the buffer and without an image.
+/// The byte at `offset` of the image in force; 0 outside the buffer and without an image.
 std::uint8_t PeekROM(std::int64_t offset) noexcept;
 
 /// The byte that an integer is stored as: its value modulo 256.

@@ -6,7 +6,7 @@
 #include "system/Texts.h"
 
 TTimingConstants &TimingConstants() {
-    static TTimingConstants constants;
+    thread_local TTimingConstants constants;
     return constants;
 }
 

@@ -9,8 +9,9 @@
 #include <cstdint>
 #include <memory>
 
-/// The process-wide constants of the timing rule, degrees = (count - subtractor) * divider. The
-/// "divider" multiplies on the way out; the name is the spec files'. Both are 0 until one is read.
+/// The constants of the timing rule, degrees = (count - subtractor) * divider: those of the image
+/// in force, and so of each thread. The "divider" multiplies on the way out; the name is the spec
+/// files'. Both are 0 until one is read.
 struct TTimingConstants {
     double divider = 0.0;
     double subtractor = 0.0;

@@ -1,5 +1,5 @@
 // What the main window owns of the model, in one object, so that pages get it by reference and need
-// no class of the window. The ROM image is not part of it: there is one per process (ROMImage.h).
+// no class of the window. The ROM image is not part of it: one is in force (ROMImage.h).
 #pragma once
 
 #include "model/MapSets.h"

@@ -6,6 +6,7 @@
 #include "system/Errors.h"
 
 #include <fstream>
+#include <thread>
 
 #include <gmock/gmock.h>
 
@@ -64,6 +65,40 @@ TEST_F(TMappedImageTest, ShowsWhatTheOtherMapsShow) {
 TEST_F(TMappedImageTest, OfABadSpecFileSaysSo) {
     TMappedImage other(Other());
     EXPECT_THROW(other.PlaceBySpec(Spec("[Main]\ntiming_divider=x\n")), EConvertError);
+}
+
+TEST_F(TMappedImageTest, SaysWhetherASpecFilePlacesIt) {
+    TMappedImage other(Other());
+    EXPECT_TRUE(other.PlaceBySpec(Spec("[Fuel Maps]\npt_offset=$1000\n")));
+    EXPECT_FALSE(other.PlaceBySpec(Spec("[Fuel Maps]\npt_offset=here\n")));
+}
+
+TEST_F(TMappedImageTest, TakesChangesIntoItsOwnBytes) {
+    TMappedImage other(Other());
+    other.PlaceBySpec(Spec("[Fuel Maps]\npt_offset=$1000\n"));
+    other.ShowUnits(true);
+    other.Change([](TWorkspace &maps) {
+        maps.fuelMapSet.PTMap->data->values->GetItem(0, 0)->SetValue(1);
+        maps.fuelMapSet.PTMap->Save();
+    });
+    EXPECT_EQ(other.Bytes()[0x1000 + 11], 128);
+    EXPECT_EQ(ROMImage()->Peek(0x1000 + 11), 0) << "the image in force stays";
+}
+
+TEST_F(TMappedImageTest, IsInForceForItsThreadAlone) {
+    TMappedImage other(Other());
+    TimingConstants() = {0.5, 10};
+    Put(0x1001, {7});
+    other.InForce([&] {
+        std::thread([] {
+            EXPECT_EQ(ROMImage()->Peek(0x1001), 0) << "a thread begins with an image of its own";
+            EXPECT_EQ(TimingConstants().divider, 0);
+            ROMImage()->Poke(0x1001, 9);
+        }).join();
+        EXPECT_EQ(ROMImage()->Peek(0x1001), 4);
+    });
+    EXPECT_EQ(ROMImage()->Peek(0x1001), 7);
+    EXPECT_EQ(TimingConstants().divider, 0.5);
 }
 
 TEST_F(TMappedImageTest, HasAtMostAMebibyte) {

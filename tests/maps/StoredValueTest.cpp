@@ -107,6 +107,23 @@ TEST_F(TStoredNoteTests, WithoutADividerNoDegreesAreStoredAndNoMessageComes) {
     EXPECT_EQ(Messages().size(), 1U) << "the next message is shown again";
 }
 
+TEST_F(TStoredNoteTests, WhatOnlyArithmeticMakesAnotherNumberIsStoredExactly) {
+    const TThrVal load;
+    EXPECT_EQ(StoredNote(load, "##0", "99.6"), "");
+    EXPECT_EQ(StoredNote(load, "##0", "99.7"), "99.7 will be stored as 100");
+    EXPECT_EQ(StoredNote(Shown(TShown::Degrees), 1, 1, "0.845"), "") << "14 counts";
+}
+
+TEST_F(TStoredNoteTests, ANumberCanBeStoredWhenItFits32Bits) {
+    EXPECT_TRUE(CanBeStored(TFuelVal(), 16777215));
+    EXPECT_TRUE(CanBeStored(TRPMVal(), -1e9));
+    EXPECT_FALSE(CanBeStored(TRPMVal(), 1e12));
+    TTimingVal angle;
+    angle.showConverted = true;
+    TimingConstants() = {};
+    EXPECT_FALSE(CanBeStored(angle, 1));
+}
+
 TEST_F(TStoredNoteTests, CellsWithoutAByteHaveNone) {
     TMap &map = Shown(TShown::Bytes);
     for (const auto &[column, row] : {std::pair{0, 1}, {1, 0}, {0, 0}, {5, 1}, {1, 4}})
