@@ -2,12 +2,6 @@
 
 #include "forms/AligridTypes.h"
 
-#include <algorithm>
-#include <array>
-#include <cmath>
-
-#include <QtGlobal>
-
 namespace {
 constexpr TColor topByte = 0xFF000000;
 constexpr TColor systemColor = 0x80000000;
@@ -27,24 +21,6 @@ QColor ThemeColor(TColor color, const QPalette &palette) {
     }
 }
 
-/// Light of an 8-bit sRGB channel, 0 to 1.
-double Light(int channel) {
-    static const std::array<double, 256> lights = [] {
-        std::array<double, 256> table{};
-        for (std::size_t i = 0; i < table.size(); ++i) {
-            const double share = static_cast<double>(i) / 255;
-            table[i] = share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-        }
-        return table;
-    }();
-    return lights[static_cast<std::size_t>(channel)];
-}
-
-double Luminance(const QColor &color) {
-    return 0.2126 * Light(color.red()) + 0.7152 * Light(color.green()) +
-           0.0722 * Light(color.blue());
-}
-
 int Channel(TColor color, int shift) {
     return static_cast<int>((color >> shift) & 0xFF);
 }
@@ -56,27 +32,26 @@ QColor PaintedColor(TColor color, const QPalette &palette) {
     return {Channel(color, 0), Channel(color, 8), Channel(color, 16)};
 }
 
+TRgb RgbOf(const QColor &color) {
+    return {color.red(), color.green(), color.blue()};
+}
+
+QColor ColorOf(const TRgb &color) {
+    return {color.red, color.green, color.blue};
+}
+
 QColor Blended(const QColor &above, const QColor &below, double share) {
-    const auto mix = [share](int a, int b) { return qRound(a * share + b * (1 - share)); };
-    return {mix(above.red(), below.red()), mix(above.green(), below.green()),
-            mix(above.blue(), below.blue())};
+    return ColorOf(Blended(RgbOf(above), RgbOf(below), share));
 }
 
 double Contrast(const QColor &one, const QColor &other) {
-    const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
-    return (lighter + 0.05) / (darker + 0.05);
+    return Contrast(RgbOf(one), RgbOf(other));
 }
 
 QColor ReadableOn(const QColor &background) {
-    const QColor black(Qt::black);
-    const QColor white(Qt::white);
-    return Contrast(black, background) >= Contrast(white, background) ? black : white;
+    return ColorOf(ReadableOn(RgbOf(background)));
 }
 
 QColor Legible(const QColor &color, const QColor &background, double leastContrast) {
-    constexpr int steps = 32;
-    QColor legible = color;
-    for (int step = 1; step <= steps && Contrast(legible, background) < leastContrast; ++step)
-        legible = Blended(ReadableOn(background), color, double(step) / steps);
-    return legible;
+    return ColorOf(Legible(RgbOf(color), RgbOf(background), leastContrast));
 }

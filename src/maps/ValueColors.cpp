@@ -28,3 +28,12 @@ TColor ValueColor(double share) {
         color |= Between(scale[step], scale[step + 1], rest, shift);
     return color;
 }
+
+void TValueScale::Add(double value) {
+    least_ = std::min(least_, value);
+    largest_ = std::max(largest_, value);
+}
+
+TColor TValueScale::ColorOf(double value) const {
+    return ValueColor(largest_ > least_ ? (value - least_) / (largest_ - least_) : 0.5);
+}

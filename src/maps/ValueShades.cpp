@@ -1,11 +1,7 @@
 #include "maps/ValueShades.h"
 
 #include "forms/Settings.h"
-#include "maps/ValueColors.h"
 #include "model/Numbers.h"
-
-#include <algorithm>
-#include <limits>
 
 namespace {
 constexpr auto setting = "colourByValue";
@@ -16,7 +12,7 @@ std::optional<double> NumberOf(const TStringAlignGrid &grid, int column, int row
 } // namespace
 
 TValueShades::TValueShades(TStringAlignGrid &grid) : grid_(grid) {
-    const auto forget = [this] { range_.reset(); };
+    const auto forget = [this] { scale_.reset(); };
     QObject::connect(grid.model(), &QAbstractItemModel::dataChanged, &grid, forget);
     QObject::connect(grid.model(), &QAbstractItemModel::modelReset, &grid, forget);
     grid.OnShadeCell = [this](int column, int row, std::optional<TColor> &shade) {
@@ -43,20 +39,16 @@ void TValueShades::Shade(int column, int row, std::optional<TColor> &shade) {
     const std::optional<double> value = NumberOf(grid_, column, row);
     if (!value)
         return;
-    if (!range_)
-        range_ = Measured();
-    const auto [least, largest] = *range_;
-    shade = ValueColor(largest > least ? (*value - least) / (largest - least) : 0.5);
+    if (!scale_)
+        scale_ = Measured();
+    shade = scale_->ColorOf(*value);
 }
 
-std::pair<double, double> TValueShades::Measured() const {
-    double least = std::numeric_limits<double>::infinity();
-    double largest = -least;
+TValueScale TValueShades::Measured() const {
+    TValueScale scale;
     for (int row = 1; row < grid_.RowCount(); ++row)
         for (int column = 1; column < grid_.ColCount(); ++column)
-            if (const std::optional<double> value = NumberOf(grid_, column, row)) {
-                least = std::min(least, *value);
-                largest = std::max(largest, *value);
-            }
-    return {least, largest};
+            if (const std::optional<double> value = NumberOf(grid_, column, row))
+                scale.Add(*value);
+    return scale;
 }

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "forms/Aligrid.h"
+#include "maps/ValueColors.h"
 
 #include <optional>
-#include <utility>
 
 class TValueShades {
 public:
@@ -24,9 +24,9 @@ public:
 
 private:
     void Shade(int column, int row, std::optional<TColor> &shade);
-    std::pair<double, double> Measured() const;
+    TValueScale Measured() const;
 
     TStringAlignGrid &grid_;
     bool on_ = false;
-    std::optional<std::pair<double, double>> range_; ///< none after a change, until it is needed
+    std::optional<TValueScale> scale_; ///< none after a change, until it is needed
 };
