@@ -3,7 +3,9 @@
 #include <array>
 
 std::span<const TCommand> Commands() {
-    static constexpr std::array<TCommand, 1> commands{{
+    static constexpr std::array<TCommand, 2> commands{{
+        {"show", "Show maps as tables",
+         "ferrolyn-cli show ECU.BIN --spec ECU.SPC fuel-pt timing-pt", DeclareShow},
         {"set", "Change cells, points of axes or the rev limiter",
          "ferrolyn-cli set FERRO32K.BIN --spec FERRO32K.SPC 'fuel-pt[3120,56]=0.98' "
          "rev-limiter=6800 -o "

@@ -9,4 +9,5 @@
 std::span<const TCommand> Commands();
 
 // What declares each; see TCommand.
+TRun DeclareShow(CLI::App &app);
 TRun DeclareSet(CLI::App &app);
