@@ -4,10 +4,6 @@
 #include "system/Texts.h"
 
 namespace {
-bool IsPlaced(const TMap &map) {
-    return map.location->offset != -1 || map.GetLocation() != 0;
-}
-
 /// A map that does not fit: engine speeds are told before load points.
 std::string WhyTooLarge(const TMap &map) {
     if (map.RPMCount() >= TMap::rpmLimit)
@@ -17,6 +13,10 @@ std::string WhyTooLarge(const TMap &map) {
                   {std::to_string(map.LoadCount()), std::to_string(TMap::loadLimit)});
 }
 } // namespace
+
+bool IsPlaced(const TMap &map) {
+    return map.location->offset != -1 || map.GetLocation() != 0;
+}
 
 std::string WhyNotShown(const TMap &map) {
     if (!map.Fits())

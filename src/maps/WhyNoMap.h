@@ -5,6 +5,9 @@
 
 #include <string>
 
+/// Whether the map has a place, directly or through a pointer.
+bool IsPlaced(const TMap &map);
+
 /// The line that stands in place of the map; empty for one that is shown.
 ///
 /// A map with too many points is hidden, one without any (or without a place) has no cells. One

@@ -66,22 +66,6 @@ void Quietly(Placing place) {
     }
 }
 
-bool PlaceDirectly(const TIniFile &ini, TFuelMapSet &fuelMaps, TTimingMapSet &timingMaps) {
-    const auto fuel = ReadMapOffsets(ini, fuelSection, "pt_offset", "idle_offset", "wot_offset");
-    const auto timing =
-        ReadMapOffsets(ini, timingSection, "pt_offset", "idle_offset", "wot_offset");
-    if (!fuel || !timing)
-        return false;
-    PlaceRevLimiter(ini, fuelMaps);
-    // The sets are not zeroed first, for spec files that name only what differs from the one chosen
-    // before (docs/peculiarities.md).
-    Quietly([&] {
-        fuelMaps.SetOffsets(fuel->pt, fuel->idle, fuel->wot);
-        timingMaps.SetOffsets(timing->pt, timing->idle, timing->wot);
-    });
-    return true;
-}
-
 void SetPointers(TMapSet &maps, const TMapPointers &at) {
     maps.SetPointers(at.pt, at.bitmask, at.idle, at.bitmask, at.wot, at.bitmask);
 }
@@ -155,6 +139,22 @@ std::optional<TMapPointers> ReadMapPointers(const TIniFile &ini, std::string_vie
     // Users may enter any two numbers.
     return TMapPointers{WrappingSum(relative->pt, primary), WrappingSum(relative->idle, primary),
                         WrappingSum(relative->wot, primary), *bitmask};
+}
+
+bool PlaceDirectly(const TIniFile &ini, TFuelMapSet &fuelMaps, TTimingMapSet &timingMaps) {
+    const auto fuel = ReadMapOffsets(ini, fuelSection, "pt_offset", "idle_offset", "wot_offset");
+    const auto timing =
+        ReadMapOffsets(ini, timingSection, "pt_offset", "idle_offset", "wot_offset");
+    if (!fuel || !timing)
+        return false;
+    PlaceRevLimiter(ini, fuelMaps);
+    // The sets are not zeroed first, for spec files that name only what differs from the one chosen
+    // before (docs/peculiarities.md).
+    Quietly([&] {
+        fuelMaps.SetOffsets(fuel->pt, fuel->idle, fuel->wot);
+        timingMaps.SetOffsets(timing->pt, timing->idle, timing->wot);
+    });
+    return true;
 }
 
 bool PlaceFromSpec(const TIniFile &ini, TFuelMapSet &fuelMaps, TTimingMapSet &timingMaps) {

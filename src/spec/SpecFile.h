@@ -72,6 +72,9 @@ std::optional<TMapPointers> ReadMapPointers(const TIniFile &ini, std::string_vie
 /// whose key is missing stays where it was; the pointer form sets all cells to 0 first.
 bool PlaceFromSpec(const TIniFile &ini, TFuelMapSet &fuelMaps, TTimingMapSet &timingMaps);
 
+/// As PlaceFromSpec by the direct form, whatever form is in force: a file may have both.
+bool PlaceDirectly(const TIniFile &ini, TFuelMapSet &fuelMaps, TTimingMapSet &timingMaps);
+
 /// Sets the timing divider, then the timing subtractor; 0.65 and 12.7 for missing keys. Throws
 /// EConvertError for one that is no real number: a bad divider leaves both as they were, a bad
 /// subtractor only itself.
