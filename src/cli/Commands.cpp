@@ -3,7 +3,9 @@
 #include <array>
 
 std::span<const TCommand> Commands() {
-    static constexpr std::array<TCommand, 2> commands{{
+    static constexpr std::array<TCommand, 3> commands{{
+        {"info", "Tell size, digest and fitting spec files of images",
+         "ferrolyn-cli info ECU.BIN OTHER.BIN", DeclareInfo},
         {"show", "Show maps as tables",
          "ferrolyn-cli show ECU.BIN --spec ECU.SPC fuel-pt timing-pt", DeclareShow},
         {"set", "Change cells, points of axes or the rev limiter",

@@ -9,5 +9,6 @@
 std::span<const TCommand> Commands();
 
 // What declares each; see TCommand.
+TRun DeclareInfo(CLI::App &app);
 TRun DeclareShow(CLI::App &app);
 TRun DeclareSet(CLI::App &app);
