@@ -8,6 +8,7 @@
 #include "forms/AligridColors.h"
 #include "maps/AreaChart.h"
 #include "maps/ChartData.h"
+#include "maps/ChartPainter.h"
 #include "maps/ChartWalls.h"
 
 #include <cmath>

@@ -145,18 +145,24 @@ TChartSeries *TAreaChart::SeriesAt(int series) {
 }
 
 TChartContents TAreaChart::Contents() const {
-    TChartContents contents{{}, title_, tr("RPM"),       depthTitle_, leftAxisTitle_,
-                            {}, {},     bottomInverted_, view_};
+    TChartContents contents{{},
+                            title_.toStdString(),
+                            tr("RPM").toStdString(),
+                            depthTitle_.toStdString(),
+                            leftAxisTitle_.toStdString(),
+                            {},
+                            {},
+                            bottomInverted_,
+                            view_};
     for (const TChartSeries &series : series_) {
         TWall wall{{}, series.stairs};
         for (const TChartPoint &point : series.points)
             wall.points.push_back({point.value, point.color});
         contents.walls.push_back(std::move(wall));
-        contents.depthLabels << series.load;
+        contents.depthLabels.push_back(series.load.toStdString());
         // The longest series labels the axis.
-        for (auto i = static_cast<std::size_t>(contents.bottomLabels.size());
-             i < series.points.size(); ++i)
-            contents.bottomLabels << series.points[i].label;
+        for (std::size_t i = contents.bottomLabels.size(); i < series.points.size(); ++i)
+            contents.bottomLabels.push_back(series.points[i].label.toStdString());
     }
     return contents;
 }

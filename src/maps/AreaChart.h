@@ -1,7 +1,7 @@
 // The chart of one map: its series, points, titles and view, drawn as walls in depth. Dragging with
 // the left button turns and tilts it, the wheel zooms while it has the focus, a double click brings
-// the first view back. How it is drawn is ChartLayout.h and ChartPainter.h; how maps fill it,
-// MapChart.h.
+// the first view back. How it is drawn is ChartLayout.h, ChartDrawing.h and
+// ChartPainter.h; how maps fill it, MapChart.h.
 #pragma once
 
 #include "maps/ChartLayout.h"

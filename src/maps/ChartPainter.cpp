@@ -1,222 +1,163 @@
 #include "maps/ChartPainter.h"
 
 #include "forms/AligridColors.h"
-#include "maps/ChartWalls.h"
+#include "maps/ChartDrawing.h"
 
 #include <algorithm>
 #include <array>
 #include <optional>
 #include <vector>
 
+#include <QFontMetricsF>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPalette>
 
 namespace {
-// Shares of the text's colour over the background.
-constexpr double gridShare = 0.16;
-constexpr double axisShare = 0.6;
-/// Share of black or white in the lines over a face's colour.
-constexpr double fullRidgeShare = 0.45;
-constexpr double faintestRidges = 0.45; ///< of the full share
-constexpr double fullRidgesApart = 0.8; ///< line heights
-constexpr double endShade = 0.3;        ///< share of black over the ends of walls
-constexpr double lineWidth = 1.0 / 16;  // line heights
+constexpr std::size_t mostCorners = 5;
 
-/// The mean of many colours.
-class TMeanColor {
+QFont TitleFont(QFont font) {
+    font.setBold(true);
+    return font;
+}
+
+class TFontSizes : public ITextSizes {
 public:
-    void Add(const QColor &color) {
-        red_ += color.red();
-        green_ += color.green();
-        blue_ += color.blue();
-        ++count_;
+    explicit TFontSizes(const TChartPlace &place)
+        : labels_(Metrics(place.font, place.device)),
+          titles_(Metrics(TitleFont(place.font), place.device)) {}
+
+    double LineHeight() const override { return labels_.height(); }
+    double Width(const std::string &text) const override {
+        return labels_.horizontalAdvance(QString::fromStdString(text));
     }
-    /// Not for none.
-    QColor Mean() const { return {red_ / count_, green_ / count_, blue_ / count_}; }
+    double TitleHeight() const override { return titles_.height(); }
+    double TitleWidth(const std::string &text) const override {
+        return titles_.horizontalAdvance(QString::fromStdString(text));
+    }
+    std::string ShortenedTitle(const std::string &text, double width) const override {
+        return titles_.elidedText(QString::fromStdString(text), Qt::ElideRight, width)
+            .toStdString();
+    }
 
 private:
-    int red_ = 0;
-    int green_ = 0;
-    int blue_ = 0;
-    int count_ = 0;
+    static QFontMetricsF Metrics(const QFont &font, QPaintDevice *device) {
+        return device ? QFontMetricsF(font, device) : QFontMetricsF(font);
+    }
+
+    QFontMetricsF labels_;
+    QFontMetricsF titles_;
 };
 
-class TChartPainting {
+class TPainterCanvas : public IChartCanvas {
 public:
-    TChartPainting(QPainter &painter, const TChartLayout &layout, const TChartContents &contents,
-                   const QPalette &palette)
+    TPainterCanvas(QPainter &painter, const QPalette &palette, double lineWidth)
         : painter_(painter),
-          layout_(layout),
-          contents_(contents),
           palette_(palette),
-          onPixels_(painter.paintEngine()->type() == QPaintEngine::Raster),
-          ridgeShare_(RidgeShare()) {}
+          lineWidth_(lineWidth),
+          onPixels_(painter.paintEngine()->type() == QPaintEngine::Raster) {}
 
-    void Run() {
-        painter_.save();
-        painter_.setClipRect(layout_.drawing, Qt::IntersectClip);
-        PaintGrid();
-        PaintWalls();
-        PaintAxes();
-        painter_.restore();
-        PaintLabels();
+    TRgb Background() const override { return RgbOf(palette_.color(QPalette::Base)); }
+    TRgb Text() const override { return RgbOf(palette_.color(QPalette::Text)); }
+    TRgb Painted(TColor color) const override { return RgbOf(PaintedColor(color, palette_)); }
+
+    void DrawLines(std::span<const TChartLine> lines, const TRgb &color) override {
+        Stroke(lines, LinePen(color));
     }
 
-private:
-    QColor Ink(double share) const {
-        return Blended(palette_.color(QPalette::Text), palette_.color(QPalette::Base), share);
-    }
-    QPen LinePen(const QColor &color) const {
-        QPen pen(color, layout_.lineHeight * lineWidth);
-        pen.setCapStyle(Qt::FlatCap);
-        return pen;
-    }
-    /// Ridges are tinted the less the nearer they are to each other, or a small chart would show
-    /// nothing else.
-    double RidgeShare() const {
-        const double placeSteps = std::max(PlaceCount(contents_.walls) - 1, 1);
-        const double slotCount = std::max<double>(static_cast<double>(contents_.walls.size()), 1);
-        const double apart = std::min(QLineF(Map(0, 0, 0), Map(1 / placeSteps, 0, 0)).length(),
-                                      QLineF(Map(0, 0, 0), Map(0, 0, 1 / slotCount)).length());
-        return fullRidgeShare *
-               std::clamp(apart / (fullRidgesApart * layout_.lineHeight), faintestRidges, 1.0);
-    }
-    QPointF Map(double x, double y, double z) const {
-        return OnScreen(layout_.projection.Map({x, y, z}));
+    void DrawFace(std::span<const TScreenPoint> corners, const TRgb &color) override {
+        UseFill(color);
+        std::array<QPointF, mostCorners> points;
+        std::transform(corners.begin(), corners.end(), points.begin(),
+                       [](const TScreenPoint &corner) { return OnScreen(corner); });
+        painter_.drawConvexPolygon(points.data(), static_cast<int>(corners.size()));
     }
 
-    /// Lines at the value axis' ticks over the two far sides, and the floor's outline.
-    void PaintGrid() {
-        painter_.setRenderHint(QPainter::Antialiasing);
-        painter_.setPen(LinePen(Ink(gridShare)));
-        const TBoxPoint away = layout_.projection.Away();
-        const double farX = away.x > 0 ? 1 : 0;
-        const double farZ = away.z < 0 ? 0 : 1;
-        for (int i = 0; i < layout_.scale.TickCount(); ++i) {
-            const double y = layout_.scale.Height(layout_.scale.Tick(i));
-            painter_.drawLine(Map(0, y, farZ), Map(1, y, farZ));
-            painter_.drawLine(Map(farX, y, 0), Map(farX, y, 1));
-        }
-        for (const double x : {0.0, 1.0})
-            painter_.drawLine(Map(x, 0, farZ), Map(x, 1, farZ));
-        painter_.drawLine(Map(farX, 0, 1 - farZ), Map(farX, 1, 1 - farZ));
-        painter_.drawLine(Map(1 - farX, 0, 0), Map(1 - farX, 0, 1));
-        painter_.drawLine(Map(0, 0, 1 - farZ), Map(1, 0, 1 - farZ));
-    }
-
-    void PaintWalls() {
-        painter_.setRenderHint(QPainter::Antialiasing, false);
-        painter_.setPen(Qt::NoPen);
-        const TWallLayout walls{layout_.scale, contents_.firstAtRight};
-        for (const TChartFace &face : FacesOf(contents_.walls, walls, layout_.projection)) {
-            if (face.covers)
-                PaintRidges();
-            PaintFace(face);
-        }
-        PaintRidges();
-    }
-
-    void PaintFace(const TChartFace &face) {
-        UseColor(face);
-        std::array<QPointF, 5> corners;
-        std::transform(face.corners.begin(), face.corners.end(), corners.begin(), OnScreen);
-        painter_.drawConvexPolygon(corners.data(), static_cast<int>(face.count));
-        for (std::size_t i = 0; i < face.count; ++i)
-            if (face.ridges >> i & 1U)
-                ridges_.emplace_back(corners[i], corners[(i + 1) % face.count]);
-        ridged_.Add(fill_);
-    }
-
-    void UseColor(const TChartFace &face) {
-        if (face.color == color_ && face.end == end_)
-            return;
-        color_ = face.color;
-        end_ = face.end;
-        const QColor color = PaintedColor(face.color, palette_);
-        fill_ = face.end ? Blended(Qt::black, color, endShade) : color;
-        painter_.setBrush(fill_);
-        // Where a device draws its own pixels later, neighbours would leave hair lines between
-        // them.
-        if (!onPixels_)
-            painter_.setPen(QPen(fill_, 0));
-    }
-
-    /// Paints the lines that have gathered, all in one tint of their faces' mean colour: changing
-    /// pens is slow, and so are pens that let the faces shine through.
-    void PaintRidges() {
-        if (!ridges_.empty()) {
-            const QPen before = painter_.pen();
-            painter_.setRenderHint(QPainter::Antialiasing);
-            painter_.setPen(RidgePen());
-            painter_.drawLines(ridges_.data(), static_cast<int>(ridges_.size()));
-            painter_.setRenderHint(QPainter::Antialiasing, false);
-            painter_.setPen(before);
-        }
-        ridges_.clear();
-        ridged_ = {};
-    }
-    QPen RidgePen() const {
-        const QColor mean = ridged_.Mean();
-        const QColor background = palette_.color(QPalette::Base);
-        QColor tint = Blended(ReadableOn(mean), mean, ridgeShare_);
-        // Walls that hardly differ from the background are told by their lines.
-        if (Contrast(mean, background) < leastLineContrast)
-            tint = Legible(tint, background); // thin as they are
-        QPen pen = LinePen(tint);
+    void DrawRidges(std::span<const TChartLine> lines, const TRgb &color) override {
+        QPen pen = LinePen(color);
         if (onPixels_) { // wider ones than a pixel of the device are slower by far
             pen.setCosmetic(true);
             pen.setWidth(1);
         }
+        Stroke(lines, pen);
+    }
+
+private:
+    QPen LinePen(const TRgb &color) const {
+        QPen pen(ColorOf(color), lineWidth_);
+        pen.setCapStyle(Qt::FlatCap);
         return pen;
     }
 
-    void PaintAxes() {
+    void Stroke(std::span<const TChartLine> lines, const QPen &pen) {
+        lines_.clear();
+        for (const TChartLine &line : lines)
+            lines_.emplace_back(OnScreen(line.from), OnScreen(line.to));
         painter_.setRenderHint(QPainter::Antialiasing);
-        painter_.setPen(LinePen(Ink(axisShare)));
-        painter_.drawLines(layout_.axes.data(), static_cast<int>(layout_.axes.size()));
+        painter_.setPen(pen);
+        painter_.drawLines(lines_.data(), static_cast<int>(lines_.size()));
+        fill_.reset();
     }
 
-    void PaintLabels() {
-        painter_.setPen(palette_.color(QPalette::Text));
-        for (const TChartLabel &label : layout_.labels) {
-            painter_.setFont(label.kind == TLabelKind::Title ? layout_.titleFont : layout_.font);
-            if (label.upright)
-                PaintUpright(label);
-            else
-                PaintText(label.rect, label.text);
-        }
-    }
-    void PaintUpright(const TChartLabel &label) {
-        painter_.save();
-        painter_.translate(label.rect.center());
-        painter_.rotate(-90);
-        QRectF rect({0, 0}, label.rect.size().transposed());
-        rect.moveCenter({0, 0});
-        PaintText(rect, label.text);
-        painter_.restore();
-    }
-    void PaintText(const QRectF &rect, const QString &text) {
-        // By the text alone: "% Load" reads so in a right-to-left program too.
-        const int direction =
-            text.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
-        painter_.drawText(rect, Qt::AlignCenter | Qt::TextDontClip | Qt::TextSingleLine | direction,
-                          text);
+    void UseFill(const TRgb &color) {
+        if (fill_ == color)
+            return;
+        fill_ = color;
+        painter_.setRenderHint(QPainter::Antialiasing, false);
+        painter_.setBrush(ColorOf(color));
+        // Where a device draws its own pixels later, neighbours would leave hair lines between
+        // them.
+        painter_.setPen(onPixels_ ? QPen(Qt::NoPen) : QPen(ColorOf(color), 0));
     }
 
     QPainter &painter_;
-    const TChartLayout &layout_;
-    const TChartContents &contents_;
     const QPalette &palette_;
+    const double lineWidth_;
     const bool onPixels_;
-    const double ridgeShare_;
-    std::optional<TColor> color_;
-    bool end_ = false;
-    QColor fill_;
-    std::vector<QLineF> ridges_; ///< of the faces painted last
-    TMeanColor ridged_;          ///< the colours of those faces
+    std::optional<TRgb> fill_; ///< the painter is set up for faces in it
+    std::vector<QLineF> lines_;
 };
+
+void PaintText(QPainter &painter, const QRectF &rect, const QString &text) {
+    // By the text alone: "% Load" reads so in a right-to-left program too.
+    const int direction =
+        text.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
+    painter.drawText(rect, Qt::AlignCenter | Qt::TextDontClip | Qt::TextSingleLine | direction,
+                     text);
+}
+
+void PaintUpright(QPainter &painter, const QRectF &place, const QString &text) {
+    painter.save();
+    painter.translate(place.center());
+    painter.rotate(-90);
+    QRectF rect({0, 0}, place.size().transposed());
+    rect.moveCenter({0, 0});
+    PaintText(painter, rect, text);
+    painter.restore();
+}
+
+void PaintLabel(QPainter &painter, const TChartLabel &label) {
+    const QString text = QString::fromStdString(label.text);
+    if (label.upright)
+        PaintUpright(painter, OnScreen(label.rect), text);
+    else
+        PaintText(painter, OnScreen(label.rect), text);
+}
+
+void PaintDrawing(QPainter &painter, const TChartContents &contents, const TChartLayout &layout,
+                  const QPalette &palette) {
+    painter.save();
+    painter.setClipRect(OnScreen(layout.drawing), Qt::IntersectClip);
+    TPainterCanvas canvas(painter, palette, layout.lineHeight * chartLineWidth);
+    DrawChart(contents, layout, canvas);
+    painter.restore();
+}
 } // namespace
+
+TChartLayout LayOut(const TChartContents &contents, const TChartPlace &place) {
+    const QRectF &rect = place.rect;
+    return LayOut(contents, {rect.x(), rect.y(), rect.width(), rect.height()}, TFontSizes(place));
+}
 
 void PaintChart(QPainter &painter, const TChartContents &contents, const TChartPlace &place,
                 const QPalette &palette) {
@@ -224,6 +165,19 @@ void PaintChart(QPainter &painter, const TChartContents &contents, const TChartP
     painter.save();
     painter.setClipRect(place.rect, Qt::IntersectClip);
     painter.fillRect(place.rect, palette.color(QPalette::Base));
-    TChartPainting(painter, layout, contents, palette).Run();
+    PaintDrawing(painter, contents, layout, palette);
+    painter.setPen(palette.color(QPalette::Text));
+    for (const TChartLabel &label : layout.labels) {
+        painter.setFont(label.kind == TLabelKind::Title ? TitleFont(place.font) : place.font);
+        PaintLabel(painter, label);
+    }
     painter.restore();
+}
+
+QPointF OnScreen(const TScreenPoint &point) {
+    return {point.x, point.y};
+}
+
+QRectF OnScreen(const TChartRect &rect) {
+    return {rect.left, rect.top, rect.width, rect.height};
 }

@@ -3,6 +3,7 @@
 #include "forms/Access.h"
 #include "forms/Hint.h"
 #include "maps/MapCellNames.h"
+#include "maps/MapHeadings.h"
 
 #include <array>
 #include <initializer_list>
@@ -15,15 +16,15 @@ constexpr int buttonMargin = 4; // pixels, around "Commit" and "Reset"
 
 // In the order of the fields.
 constexpr std::array<TMapPanelTraits, 3> panelTraits{{
-    {TMapKind::PT, QT_TRANSLATE_NOOP("TMapPanel", "Partial Throttle %1 Map"), 12, 12, "Panel1",
-     "lblPTGrid", "edtPTOffset", "grdPTMap", "lblPTNote", "chtPTMap", "btnSavePT", "btnResetPT",
-     "PopupMenu1", "Copy1", "Paste1", "UnlockAxis1"},
-    {TMapKind::Idle, QT_TRANSLATE_NOOP("TMapPanel", "Idle %1 Map"), 1, 10, "Panel2", "lblIdGrid",
-     "edtIdOffset", "grdIdMap", "lblIdNote", "chtIdMap", "btnSaveIdle", "btnResetIdle",
-     "PopupMenu2", "Copy2", "Paste2", "UnlockAxis2"},
-    {TMapKind::WOT, QT_TRANSLATE_NOOP("TMapPanel", "Full Throttle %1 Map"), 1, 20, "Panel3",
-     "lblFTGrid", "edtFTOffset", "grdFTMap", "lblFTNote", "chtFTMap", "btnSaveFT", "btnResetFT",
-     "PopupMenu3", "Copy3", "Paste3", "UnlockAxis3"},
+    {TMapKind::PT, MapHeading(TMapKind::PT), 12, 12, "Panel1", "lblPTGrid", "edtPTOffset",
+     "grdPTMap", "lblPTNote", "chtPTMap", "btnSavePT", "btnResetPT", "PopupMenu1", "Copy1",
+     "Paste1", "UnlockAxis1"},
+    {TMapKind::Idle, MapHeading(TMapKind::Idle), 1, 10, "Panel2", "lblIdGrid", "edtIdOffset",
+     "grdIdMap", "lblIdNote", "chtIdMap", "btnSaveIdle", "btnResetIdle", "PopupMenu2", "Copy2",
+     "Paste2", "UnlockAxis2"},
+    {TMapKind::WOT, MapHeading(TMapKind::WOT), 1, 20, "Panel3", "lblFTGrid", "edtFTOffset",
+     "grdFTMap", "lblFTNote", "chtFTMap", "btnSaveFT", "btnResetFT", "PopupMenu3", "Copy3",
+     "Paste3", "UnlockAxis3"},
 }};
 } // namespace
 

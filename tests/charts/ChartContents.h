@@ -5,6 +5,7 @@
 #include "maps/ChartLayout.h"
 
 #include <cmath>
+#include <string>
 
 /// A hilly map with all its texts, inverted axis off, in the initial view.
 inline TChartContents SampleContents(int walls, int points) {
@@ -20,9 +21,9 @@ inline TChartContents SampleContents(int walls, int points) {
             wall.points.push_back(ChartValueOf(value));
         }
         contents.walls.push_back(wall);
-        contents.depthLabels << QString::number(5 * (w + 1)) + "%";
+        contents.depthLabels.push_back(std::to_string(5 * (w + 1)) + "%");
     }
     for (int p = 0; p < points; ++p)
-        contents.bottomLabels << QString::number(600 + 240 * p);
+        contents.bottomLabels.push_back(std::to_string(600 + 240 * p));
     return contents;
 }

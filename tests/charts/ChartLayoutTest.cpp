@@ -5,6 +5,7 @@
 #include "charts/ChartContents.h"
 #include "charts/RandomWalls.h"
 #include "maps/ChartEdges.h"
+#include "maps/ChartPainter.h"
 
 #include <algorithm>
 
@@ -12,17 +13,19 @@
 #include <gtest/gtest.h>
 
 namespace {
+using TTexts = std::vector<std::string>;
+
 const TChartLabel *Find(const TChartLayout &layout, TLabelKind kind) {
     const auto found = std::find_if(layout.labels.begin(), layout.labels.end(),
                                     [&](const TChartLabel &label) { return label.kind == kind; });
     return found == layout.labels.end() ? nullptr : &*found;
 }
 
-QStringList Texts(const TChartLayout &layout, TLabelKind kind) {
-    QStringList texts;
+TTexts Texts(const TChartLayout &layout, TLabelKind kind) {
+    TTexts texts;
     for (const TChartLabel &label : layout.labels)
         if (label.kind == kind)
-            texts << label.text;
+            texts.push_back(label.text);
     return texts;
 }
 
@@ -41,10 +44,12 @@ void ExpectTidy(const TChartLayout &layout, const TChartPlace &place) {
     const std::vector<TChartLabel> &labels = layout.labels;
     const double gap = leastGap * layout.lineHeight;
     for (std::size_t i = 0; i < labels.size(); ++i) {
-        EXPECT_TRUE(place.rect.contains(labels[i].rect)) << labels[i].text.toStdString();
+        EXPECT_TRUE(place.rect.contains(OnScreen(labels[i].rect))) << labels[i].text;
         for (std::size_t j = 0; j < i; ++j)
-            EXPECT_FALSE(labels[i].rect.adjusted(-gap, 0, gap, 0).intersects(labels[j].rect))
-                << labels[i].text.toStdString() << " and " << labels[j].text.toStdString();
+            EXPECT_FALSE(OnScreen(labels[i].rect)
+                             .adjusted(-gap, 0, gap, 0)
+                             .intersects(OnScreen(labels[j].rect)))
+                << labels[i].text << " and " << labels[j].text;
     }
 }
 
@@ -62,11 +67,12 @@ void ExpectOutside(const TChartLayout &layout) {
         for (const QPointF &corner : Corners(layout.projection))
             EXPECT_LE(QPointF::dotProduct(corner - from, out), 1e-6);
         for (const TChartLabel &label : layout.labels) {
-            const std::vector<QPointF> corners{label.rect.topLeft(), label.rect.topRight(),
-                                               label.rect.bottomLeft(), label.rect.bottomRight()};
+            const QRectF rect = OnScreen(label.rect);
+            const std::vector<QPointF> corners{rect.topLeft(), rect.topRight(), rect.bottomLeft(),
+                                               rect.bottomRight()};
             for (const QPointF &corner : corners)
                 EXPECT_TRUE(label.kind != kind || QPointF::dotProduct(corner - from, out) > 0)
-                    << label.text.toStdString();
+                    << label.text;
         }
     }
 }
@@ -133,10 +139,10 @@ TEST(ChartLayout, ASmallCornerHasFewerLabelsAndNoAxisTitles) {
     EXPECT_FALSE(Find(layout, TLabelKind::LeftTitle));
     EXPECT_FALSE(Find(layout, TLabelKind::BottomTitle));
     EXPECT_FALSE(Find(layout, TLabelKind::DepthTitle));
-    EXPECT_GE(Texts(layout, TLabelKind::Left).size(), 2);
-    EXPECT_GE(Texts(layout, TLabelKind::Bottom).size(), 2);
-    EXPECT_LT(Texts(layout, TLabelKind::Bottom).size(), 8);
-    EXPECT_LT(Texts(layout, TLabelKind::Depth).size(), 6);
+    EXPECT_GE(Texts(layout, TLabelKind::Left).size(), 2U);
+    EXPECT_GE(Texts(layout, TLabelKind::Bottom).size(), 2U);
+    EXPECT_LT(Texts(layout, TLabelKind::Bottom).size(), 8U);
+    EXPECT_LT(Texts(layout, TLabelKind::Depth).size(), 6U);
 }
 
 TEST(ChartLayout, TheBoxFillsTheRoomInTheInitialView) {
@@ -156,12 +162,14 @@ TEST(ChartLayout, EveryNthLabelOfACrowdedAxis) {
     place.rect = QRectF(0, 0, 500, 300);
     TChartContents contents = SampleContents(1, 31);
     contents.view.rotation = contents.view.elevation = 360;
-    const QStringList texts = Texts(LayOut(contents, place), TLabelKind::Bottom);
-    ASSERT_GE(texts.size(), 3);
-    const qsizetype step = contents.bottomLabels.indexOf(texts[1]);
-    EXPECT_GT(step, 1);
-    for (qsizetype i = 0; i < texts.size(); ++i)
-        EXPECT_EQ(texts[i], contents.bottomLabels[i * step]);
+    const TTexts texts = Texts(LayOut(contents, place), TLabelKind::Bottom);
+    ASSERT_GE(texts.size(), 3U);
+    const TTexts &all = contents.bottomLabels;
+    const auto step =
+        static_cast<std::size_t>(std::find(all.begin(), all.end(), texts[1]) - all.begin());
+    EXPECT_GT(step, 1U);
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        EXPECT_EQ(texts[i], all[i * step]);
 }
 
 TEST(ChartLayout, LabelsTurnWithTheView) {
@@ -171,7 +179,7 @@ TEST(ChartLayout, LabelsTurnWithTheView) {
     const auto middle = [&](TLabelKind kind) {
         const TChartLayout layout = LayOut(contents, place);
         const TChartLabel *label = Find(layout, kind);
-        return label ? label->rect.center() : QPointF(-1, -1);
+        return label ? OnScreen(label->rect).center() : QPointF(-1, -1);
     };
     EXPECT_GT(middle(TLabelKind::DepthTitle).x(), 500) << "from the right";
     contents.view.rotation = 20;
@@ -191,7 +199,7 @@ TEST(ChartLayout, TheFirstPointStandsAtTheRightWhenInverted) {
         const TChartLayout layout = LayOut(contents, place);
         for (const TChartLabel &label : layout.labels)
             if (label.text == contents.bottomLabels[0])
-                return label.rect.center().x();
+                return label.rect.Centre().x;
         return -1.0;
     };
     EXPECT_LT(first(), 300);
@@ -204,10 +212,10 @@ TEST(ChartLayout, ALongTitleIsShortened) {
     TChartPlace place;
     place.rect = QRectF(0, 0, 200, 150);
     TChartContents contents = SampleContents(3, 3);
-    contents.title = QString(100, 'W');
+    contents.title = std::string(100, 'W');
     const TChartLayout layout = LayOut(contents, place);
     ASSERT_TRUE(Find(layout, TLabelKind::Title));
-    EXPECT_LT(Find(layout, TLabelKind::Title)->text.size(), 30);
+    EXPECT_LT(Find(layout, TLabelKind::Title)->text.size(), 30U);
     ExpectTidy(layout, place);
 }
 

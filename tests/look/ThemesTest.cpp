@@ -138,8 +138,8 @@ TEST_P(TThemesTest, EveryTextOfAChartCanBeRead) {
     const TChartLayout layout = LayOut(contents, place);
     ASSERT_GT(layout.labels.size(), 12U);
     for (const TChartLabel &label : layout.labels)
-        EXPECT_GE(PaintedIn(image, label.rect.toRect()).contrast, leastTextContrast)
-            << label.text.toStdString();
+        EXPECT_GE(PaintedIn(image, OnScreen(label.rect).toRect()).contrast, leastTextContrast)
+            << label.text;
 }
 
 constexpr QSize usualChart(700, 500);

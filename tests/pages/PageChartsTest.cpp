@@ -18,7 +18,7 @@ std::map<QString, TValues> WallsByLoad(const TAreaChart &chart) {
     std::map<QString, TValues> walls;
     const TChartContents contents = chart.Contents();
     for (std::size_t i = 0; i < contents.walls.size(); ++i) {
-        TValues &values = walls[QString(contents.depthLabels.value(qsizetype(i))).remove('%')];
+        TValues &values = walls[QString::fromStdString(contents.depthLabels.at(i)).remove('%')];
         for (const TChartValue &point : contents.walls[i].points)
             values.push_back(point.value);
     }
