@@ -3,7 +3,7 @@
 #include <array>
 
 std::span<const TCommand> Commands() {
-    static constexpr std::array<TCommand, 3> commands{{
+    static constexpr std::array<TCommand, 4> commands{{
         {"info", "Tell size, digest and fitting spec files of images",
          "ferrolyn-cli info ECU.BIN OTHER.BIN", DeclareInfo},
         {"show", "Show maps as tables",
@@ -13,6 +13,8 @@ std::span<const TCommand> Commands() {
          "rev-limiter=6800 -o "
          "NEW.BIN",
          DeclareSet},
+        {"draw", "Draw the chart of a map",
+         "ferrolyn-cli draw ECU.BIN --spec ECU.SPC fuel-pt -o fuel-pt.svg", DeclareDraw},
     }};
     return commands;
 }

@@ -12,3 +12,4 @@ std::span<const TCommand> Commands();
 TRun DeclareInfo(CLI::App &app);
 TRun DeclareShow(CLI::App &app);
 TRun DeclareSet(CLI::App &app);
+TRun DeclareDraw(CLI::App &app);

@@ -1,6 +1,5 @@
 #include "cli/Output.h"
 
-#include "cli/Paths.h"
 #include "cli/WrongUse.h"
 #include "system/SafeFile.h"
 
@@ -50,13 +49,13 @@ void TTextOutput::Declare(CLI::App &app) {
 void TTextOutput::Check(const std::vector<fs::path> &inputs) const {
     if (file_.empty())
         return;
-    NeedOtherFile(ToPath(file_), inputs);
-    CheckCanWrite(ToPath(file_));
+    NeedOtherFile(File(), inputs);
+    CheckCanWrite(File());
 }
 
 void TTextOutput::Write(TConsole &console, std::string_view text) const {
     if (file_.empty())
         console.out << text;
     else
-        WriteFileSafely(ToPath(file_), BytesOfText(text));
+        WriteFileSafely(File(), BytesOfText(text));
 }

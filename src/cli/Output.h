@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/Console.h"
+#include "cli/Paths.h"
 
 #include <CLI/CLI.hpp>
 #include <cstdint>
@@ -44,6 +45,7 @@ public:
     /// Writes the file, or to standard output without one. Throws EFileError.
     void Write(TConsole &console, std::string_view text) const;
     bool ToConsole() const { return file_.empty(); }
+    std::filesystem::path File() const { return ToPath(file_); }
 
 private:
     std::string file_;
