@@ -109,7 +109,7 @@ TEST_F(TAreaChartTest, TheLoadAxisNamesTheLoadsNotTheTitles) {
     chart.SetSeriesTitle(1, "40%");
     chart.SetSeriesLoad(0, "40%");
     chart.SetSeriesLoad(1, "20%");
-    EXPECT_EQ(chart.Contents().depthLabels, (QStringList{"40%", "20%"}));
+    EXPECT_EQ(chart.Contents().depthLabels, (std::vector<std::string>{"40%", "20%"}));
 }
 
 TEST_F(TAreaChartTest, ClearingASeriesKeepsTheOthers) {

@@ -12,6 +12,7 @@
 
 namespace {
 using TValues = std::vector<double>;
+using TTexts = std::vector<std::string>;
 
 /// What a chart draws at each tick of its load axis, "%" left out.
 std::map<QString, TValues> WallsByLoad(const TAreaChart &chart) {
@@ -54,21 +55,21 @@ TEST_F(TPageChartsTest, GridPageChartAndQuickChartAgreeOnEveryLoad) {
 }
 
 TEST_F(TPageChartsTest, TheLeastLoadStandsInFrontAsInTheQuickChart) {
-    EXPECT_EQ(Chart("chtPTMap").Contents().depthLabels, (QStringList{"100%", "60%", "20%"}));
+    EXPECT_EQ(Chart("chtPTMap").Contents().depthLabels, (TTexts{"100%", "60%", "20%"}));
     const QVariantList series = Chart("chtPTMap").property("series").toList();
     EXPECT_EQ(series[0].toMap()["title"], "20%") << "while the titles run the other way";
     EXPECT_EQ(series[2].toMap()["title"], "100%");
 }
 
 TEST_F(TPageChartsTest, TheOneLoadOfAOneAxisMapIsNamed) {
-    EXPECT_EQ(Chart("chtIdMap").Contents().depthLabels, QStringList{"0%"});
-    EXPECT_EQ(Chart("chtFTMap").Contents().depthLabels, QStringList{"100%"});
+    EXPECT_EQ(Chart("chtIdMap").Contents().depthLabels, TTexts{"0%"});
+    EXPECT_EQ(Chart("chtFTMap").Contents().depthLabels, TTexts{"100%"});
 }
 
 TEST_F(TPageChartsTest, AnEditedLoadIsNamedAtItsOwnWall) {
     Choose("UnlockAxis1");
     Type("grdPTMap", 0, 1, "25%");
-    EXPECT_EQ(Chart("chtPTMap").Contents().depthLabels, (QStringList{"100%", "60%", "25%"}));
+    EXPECT_EQ(Chart("chtPTMap").Contents().depthLabels, (TTexts{"100%", "60%", "25%"}));
     EXPECT_EQ(WallsByLoad(Chart("chtPTMap")), RowsByLoad(Grid("grdPTMap")));
 }
 
