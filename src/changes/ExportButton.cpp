@@ -2,13 +2,11 @@
 
 #include "changes/ChangesReport.h"
 #include "changes/ChangesTable.h"
-#include "changes/Patch.h"
 #include "forms/Dialogs.h"
 #include "forms/Guard.h"
 #include "forms/Hint.h"
 #include "forms/Paths.h"
 #include "system/SafeFile.h"
-#include "system/Sha256.h"
 
 #include <tuple>
 
@@ -22,13 +20,7 @@ void WriteText(const fs::path &target, const std::string &text) {
 }
 
 void WritePatch(const fs::path &target, const TExported &exported) {
-    const auto before = exported.before.Bytes();
-    const auto after = exported.after.Bytes();
-    if (before.size() != after.size())
-        throw EPatchError(
-            TExportButton::tr("A patch needs two images of the same length").toStdString());
-    WriteText(target, PatchText(MakePatch(fs::path(exported.nameBefore).filename().string(),
-                                          Sha256(before), before, after)));
+    WriteText(target, PatchText(ExportedPatch(exported)));
 }
 
 void WriteTable(const fs::path &target, const TExported &exported) {

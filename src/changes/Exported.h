@@ -2,6 +2,7 @@
 #pragma once
 
 #include "changes/MappedImage.h"
+#include "changes/Patch.h"
 
 #include <string>
 
@@ -12,3 +13,7 @@ struct TExported {
     std::string nameBefore; ///< as a path
     std::string nameAfter;
 };
+
+/// What turns the image before into the one after, under the name of the file before. Throws
+/// EPatchError for images of different lengths.
+TPatch ExportedPatch(const TExported &exported);

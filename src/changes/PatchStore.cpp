@@ -24,11 +24,6 @@ void Check(const std::error_code &error, const fs::path &file) {
                                 {file.string(), error.message()}));
 }
 
-TPatch ReadPatch(const fs::path &file) {
-    const std::vector<std::uint8_t> bytes = ReadWholeFile(file, largestPatch);
-    return ParsePatch({reinterpret_cast<const char *>(bytes.data()), bytes.size()});
-}
-
 bool IsPatch(const fs::path &file) {
     try {
         ReadPatch(file);
@@ -47,6 +42,11 @@ void MakeOwnFolder(const fs::path &folder) {
         fs::permissions(folder, fs::perms::owner_all, error);
 }
 } // namespace
+
+TPatch ReadPatch(const fs::path &file) {
+    const std::vector<std::uint8_t> bytes = ReadWholeFile(file, largestPatch);
+    return ParsePatch({reinterpret_cast<const char *>(bytes.data()), bytes.size()});
+}
 
 TPatchStore::TPatchStore(fs::path folder, std::string_view form, std::size_t most)
     : folder_(std::move(folder)), form_(form), most_(most) {}

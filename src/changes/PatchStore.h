@@ -24,6 +24,9 @@ struct TKeptPatches {
     std::vector<std::string> leftAlone; ///< files that are no patches: name and reason
 };
 
+/// Reads a patch file. Throws EFileError, also for one over 16 MiB, and EPatchError.
+TPatch ReadPatch(const std::filesystem::path &file);
+
 /// Touches nothing in its folder but files whose names have its form, and removes by itself only
 /// those that are patches. Everything that reads or writes throws EFileError when the folder or a
 /// file in it cannot be used; what was kept before is then still there.

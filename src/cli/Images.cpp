@@ -14,17 +14,6 @@ bool LiesInFile(const TMap &map) {
     const std::int64_t end = std::int64_t{map.data->offset} + map.data->length;
     return map.axes->offset >= 0 && end <= ROMImage()->size;
 }
-
-void Place(TMappedImage &image, const std::filesystem::path &spec) {
-    bool placed = false;
-    try {
-        placed = image.PlaceBySpec(spec);
-    } catch (const EConvertError &error) {
-        throw EWrongUse(PathText(spec) + ": " + error.what());
-    }
-    if (!placed)
-        throw EWrongUse(PathText(spec) + ": a map offset, pointer offset or mask is no integer");
-}
 } // namespace
 
 std::vector<std::uint8_t> ReadImage(const std::filesystem::path &image) {
@@ -34,11 +23,21 @@ std::vector<std::uint8_t> ReadImage(const std::filesystem::path &image) {
     return bytes;
 }
 
+void PlaceMaps(TMappedImage &image, const std::filesystem::path &spec) {
+    ReadFirstLine(spec, maxIniFileSize); // throws; one that is not there would read as empty
+    bool placed = false;
+    try {
+        placed = image.PlaceBySpec(spec);
+    } catch (const EConvertError &error) {
+        throw EWrongUse(PathText(spec) + ": " + error.what());
+    }
+    if (!placed)
+        throw EWrongUse(PathText(spec) + ": a map offset, pointer offset or mask is no integer");
+}
 TMappedImage ReadMappedImage(const std::filesystem::path &image, const std::filesystem::path &spec,
                              TShown shown) {
     TMappedImage mapped(ReadImage(image));
-    ReadFirstLine(spec, maxIniFileSize); // throws; one that is not there would read as empty
-    Place(mapped, spec);
+    PlaceMaps(mapped, spec);
     mapped.ShowUnits(shown == TShown::Units);
     return mapped;
 }

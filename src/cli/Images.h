@@ -20,8 +20,11 @@ enum class TShown {
     Counts ///< as they are stored
 };
 
-/// The image with its maps where the spec file has them. Throws EFileError, and EWrongUse for a
-/// spec file that is not there or that places nothing.
+/// Places the maps where the spec file has them. Throws EFileError, and EWrongUse for one that is
+/// not there or that places nothing.
+void PlaceMaps(TMappedImage &image, const std::filesystem::path &spec);
+
+/// The image with its maps where the spec file has them. Throws as ReadImage and PlaceMaps do.
 TMappedImage ReadMappedImage(const std::filesystem::path &image, const std::filesystem::path &spec,
                              TShown shown = TShown::Units);
 

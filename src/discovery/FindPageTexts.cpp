@@ -14,14 +14,6 @@ std::string SizeText(std::size_t size) {
                : Filled(Translated("FindPageTexts", "%1 bytes"), {std::to_string(size)});
 }
 
-std::string LikelyText(std::size_t likely, const std::string &size) {
-    const std::string text = likely == 0
-                                 ? Translated("FindPageTexts", "No likely map was found in %2")
-                             : likely == 1 ? Translated("FindPageTexts", "1 likely map in %2")
-                                           : Translated("FindPageTexts", "%1 likely maps in %2");
-    return Filled(text, {std::to_string(likely), size});
-}
-
 /// Of a search parameter.
 std::string ParameterText(std::int32_t location) {
     return location < 0 ? Translated("TfrmKey", "(not specified)")
@@ -30,10 +22,18 @@ std::string ParameterText(std::int32_t location) {
 }
 } // namespace
 
+std::string LikelyText(const TFoundMaps &found, std::size_t size) {
+    const std::string text =
+        found.likely == 0   ? Translated("FindPageTexts", "No likely map was found in %2")
+        : found.likely == 1 ? Translated("FindPageTexts", "1 likely map in %2")
+                            : Translated("FindPageTexts", "%1 likely maps in %2");
+    return Filled(text, {std::to_string(found.likely), SizeText(size)});
+}
+
 std::string FoundText(const TFoundMaps &found, std::size_t size) {
     if (size == 0)
         return NoImageIsLoaded();
-    const std::string likely = LikelyText(found.likely, SizeText(size));
+    const std::string likely = LikelyText(found, size);
     const std::size_t others = found.maps.size() - found.likely;
     if (others == 0)
         return likely;
@@ -49,15 +49,22 @@ std::string LocationsText(const TFoundMaps &found) {
     return RpmLocationText(found) + ". " + LoadLocationText(found);
 }
 
+std::vector<std::string> ReasonTexts(const TFoundMap &map) {
+    std::vector<std::string> texts;
+    for (const TReason &reason : Reasons(map))
+        texts.push_back(Filled(reason.points > 0 ? Translated("FindPageTexts", "For it: %1")
+                                                 : Translated("FindPageTexts", "Against it: %1"),
+                               {reason.text}));
+    return texts;
+}
+
 std::string DetailsText(const TFoundMap &map) {
     std::string text =
         Filled(Translated("FindPageTexts", "%1 at %2, %3: %4"),
                {KindText(map), FormatOffset(static_cast<std::int32_t>(map.place.offset)),
                 ShapeText(map.place), ChanceText(map)});
-    for (const TReason &reason : Reasons(map))
-        text += '\n' + Filled(reason.points > 0 ? Translated("FindPageTexts", "For it: %1")
-                                                : Translated("FindPageTexts", "Against it: %1"),
-                              {reason.text});
+    for (const std::string &reason : ReasonTexts(map))
+        text += '\n' + reason;
     return text;
 }
 

@@ -168,8 +168,8 @@ void ReadTimingConstants(const TIniFile &ini) {
     const auto read = [&](std::string_view key, const std::string &fallback) {
         return ParseReal(ini.ReadString(mainSection, key, fallback));
     };
-    TimingConstants().divider = read("timing_divider", FormatReal("0.00", 0.65));
-    TimingConstants().subtractor = read("timing_subtractor", FormatReal("0.0", 12.7));
+    TimingConstants().divider = read("timing_divider", FormatReal("0.00", usualTiming.divider));
+    TimingConstants().subtractor = read("timing_subtractor", FormatReal("0.0", usualTiming.subtractor));
 }
 
 void WriteMapOffsets(std::string &ini, const TMapSet &mapSet, std::string_view section,

@@ -75,7 +75,10 @@ bool PlaceFromSpec(const TIniFile &ini, TFuelMapSet &fuelMaps, TTimingMapSet &ti
 /// As PlaceFromSpec by the direct form, whatever form is in force: a file may have both.
 bool PlaceDirectly(const TIniFile &ini, TFuelMapSet &fuelMaps, TTimingMapSet &timingMaps);
 
-/// Sets the timing divider, then the timing subtractor; 0.65 and 12.7 for missing keys. Throws
+/// The timing constants of a spec file that names none.
+inline constexpr TTimingConstants usualTiming{0.65, 12.7};
+
+/// Sets the timing divider, then the timing subtractor; the usual ones for missing keys. Throws
 /// EConvertError for one that is no real number: a bad divider leaves both as they were, a bad
 /// subtractor only itself.
 void ReadTimingConstants(const TIniFile &ini);

@@ -1,0 +1,13 @@
+#include "changes/Exported.h"
+
+#include "system/Sha256.h"
+#include "system/Texts.h"
+
+TPatch ExportedPatch(const TExported &exported) {
+    const auto before = exported.before.Bytes();
+    const auto after = exported.after.Bytes();
+    if (before.size() != after.size())
+        throw EPatchError(Translated("Exported", "A patch needs two images of the same length"));
+    return MakePatch(std::filesystem::path(exported.nameBefore).filename().string(), Sha256(before),
+                     before, after);
+}
