@@ -3,7 +3,7 @@
 #include <array>
 
 std::span<const TCommand> Commands() {
-    static constexpr std::array<TCommand, 4> commands{{
+    static constexpr auto commands = std::to_array<TCommand>({
         {"info", "Tell size, digest and fitting spec files of images",
          "ferrolyn-cli info FERRO32K.BIN FERRO64K.BIN", DeclareInfo},
         {"show", "Show maps as tables",
@@ -13,8 +13,12 @@ std::span<const TCommand> Commands() {
          "rev-limiter=6800 -o "
          "NEW.BIN",
          DeclareSet},
+        {"diff", "Tell where two images differ, by map and cell",
+         "ferrolyn-cli diff FERRO32K.BIN NEW.BIN --spec FERRO32K.SPC", DeclareDiff},
+        {"patch", "Apply a patch file to an image, or take it back",
+         "ferrolyn-cli patch FERRO32K.BIN CHANGES.PATCH -o NEW.BIN", DeclarePatch},
         {"draw", "Draw the chart of a map",
          "ferrolyn-cli draw FERRO32K.BIN --spec FERRO32K.SPC fuel-pt -o fuel-pt.svg", DeclareDraw},
-    }};
+    });
     return commands;
 }
