@@ -17,6 +17,10 @@ std::span<const TCommand> Commands() {
          "ferrolyn-cli diff FERRO32K.BIN NEW.BIN --spec FERRO32K.SPC", DeclareDiff},
         {"patch", "Apply a patch file to an image, or take it back",
          "ferrolyn-cli patch FERRO32K.BIN CHANGES.PATCH -o NEW.BIN", DeclarePatch},
+        {"find", "Find the maps of unknown images",
+         "ferrolyn-cli find FERRO64K.BIN --reasons --spec-out FERRO64K.SPC", DeclareFind},
+        {"check", "Say what is wrong or odd about images and their maps",
+         "ferrolyn-cli check FERRO32K.BIN --spec FERRO32K.SPC", DeclareCheck},
         {"draw", "Draw the chart of a map",
          "ferrolyn-cli draw FERRO32K.BIN --spec FERRO32K.SPC fuel-pt -o fuel-pt.svg", DeclareDraw},
     });

@@ -14,4 +14,6 @@ TRun DeclareShow(CLI::App &app);
 TRun DeclareSet(CLI::App &app);
 TRun DeclareDiff(CLI::App &app);
 TRun DeclarePatch(CLI::App &app);
+TRun DeclareFind(CLI::App &app);
+TRun DeclareCheck(CLI::App &app);
 TRun DeclareDraw(CLI::App &app);

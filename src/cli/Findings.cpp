@@ -118,7 +118,8 @@ private:
                                                    std::to_string(i + 1) +
                                                    " to the next: both are " + text(point(i)));
         if (point(0)->raw < 0)
-            Add(TFindingKind::Axis, "its " + word + " axis begins below 0: " + text(point(0)));
+            Add(TFindingKind::Axis, "its " + word + " axis begins below 0, at " + text(point(0)) +
+                                        ": it does not rise, or its steps are too large");
     }
 
     static int CellsOf(const TMap &map, std::int32_t count) {

@@ -1,0 +1,116 @@
+#include "cli/ManyImages.h"
+
+#include "cli/Paths.h"
+#include "cli/WrongUse.h"
+#include "model/ROMImage.h"
+#include "system/PlainText.h"
+
+#include <algorithm>
+
+namespace {
+namespace fs = std::filesystem;
+
+constexpr int mostJobs = 256;
+
+bool IsFolder(const std::string &name) {
+    std::error_code error;
+    return fs::is_directory(ToPath(name), error);
+}
+
+bool IsImageFile(const fs::directory_entry &entry) {
+    std::error_code error;
+    return SameName(PathText(entry.path().extension()), ".bin") && entry.is_regular_file(error) &&
+           entry.file_size(error) <= static_cast<std::uintmax_t>(TROMImage::capacity);
+}
+
+std::vector<fs::path> ImagesOf(const std::string &folder) {
+    std::vector<fs::path> files;
+    std::error_code error;
+    for (fs::directory_iterator entry(ToPath(folder), error), end; !error && entry != end;
+         entry.increment(error))
+        if (IsImageFile(*entry))
+            files.push_back(entry->path());
+    if (error)
+        throw EWrongUse(folder + ": the folder cannot be read: " + error.message());
+    if (files.empty())
+        throw EWrongUse(folder + ": no image is in the folder: a file *.BIN of 1 MiB at most");
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+/// "123 of 2000", in one place of the terminal, gone at the end.
+class TProgress {
+public:
+    TProgress(TConsole &console, std::size_t count)
+        : console_(console),
+          shown_(console.errIsTerminal && !console.outIsTerminal),
+          count_(count) {}
+    TProgress(const TProgress &) = delete;
+    TProgress &operator=(const TProgress &) = delete;
+    ~TProgress() {
+        if (shown_)
+            console_.err << "\r\x1b[K" << std::flush;
+    }
+    void Tell(std::size_t done) {
+        if (shown_)
+            console_.err << '\r' << done << " of " << count_ << std::flush;
+    }
+
+private:
+    TConsole &console_;
+    bool shown_;
+    std::size_t count_;
+};
+} // namespace
+
+void TManyImages::Declare(CLI::App &app) {
+    app.add_option("IMAGE", names_, "ROM images, or folders with images (*.BIN)")
+        ->required()
+        ->type_name("");
+    app.add_option("--jobs", jobs_, "Look at so many images at the same time")
+        ->check(CLI::Range(1, mostJobs))
+        ->type_name("N");
+}
+
+std::vector<fs::path> TManyImages::Files() const {
+    std::vector<fs::path> files;
+    for (const std::string &name : names_)
+        if (IsFolder(name)) {
+            const std::vector<fs::path> images = ImagesOf(name);
+            files.insert(files.end(), images.begin(), images.end());
+        } else
+            files.push_back(ToPath(name));
+    return files;
+}
+
+bool TManyImages::Many() const {
+    return names_.size() > 1 || IsFolder(names_.front());
+}
+
+TExit TManyImages::Run(
+    TConsole &console, const std::vector<fs::path> &files,
+    const std::function<TAnswer(const fs::path &)> &answer,
+    const std::function<std::string(const fs::path &, const std::string &)> &broken) const {
+    if (!Many()) {
+        const TAnswer only = answer(files.front());
+        console.out << only.text;
+        return only.exit;
+    }
+    const auto safeAnswer = [&](std::size_t i) -> TAnswer {
+        try {
+            return answer(files[i]);
+        } catch (const std::exception &error) {
+            return {broken(files[i], error.what()), TExit::Wrong};
+        }
+    };
+    TExit worst = TExit::Done;
+    TProgress progress(console, files.size());
+    std::size_t done = 0;
+    RunInOrder(files.size(), jobs_, safeAnswer, [&](const TAnswer &one) {
+        if (!(console.out << one.text << std::flush))
+            throw EWrongUse("standard output cannot be written");
+        worst = std::max(worst, one.exit);
+        progress.Tell(++done);
+    });
+    return worst;
+}

@@ -1,0 +1,37 @@
+// What the commands share that look at many images: their arguments, and one answer for each image,
+// in the order of the images, whatever is wrong with one of them.
+#pragma once
+
+#include "cli/Jobs.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// Images, by their names or by folders, and how many are looked at side by side.
+class TManyImages {
+public:
+    /// Adds IMAGE and --jobs.
+    void Declare(CLI::App &app);
+
+    /// The files: those that are named, and of each folder its image files, sorted by name; what is
+    /// in folders below is left alone. An image file of a folder is a regular file of 1 MiB at most
+    /// whose name ends with .bin in any letter case. Throws EWrongUse for a folder without one.
+    std::vector<std::filesystem::path> Files() const;
+    /// False for one file that is named by itself: its errors are the command's.
+    bool Many() const;
+
+    /// Writes the answer to each of the files and gives the worst exit. One of many that `answer`
+    /// throws for has `broken`, of the error's text, as its answer, and TExit::Wrong. Tells the
+    /// progress on a terminal, where the answers do not.
+    TExit Run(TConsole &console, const std::vector<std::filesystem::path> &files,
+              const std::function<TAnswer(const std::filesystem::path &)> &answer,
+              const std::function<std::string(const std::filesystem::path &, const std::string &)>
+                  &broken) const;
+
+private:
+    std::vector<std::string> names_;
+    int jobs_ = 1;
+};
