@@ -19,6 +19,10 @@ std::span<const TCommand> Commands() {
          "ferrolyn-cli patch FERRO32K.BIN CHANGES.PATCH -o NEW.BIN", DeclarePatch},
         {"find", "Find the maps of unknown images",
          "ferrolyn-cli find FERRO64K.BIN --reasons --spec-out FERRO64K.SPC", DeclareFind},
+        {"move", "Find the maps of a known image in another one of its family",
+         "ferrolyn-cli move --from FERRO32K.BIN --spec FERRO32K.SPC --to FERRO64K.BIN -o "
+         "FERRO64K.SPC",
+         DeclareMove},
         {"check", "Say what is wrong or odd about images and their maps",
          "ferrolyn-cli check FERRO32K.BIN --spec FERRO32K.SPC", DeclareCheck},
         {"draw", "Draw the chart of a map",

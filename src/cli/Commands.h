@@ -15,5 +15,6 @@ TRun DeclareSet(CLI::App &app);
 TRun DeclareDiff(CLI::App &app);
 TRun DeclarePatch(CLI::App &app);
 TRun DeclareFind(CLI::App &app);
+TRun DeclareMove(CLI::App &app);
 TRun DeclareCheck(CLI::App &app);
 TRun DeclareDraw(CLI::App &app);
