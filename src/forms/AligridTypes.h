@@ -8,12 +8,6 @@
 #include <cstdint>
 #include <optional>
 
-struct TGridCell {
-    int column = 0;
-    int row = 0;
-    bool operator==(const TGridCell &) const = default;
-};
-
 /// All four edges belong to the rectangle.
 struct TGridRect {
     int left = 0;

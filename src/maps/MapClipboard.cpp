@@ -31,8 +31,6 @@ void PasteCells(TfrmMaps &page) {
                                        page.Panel(kind).gridView, cells->left, cells->top);
     if (!pasting.problem.empty())
         return Dialogs().ShowMessage(QString::fromStdString(pasting.problem));
-    std::vector<TCellText> texts;
-    for (const TCellEntry &entry : pasting.entries)
-        texts.push_back({entry.column, entry.row, QString::fromStdString(entry.text)});
-    page.EnterTexts(kind, texts, QCoreApplication::translate("MapClipboard", "Paste"));
+    page.EnterTexts(kind, CellTexts(pasting.entries),
+                    QCoreApplication::translate("MapClipboard", "Paste"));
 }

@@ -1,22 +1,17 @@
-// The selected cells of a map page's current grid, and changing their numbers in one step. The
-// arithmetic is NumberBlock.h's, the commands are MapCommands.cpp's.
+// The selected cells of a map page's current grid, and changing their numbers in one step. What
+// becomes of the cells is BlockCells.h's, the commands are CellCommands.cpp's.
 #pragma once
 
-#include "forms/AligridTypes.h"
-#include "maps/BulkAdjust.h"
-#include "maps/NumberBlock.h"
+#include "maps/BlockCells.h"
 
-#include <functional>
 #include <optional>
 #include <vector>
 
 #include <QString>
 
+struct TCellText;
 class TStringAlignGrid;
 class TfrmMaps;
-
-/// The cells of a range, row by row.
-std::vector<TGridCell> CellsIn(const TCellRange &range);
 
 TCellRange SelectedCells(const TStringAlignGrid &grid);
 
@@ -24,8 +19,8 @@ TCellRange SelectedCells(const TStringAlignGrid &grid);
 /// are among them, which the bottom line says.
 std::optional<TCellRange> SelectedBody(TfrmMaps &page);
 
-/// One of the functions of NumberBlock.h.
-using TBlockChange = std::function<std::string(TNumberBlock &)>;
+/// As a map page takes them.
+std::vector<TCellText> CellTexts(const std::vector<TCellEntry> &entries);
 
 /// Gives the selected numbers to `change` and enters those that become others as one step, as the
 /// page shows numbers. The bottom line says why nothing is changed: a cell that is no number, what

@@ -1,5 +1,5 @@
 // What the commands of the menu "Selection" do to a rectangle of a map's numbers: arithmetic alone.
-// SelectionCommands.h takes the numbers from a grid and enters the results.
+// BlockCells.h takes the numbers from a grid and says what its cells become.
 #pragma once
 
 #include <string>

@@ -19,6 +19,13 @@ inline constexpr TColor clWindow = 0x80000005;
 inline constexpr TColor clWindowText = 0x80000008;
 inline constexpr TColor clBtnFace = 0x8000000F;
 
+/// A cell of a grid.
+struct TGridCell {
+    int column = 0;
+    int row = 0;
+    bool operator==(const TGridCell &) const = default;
+};
+
 /// A grid of texts. Coordinates are (column, row); row 0 and column 0 hold the axes.
 class IMapGrid {
 public:
