@@ -80,16 +80,31 @@ std::string StoredNote(const TMap &map, int column, int row, const std::string &
     return value ? StoredNote(*value, map.GetCellFormat(), text, time) : std::string();
 }
 
-std::string EntryFor(const TVal &value, const std::string &picture, std::uint8_t byte) {
+std::optional<std::int32_t> CountOf(const TVal &value, const std::string &text) {
+    const std::optional<double> number = TryParseReal(text);
+    const std::unique_ptr<TVal> taken = number ? Taken(value, *number) : nullptr;
+    return taken ? std::optional(taken->raw) : std::nullopt;
+}
+
+std::string EntryFor(const TVal &value, const std::string &picture, std::int32_t count) {
     constexpr int mostMoreDigits = 15;
     const std::unique_ptr<TVal> wanted = value.CreateCopy();
-    wanted->raw = byte;
+    wanted->raw = count;
     std::string digits = picture;
-    for (int more = 0; more <= mostMoreDigits; ++more, digits += '0') {
-        const std::string text = FormatReal(digits, wanted->GetValue());
-        const std::unique_ptr<TVal> taken = Taken(value, ParseReal(text));
-        if (taken && taken->raw == byte)
+    if (picture.find('.') == std::string::npos)
+        digits += '.'; // shows nothing by itself
+    for (int more = 0; more <= mostMoreDigits; ++more, digits += '0')
+        if (std::string text = FormatReal(digits, wanted->GetValue());
+            CountOf(value, text) == count)
             return text;
-    }
     return {};
+}
+
+bool StandsFor(const TVal &value, const std::string &picture, std::int32_t count,
+               const std::string &text) {
+    const std::optional<double> number = TryParseReal(text);
+    const std::unique_ptr<TVal> counted = value.CreateCopy();
+    counted->raw = count;
+    return number && (IsSame(counted->GetValue(), *number) ||
+                      TryParseReal(EntryFor(value, picture, count)) == number);
 }

@@ -5,6 +5,7 @@
 #include "model/MapTypes.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 /// Whether the note is read before or after "Commit".
@@ -26,7 +27,15 @@ std::string StoredNote(const TVal &value, const std::string &picture, const std:
 std::string StoredNote(const TMap &map, int column, int row, const std::string &text,
                        TNoteTime time = TNoteTime::Before);
 
-/// What is to be entered where `value` is shown so that `byte` is stored: as `picture` shows it
+/// The count that a text is for `value`, whether it fits a byte or not. None for a text that is no
+/// number and for a number that CanBeStored refuses.
+std::optional<std::int32_t> CountOf(const TVal &value, const std::string &text);
+
+/// What is to be entered where `value` is shown so that it takes `count`: as `picture` shows it
 /// where that is exact enough, else with as many more digits as it takes. Empty where no number
-/// gives that byte: an angle without a divider.
-std::string EntryFor(const TVal &value, const std::string &picture, std::uint8_t byte);
+/// gives that count: an angle without a divider.
+std::string EntryFor(const TVal &value, const std::string &picture, std::int32_t count);
+
+/// Whether a number is what EntryFor gives for `count`, or is the count's value itself.
+bool StandsFor(const TVal &value, const std::string &picture, std::int32_t count,
+               const std::string &text);

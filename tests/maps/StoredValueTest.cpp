@@ -178,4 +178,46 @@ TEST_F(TEntryTest, IsNoneOfAnAngleWithoutADivider) {
     EXPECT_EQ(EntryFor(*map.data->values->GetItem(0, 0), "###0.0", 7), "");
     EXPECT_TRUE(Messages().empty());
 }
+
+TEST_F(TEntryTest, OfAPictureWithoutAPointGetsOne) {
+    const TThrVal load;
+    EXPECT_EQ(EntryFor(load, "##0", 75), "30");
+    EXPECT_EQ(EntryFor(load, "##0", 126), "50.4");
+}
+
+TEST_F(TEntryTest, IsOfAnyCountThatPointsOfAxesHave) {
+    const TRPMVal speed;
+    EXPECT_EQ(EntryFor(speed, "####0", 256), "10240");
+    EXPECT_EQ(EntryFor(speed, "####0", -3), "-120");
+}
+
+TEST_F(TEntryTest, IsNoneOfAnAngleTooLargeToBeWritten) {
+    TimingConstants() = {1e308, 0};
+    TMap &map = Shown(TShown::Degrees);
+    EXPECT_EQ(EntryFor(*map.data->values->GetItem(0, 0), "###0.0", 7), "");
+}
+
+using TCountTest = TStoredNoteTest;
+
+TEST_F(TCountTest, IsWhatATextIsForAValue) {
+    TMap &map = Shown(TShown::Trims);
+    const TVal &value = *map.data->values->GetItem(0, 0);
+    EXPECT_EQ(CountOf(value, "0.52"), 67);
+    EXPECT_EQ(CountOf(value, "3"), 384);
+    EXPECT_EQ(CountOf(value, "1e10"), std::nullopt);
+    EXPECT_EQ(CountOf(value, "x"), std::nullopt);
+    TimingConstants() = {};
+    EXPECT_EQ(CountOf(*Shown(TShown::Degrees).data->values->GetItem(0, 0), "7"), std::nullopt);
+}
+
+TEST_F(TCountTest, StandsForItsValueAndForItsEntry) {
+    TMap &map = Shown(TShown::Trims);
+    const TVal &value = *map.data->values->GetItem(0, 0);
+    EXPECT_TRUE(StandsFor(value, "###0.00", 66, "0.516"));
+    EXPECT_TRUE(StandsFor(value, "###0.00", 66, "0.515625"));
+    EXPECT_FALSE(StandsFor(value, "###0.00", 66, "0.52"));
+    EXPECT_FALSE(StandsFor(value, "###0.00", 66, "0.515"));
+    EXPECT_FALSE(StandsFor(value, "###0.00", 66, "x"));
+    EXPECT_TRUE(StandsFor(TThrVal(), "##0", 249, "99.6"));
+}
 } // namespace
