@@ -1,8 +1,7 @@
 // "set": single cells, points of axes, the rev limiter.
 #include "cli/CellNames.h"
 #include "cli/Commands.h"
-#include "cli/ImageChange.h"
-#include "cli/MapNames.h"
+#include "cli/MapEdits.h"
 #include "cli/WrongUse.h"
 #include "model/Numbers.h"
 #include "model/ROMImage.h"
@@ -26,57 +25,40 @@ TAssignment ReadAssignment(const std::string &text) {
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
-/// Enters assignments into the maps of an image and commits them.
-class TAssigning {
-public:
-    TAssigning(TWorkspace &maps, TNotes &notes, std::string name)
-        : maps_(maps), notes_(notes), name_(std::move(name)) {}
+void SetRevLimiter(TFuelMapSet &maps, const std::string &text, TNotes &notes,
+                   const std::string &image) {
+    TRPMVal &limiter = maps.revLimiter;
+    if (!maps.HasRevLimiter() || !ROMImage()->IsInFile(limiter.offset))
+        throw EWrongUse(image + ": the spec file places no rev limiter in it");
+    CheckEntry(revLimiterName, limiter, axisPicture, text, notes);
+    limiter.SetValue(ParseReal(text));
+    limiter.Save();
+}
 
-    void Enter(const TAssignment &assignment) {
-        if (assignment.place == revLimiterName)
-            return SetRevLimiter(assignment.value);
-        const TCellNames names = ReadCellNames(assignment.place);
-        TMapEdit &edit = EditOf(names.map);
-        const TCellRange cell = CellNamed(names, MapOf(maps_, names.map));
-        edit.Enter(cell.left, cell.top, assignment.value);
+/// Enters the cells and points of axes among the assignments; they go by the axes of the old image.
+void SetPlaces(TWorkspace &maps, const std::vector<TAssignment> &assignments, TNotes &notes,
+               const std::string &image) {
+    TMapEdits edits(maps, notes, image);
+    for (const auto &[place, value] : assignments) {
+        if (place == revLimiterName)
+            continue;
+        const TCellNames names = ReadCellNames(place);
+        TMapEdit &edit = edits.Of(names.map);
+        const TCellRange cell = CellNamed(names, MapOf(maps, names.map));
+        edit.Enter(cell.left, cell.top, value);
     }
+    edits.Commit();
+}
 
-    void Commit() {
-        for (const TOneMap &each : edits_)
-            each.edit->Commit();
-    }
-
-private:
-    struct TOneMap {
-        TMapId map;
-        std::unique_ptr<TMapEdit> edit;
-    };
-
-    TMapEdit &EditOf(TMapId map) {
-        const auto known = std::find_if(edits_.begin(), edits_.end(),
-                                        [&](const TOneMap &each) { return each.map == map; });
-        if (known != edits_.end())
-            return *known->edit;
-        TMap &edited = MapOf(maps_, map);
-        NeedMap(edited, map, name_);
-        edits_.push_back({map, std::make_unique<TMapEdit>(map, edited, notes_)});
-        return *edits_.back().edit;
-    }
-
-    void SetRevLimiter(const std::string &text) {
-        TRPMVal &limiter = maps_.fuelMapSet.revLimiter;
-        if (!maps_.fuelMapSet.HasRevLimiter() || !ROMImage()->IsInFile(limiter.offset))
-            throw EWrongUse(name_ + ": the spec file places no rev limiter in it");
-        CheckEntry(revLimiterName, limiter, axisPicture, text, notes_);
-        limiter.SetValue(ParseReal(text));
-        limiter.Save();
-    }
-
-    TWorkspace &maps_;
-    TNotes &notes_;
-    std::string name_;
-    std::vector<TOneMap> edits_;
-};
+void Assign(TWorkspace &maps, const std::vector<std::string> &texts, TNotes &notes,
+            const std::string &image) {
+    std::vector<TAssignment> assignments(texts.size());
+    std::transform(texts.begin(), texts.end(), assignments.begin(), ReadAssignment);
+    SetPlaces(maps, assignments, notes, image);
+    for (const auto &[place, value] : assignments)
+        if (place == revLimiterName)
+            SetRevLimiter(maps.fuelMapSet, value, notes, image);
+}
 } // namespace
 
 TRun DeclareSet(CLI::App &app) {
@@ -94,10 +76,7 @@ TRun DeclareSet(CLI::App &app) {
     return [arguments](TConsole &console) {
         const std::string &name = arguments->change.Arguments().Name();
         arguments->change.Run(console, {}, [&](TWorkspace &maps, TNotes &notes) {
-            TAssigning assigning(maps, notes, name);
-            for (const std::string &text : arguments->assignments)
-                assigning.Enter(ReadAssignment(text));
-            assigning.Commit();
+            Assign(maps, arguments->assignments, notes, name);
         });
         return TExit::Done;
     };

@@ -10,7 +10,11 @@
 #include <vector>
 
 /// Throws EWrongUse, which begins with `place`, when `text` is no number or none that `value` can
-/// store; a note says what of it will not be stored exactly.
+/// store.
+void NeedStorable(const std::string &place, const TVal &value, const std::string &text);
+
+/// As NeedStorable; a note says what of the text does not become a byte exactly. The number that
+/// "export" writes for a byte is exact, with however many digits.
 void CheckEntry(const std::string &place, const TVal &value, const std::string &picture,
                 const std::string &text, TNotes &notes);
 
@@ -33,19 +37,25 @@ public:
     /// As it shows the map with what was entered.
     const IMapGrid &Grid() const { return grid_; }
 
-    /// Enters a number into a cell or a header, as CheckEntry takes it. Throws EWrongUse for the
+    /// Enters a number into a cell or a header, as NeedStorable takes it. Throws EWrongUse for the
     /// one header that is in no image too, the load of a map with one axis.
     void Enter(int column, int row, const std::string &text);
 
-    /// Adds percent of each cell, as the bulk tool does.
+    /// Adds percent of each cell, as the bulk tool does. Throws EWrongUse for a cell that becomes
+    /// no number that can be stored.
     void AddPercent(const TCellRange &cells, int percent);
 
-    /// Writes what was entered into the image.
+    /// Writes what was entered into the image; notes say what of it is not stored exactly.
     void Commit();
 
 private:
-    const TVal &ValueAt(int column, int row) const;
-    void Check(int column, int row, const std::string &text);
+    std::string Place(int column, int row) const;
+    const TVal &ValueOf(int column, int row) const;
+    /// Of those of the cells that are marked as entered.
+    void NoteCells(const TCellRange &cells, const TMarkedGrid &entered);
+    /// Of all its points, if any was entered.
+    void NoteAxis(const TAxisData &axis, TAxisData &&stored, const TCellRange &headers,
+                  const TMarkedGrid &entered);
 
     TMapId id_;
     TMap &map_;
