@@ -13,6 +13,8 @@ std::span<const TCommand> Commands() {
          "rev-limiter=6800 -o "
          "NEW.BIN",
          DeclareSet},
+        {"export", "Write a map as a table for spreadsheets",
+         "ferrolyn-cli export FERRO32K.BIN --spec FERRO32K.SPC fuel-pt -o FUEL.CSV", DeclareExport},
         {"diff", "Tell where two images differ, by map and cell",
          "ferrolyn-cli diff FERRO32K.BIN NEW.BIN --spec FERRO32K.SPC", DeclareDiff},
         {"patch", "Apply a patch file to an image, or take it back",

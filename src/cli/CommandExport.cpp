@@ -1,0 +1,40 @@
+// "export": a map as a table for spreadsheets.
+#include "cli/Commands.h"
+#include "cli/ImageChange.h"
+#include "cli/MapCsv.h"
+#include "cli/MapNames.h"
+#include "cli/WrongUse.h"
+
+#include <memory>
+
+namespace {
+struct TExportArguments {
+    TMappedArguments image;
+    std::string map;
+    TTextOutput output;
+};
+
+TExit Export(const TExportArguments &arguments, TConsole &console) {
+    const TMapId id = NamedMap(arguments.map);
+    arguments.output.Check({arguments.image.Image(), arguments.image.Spec()});
+    const TMappedImage image = arguments.image.Read();
+    std::string table;
+    image.InForce([&] {
+        const TMap &map = MapOf(image.Maps(), id);
+        NeedMap(map, id, arguments.image.Name());
+        table = MapCsv(id, map);
+    });
+    arguments.output.Write(console, table);
+    return TExit::Done;
+}
+} // namespace
+
+TRun DeclareExport(CLI::App &app) {
+    const auto arguments = std::make_shared<TExportArguments>();
+    arguments->image.Declare(app);
+    app.add_option("MAP", arguments->map, "The map to write, one of those that --help names")
+        ->required()
+        ->type_name("");
+    arguments->output.Declare(app);
+    return [arguments](TConsole &console) { return Export(*arguments, console); };
+}
