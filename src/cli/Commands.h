@@ -13,6 +13,7 @@ TRun DeclareInfo(CLI::App &app);
 TRun DeclareShow(CLI::App &app);
 TRun DeclareSet(CLI::App &app);
 TRun DeclareExport(CLI::App &app);
+TRun DeclareImport(CLI::App &app);
 TRun DeclareDiff(CLI::App &app);
 TRun DeclarePatch(CLI::App &app);
 TRun DeclareFind(CLI::App &app);
