@@ -13,6 +13,10 @@ std::span<const TCommand> Commands() {
          "rev-limiter=6800 -o "
          "NEW.BIN",
          DeclareSet},
+        {"adjust", "Add, set, multiply, interpolate or smooth ranges of cells",
+         "ferrolyn-cli adjust FERRO32K.BIN --spec FERRO32K.SPC 'timing-pt[1040:3120,47:]' --add=-2 "
+         "-o NEW.BIN",
+         DeclareAdjust},
         {"export", "Write a map as a table for spreadsheets",
          "ferrolyn-cli export FERRO32K.BIN --spec FERRO32K.SPC fuel-pt -o FUEL.CSV", DeclareExport},
         {"import", "Fill a map from a table that export or a spreadsheet wrote",

@@ -12,6 +12,7 @@ std::span<const TCommand> Commands();
 TRun DeclareInfo(CLI::App &app);
 TRun DeclareShow(CLI::App &app);
 TRun DeclareSet(CLI::App &app);
+TRun DeclareAdjust(CLI::App &app);
 TRun DeclareExport(CLI::App &app);
 TRun DeclareImport(CLI::App &app);
 TRun DeclareDiff(CLI::App &app);
