@@ -22,6 +22,10 @@ std::span<const TCommand> Commands() {
         {"import", "Fill a map from a table that export or a spreadsheet wrote",
          "ferrolyn-cli import FERRO32K.BIN --spec FERRO32K.SPC fuel-pt FUEL.CSV -o NEW.BIN",
          DeclareImport},
+        {"copy", "Copy whole maps from one image into another",
+         "ferrolyn-cli copy NEW.BIN --spec FERRO32K.SPC FERRO32K.BIN --spec FERRO32P.SPC fuel-pt "
+         "-o BOTH.BIN",
+         DeclareCopy},
         {"diff", "Tell where two images differ, by map and cell",
          "ferrolyn-cli diff FERRO32K.BIN NEW.BIN --spec FERRO32K.SPC", DeclareDiff},
         {"patch", "Apply a patch file to an image, or take it back",

@@ -15,6 +15,7 @@ TRun DeclareSet(CLI::App &app);
 TRun DeclareAdjust(CLI::App &app);
 TRun DeclareExport(CLI::App &app);
 TRun DeclareImport(CLI::App &app);
+TRun DeclareCopy(CLI::App &app);
 TRun DeclareDiff(CLI::App &app);
 TRun DeclarePatch(CLI::App &app);
 TRun DeclareFind(CLI::App &app);
