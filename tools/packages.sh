@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing of the Debian packages that the project needs; does nothing when all of them are there.
-#   tools/packages.sh SECTION...    sections: build, run, wayland, screen, drive, test, package, clang, style, tidy
+#   tools/packages.sh SECTION...    sections: build, run, wayland, screen, drive, test, package, spreadsheet, clang, style, tidy
 #   tools/packages.sh --list SECTION...    only names them
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -20,6 +20,8 @@ packages_of() {
         test) echo libgtest-dev libgmock-dev qt6-l10n-tools poppler-utils desktop-file-utils appstream groff-base $(packages_of screen) ;;
         # What cpack needs for a Debian package.
         package) echo dpkg-dev file gzip ;;
+        # The spreadsheet that opens and saves exported maps.
+        spreadsheet) echo libreoffice-calc ;;
         # The second compiler and its sanitizers.
         clang) echo clang libclang-rt-14-dev ;;
         style) echo clang-format ;;
