@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Makes the packages, and tries them on a machine of their own: installs the Debian package in a minimal Debian in FOLDER, works with
-# the installed program there as a user without rights on a virtual screen (loads a sample, reads its maps and the help), does the
-# same with the archive, removes the package, and expects that no file is left. As root; needs debootstrap, like tools/bare-root.sh.
+# Makes the packages, and tries them on a machine of their own: installs the Debian packages in a minimal Debian in FOLDER, works with
+# the installed programs there as a user without rights, on a virtual screen (loads a sample, reads its maps and the help) and on the
+# command line, does the same with the archive, removes the packages, and expects that no file is left. As root; needs debootstrap, like tools/bare-root.sh.
 #   tools/package-test.sh [--fresh] [FOLDER]    FOLDER is /var/tmp/ferrolyn-package-root unless given; --fresh starts it anew
 #   tools/package-test.sh --build               only makes the packages, in build/packages/
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"

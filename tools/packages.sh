@@ -16,8 +16,9 @@ packages_of() {
         screen) echo fonts-dejavu-core xvfb openbox x11-utils wmctrl xdotool ;;
         # What reads a window from outside, by the accessibility bus.
         drive) echo at-spi2-core dbus python3-gi gir1.2-atspi-2.0 ;;
-        # Test libraries, what collects the program's texts, what reads a printed page back, and what checks the files that packages carry.
-        test) echo libgtest-dev libgmock-dev qt6-l10n-tools poppler-utils desktop-file-utils appstream groff-base $(packages_of screen) ;;
+        # Test libraries, what collects the program's texts, what reads a printed page back, and what checks
+        # JSON and the files that packages carry.
+        test) echo libgtest-dev libgmock-dev qt6-l10n-tools poppler-utils desktop-file-utils appstream groff-base python3-jsonschema $(packages_of screen) ;;
         # What cpack needs for a Debian package.
         package) echo dpkg-dev file gzip ;;
         # The spreadsheet that opens and saves exported maps.

@@ -40,10 +40,20 @@ drive() {
     }
 }
 
+# Runs a command line program as that user: what it shows of a sample is compared with the test's own knowledge of it.
+#   try_command_line PROGRAM
+try_command_line() {
+    local shown
+    shown=$(runuser -u tester -- env -C /home/tester PATH=/usr/bin:/bin "$1" show "$top/samples/FERRO32K.BIN" --spec "$top/samples/FERRO32K.SPC")
+    [[ $shown == *"fuel-pt: Fuel PT at \$6000, 16 x 12, lambda"* && $shown == *"rev-limiter: 6800 rpm"* ]]
+}
+
 step "preparing the root"
 quietly apt-get update
 "$top/tools/packages.sh" screen drive
-! dpkg-query -W ferrolyn >/dev/null 2>&1 || quietly apt-get purge -y ferrolyn # of a run that failed
+for package in ferrolyn ferrolyn-cli; do # of a run that failed
+    ! dpkg-query -W $package >/dev/null 2>&1 || quietly apt-get purge -y $package
+done
 quietly apt-get purge -y --autoremove
 id tester >/dev/null 2>&1 || useradd --create-home tester
 rm -rf /home/tester && install -d -o tester -g tester /home/tester
@@ -51,12 +61,19 @@ mkdir -p -m 1777 /tmp/.X11-unix # the virtual screen's; a user may not make it a
 list_files >"$scratch/before"
 packages_before=$(dpkg-query -W | wc -l)
 
-step "installing the Debian package"
+step "installing the package of the command line alone"
+quietly apt-get install -y --no-install-recommends "$packages"/ferrolyn-cli_*.deb
+say "with it came $(($(dpkg-query -W | wc -l) - packages_before - 1)) other packages"
+! dpkg-query -W | grep -iE '^libqt' # the toolkit would hide what is missing
+try_command_line ferrolyn-cli
+[ -f /usr/share/bash-completion/completions/ferrolyn-cli ]
+
+step "installing both Debian packages"
 quietly apt-get install -y --no-install-recommends "$packages"/*.deb
 list_files >"$scratch/installed"
 ldd /usr/bin/ferrolyn | grep 'not found' && exit 1
-say "with it came $(($(dpkg-query -W | wc -l) - packages_before - 1)) other packages"
-[ -z "$(dpkg --verify ferrolyn)" ]
+say "with them came $(($(dpkg-query -W | wc -l) - packages_before - 2)) other packages"
+[ -z "$(dpkg --verify ferrolyn ferrolyn-cli)" ]
 
 step "using the installed program"
 drive ferrolyn /usr/share/ferrolyn/samples /usr/lib/ferrolyn
@@ -66,16 +83,17 @@ step "looking what it left in the user's home"
 (cd /home/tester && find . -type f ! -path './.cache/*' -printf '%P\n' | LC_ALL=C sort) |
     diff - <(printf '%s\n' .config/Ferrolyn/Ferrolyn.ini .config/QtProject.conf)
 
-step "removing the package but not what it needs"
-quietly apt-get purge -y ferrolyn
+step "removing the packages but not what they need"
+quietly apt-get purge -y ferrolyn ferrolyn-cli
 
-step "using the program out of the archive"
+step "using the programs out of the archive"
 mkdir /home/tester/unpacked
 tar -xzf "$packages"/*.tar.gz --strip-components=1 --no-same-owner -C /home/tester/unpacked
+try_command_line /home/tester/unpacked/bin/ferrolyn-cli
 drive /home/tester/unpacked/bin/ferrolyn /home/tester/unpacked/share/ferrolyn/samples /home/tester/unpacked/lib/ferrolyn
 [ -z "$(find /home/tester/unpacked -user tester)" ] # written by nobody but tar
 
 step "comparing what is left with what was there before"
 quietly apt-get purge -y --autoremove
-expect_files "$scratch/before" "removing the package left files behind or took others along"
-say "nothing is left of the package"
+expect_files "$scratch/before" "removing the packages left files behind or took others along"
+say "nothing is left of the packages"
