@@ -35,6 +35,7 @@ for name in ferrolyn_bench ferrolyn_bench_contents ferrolyn_bench_pages ferrolyn
     ferrolyn_bench_discovery ferrolyn_bench_searches; do
     measure "$name" "$top/build/bench/bench/$name"
 done
+measure "the command line" "$top/bench/command_line.sh" "$top/build/bench"
 bus=()
 command -v dbus-run-session >/dev/null && bus=(dbus-run-session --)
 measure "other editors" "${bus[@]}" "$top/bench/editors.sh" "$top/build/bench"
