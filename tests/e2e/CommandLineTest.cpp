@@ -2,6 +2,7 @@
 // same bytes.
 #include "Session.h"
 #include "cli/CliFixture.h"
+#include "maps/Maps.h"
 #include "maps/ToolWindow.h"
 
 #include <random>
@@ -38,8 +39,6 @@ public:
     explicit TBothHands(unsigned seed) : random_(seed) {
         PutFile(session_.folder / "CLI.BIN", session_.WriteSamples());
         session_.LoadAndChoose("FERRO32K.BIN", byOffsets);
-        session_.window->activateWindow(); // the commands of a page follow the keyboard
-        EXPECT_TRUE(QTest::qWaitForWindowActive(session_.window.get()));
         // The rev limiter alone does not enable "Save ROM".
         session_.SelectTab("Fuel Maps");
         session_.Type(fuelPage, TMapKind::PT, {1, 1}, "1");
@@ -154,10 +153,12 @@ private:
         const int row = Between(1, map_.loadPoints);
         const bool percent = !units || Chance(2);
         const bool subtract = Chance(2);
-        const int amount = percent ? Between(0, 30) : Between(0, 3);
+        // No percent rewrites each cell as it is shown, in both; no units are a change in the tool
+        // alone.
+        const int amount = percent ? Between(0, 30) : Between(1, 3);
         Grid().SetCurrent(column, row);
         session_.Click(map_.page, "btnRecalculate");
-        auto &tool = FindControl<TfrmToolWindow>(*session_.window, "frmToolWindow");
+        TfrmToolWindow &tool = *FindControl<TfrmMaps>(*session_.window, map_.page).ToolWindow;
         const auto pick = [&](const char *group, int item) {
             FindControl<QRadioButton>(tool, group + QString::number(item)).click();
         };
@@ -165,7 +166,9 @@ private:
         pick("rdoOperation", subtract);
         pick("rdoScale", percent);
         pick("rdoRange", range);
-        FindControl<QLineEdit>(tool, "edtVal").setText(QString::number(amount));
+        auto &box = FindControl<QLineEdit>(tool, "edtVal");
+        box.setText(QString::number(amount));
+        QTest::keyClick(&box, Qt::Key_Enter);
         FindControl<QPushButton>(tool, "btnExec").click();
         session_.Commit(map_.page, map_.kind);
         TGridRect cells{1, 1, map_.rpmPoints, map_.loadPoints};
@@ -204,6 +207,8 @@ private:
         const TCommandPair command = SomeCommand(units);
         if (!command.answer.empty())
             session_.dialogs.inputs.push_back(QString::fromStdString(command.answer));
+        session_.window->activateWindow(); // the commands of a page follow the keyboard
+        EXPECT_TRUE(QTest::qWaitForWindowActive(session_.window.get()));
         Grid().setFocus();
         Grid().SetSelection(cells);
         session_.Trigger(map_.page, command.action);
