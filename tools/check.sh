@@ -4,7 +4,7 @@
 #     style   formatting, words and file sizes (tools/style.sh)
 #     tests   g++ build, warnings are errors, every test
 #     asan    clang++ build, warnings are errors, every test under the address and undefined behaviour sanitizers
-#     tsan    the start-up tests and those of errands, of kept changes under the thread sanitizer, but for those of the window
+#     tsan    the start-up tests and those of errands, of kept changes and many images under the thread sanitizer, but for those of the window
 #             finder: they start an X server, and clang 14's thread sanitizer does not survive the toolkit's way of starting a
 #             process; they have one thread alone
 #     includes  clang++ build of src/, each source by itself, which finds an include that is missing
@@ -36,7 +36,7 @@ run_check() {
         tests) build_and_test dev ;;
         includes) build tidy ferrolyn ferrolyn-cli ;;
         asan) build_and_test asan ;;
-        tsan) build_and_test tsan test_start test_system test_changes ;;
+        tsan) build_and_test tsan test_start test_system test_changes test_jobs ;;
         tidy) tidy ;;
     esac
 }
