@@ -62,12 +62,12 @@ void TMapEdit::AddPercent(const TCellRange &cells, int percent) {
 }
 
 void TMapEdit::Commit() {
+    const int right = grid_.ColCount() - 1;
+    const int bottom = grid_.RowCount() - 1;
+    NoteCells({1, 1, right, bottom}); // by the axes that are in the image
     const TMarkedGrid entered = grid_;
     map_.ReadGrid(grid_);
     map_.Save();
-    const int right = grid_.ColCount() - 1;
-    const int bottom = grid_.RowCount() - 1;
-    NoteCells({1, 1, right, bottom}, entered);
     NoteAxis(*map_.axes->rpmAxis, TRPMAxisData(), {1, 0, right, 0}, entered);
     if (map_.axisCount > 1)
         NoteAxis(*map_.axes->throttleAxis, TThrAxisData(), {0, 1, 0, bottom}, entered);
@@ -85,11 +85,11 @@ const TVal &TMapEdit::ValueOf(int column, int row) const {
     return *value;
 }
 
-void TMapEdit::NoteCells(const TCellRange &cells, const TMarkedGrid &entered) {
+void TMapEdit::NoteCells(const TCellRange &cells) {
     for (const auto &[column, row] : CellsIn(cells))
-        if (entered.FontColor(column, row) == clBlue)
+        if (grid_.FontColor(column, row) == clBlue)
             CheckEntry(Place(column, row), ValueOf(column, row), PictureAt(map_, column, row),
-                       entered.Cell(column, row), notes_);
+                       grid_.Cell(column, row), notes_);
 }
 
 void TMapEdit::NoteAxis(const TAxisData &axis, TAxisData &&stored, const TCellRange &headers,

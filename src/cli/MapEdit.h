@@ -52,7 +52,7 @@ private:
     std::string Place(int column, int row) const;
     const TVal &ValueOf(int column, int row) const;
     /// Of those of the cells that are marked as entered.
-    void NoteCells(const TCellRange &cells, const TMarkedGrid &entered);
+    void NoteCells(const TCellRange &cells);
     /// Of all its points, if any was entered.
     void NoteAxis(const TAxisData &axis, TAxisData &&stored, const TCellRange &headers,
                   const TMarkedGrid &entered);

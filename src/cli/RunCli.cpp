@@ -10,10 +10,10 @@
 namespace {
 constexpr const char *program = "ferrolyn-cli";
 
-/// Errors are told in one line, whatever texts of users are in them.
+/// Errors are told in one line, whatever texts of users are in them; none of it steers a terminal.
 std::string OneLine(std::string text) {
     std::replace_if(
-        text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+        text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; }, ' ');
     return text;
 }
 

@@ -117,6 +117,7 @@ TEST_F(TCliImportTest, NamesFieldsThatAreNoNumbers) {
     ExpectRefusedTable(Replaced(table_, ",600,", ",slow,"), "T.CSV: row 1, column 2: 'slow'" + as);
     ExpectRefusedTable(heads_ + "\n0%," + std::string(50, 'x') + rest_,
                        "T.CSV: row 2, column 2: '" + std::string(40, 'x') + "'" + as);
+    ExpectRefusedTable(heads_ + "\n0%,\x1B[31mx" + rest_, "T.CSV: row 2, column 2: ' [31mx'" + as);
     ExpectRefusedTable(heads_ + "\n0%,1e300" + rest_,
                        "T.CSV: row 2, column 2: 1e300 cannot be stored");
 }

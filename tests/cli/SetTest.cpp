@@ -150,4 +150,19 @@ TEST_F(TCliSetTest, RefusesValuesThatAreNone) {
     ExpectRefused(SetWords({"timing-wot[#1]=1"}, "ZERO.SPC"),
                   "timing-wot[600]: 1 cannot be stored");
 }
+
+TEST_F(TCliSetTest, TellsOfTheLastNumberOfACellByTheAxesOfTheOldImage) {
+    ExpectSet({"--raw", "fuel-pt[#1,#1]=300", "fuel-pt[#1,#1]=1"}, {{0x6020, 1}});
+    ExpectNoted({"fuel-pt.rpm[2]=880", "fuel-pt[840,#3]=0.999"},
+                {{0x6002, 7}, {0x6003, 3}, {0x602E, 128}},
+                "fuel-pt[840,21]: 0.999 was stored as 1.00\n");
+}
+
+TEST_F(TCliSetTest, TellsWhatAllPointsOfAnAxisHaveBecome) {
+    // A point behind the next one is 255 counts before it, and so are all before that.
+    ExpectNoted({"fuel-pt.rpm[2]=1040"}, {{0x6002, 11}, {0x6003, 255}},
+                "fuel-pt.rpm[1]: 600 was stored as -9640\n"
+                "fuel-pt.rpm[2]: 1040 was stored as -9200\n");
+    ExpectSet({"fuel-pt.rpm[16]=10240"}, {{0x6010, 84}, {0x6011, 0}});
+}
 } // namespace
