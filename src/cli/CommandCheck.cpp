@@ -60,15 +60,14 @@ TExit Check(const TCheckArguments &arguments, TConsole &console) {
     PlaceMaps(none, spec); // a spec file that is wrong is no image's error
     const TIniFile ini = TIniFile::Load(spec);
     const TJsonLayout layout = arguments.images.Many() ? TJsonLayout::OneLine : TJsonLayout::Pretty;
-    const auto answer = [&](const std::filesystem::path &file) -> TAnswer {
-        const std::vector<TFinding> findings = Findings(ReadMappedImage(file, spec), ini);
-        const std::string image = PathText(file);
+    const auto answer = [&](const std::string &image) -> TAnswer {
+        const std::vector<TFinding> findings = Findings(ReadMappedImage(ToPath(image), spec), ini);
         return {arguments.Json() ? FindingsJson(image, findings, layout)
                                  : FindingsText(image, findings),
                 findings.empty() ? TExit::Done : TExit::Found};
     };
-    const auto unread = [&](const std::filesystem::path &file, const std::string &error) {
-        return UnreadText(PathText(file), error, arguments.Json());
+    const auto unread = [&](const std::string &image, const std::string &error) {
+        return UnreadText(image, error, arguments.Json());
     };
     return arguments.images.Run(console, arguments.images.Files(), answer, unread);
 }

@@ -34,14 +34,14 @@ struct TFindArguments {
     }
 };
 
-TJson FindJson(const std::filesystem::path &image) {
+TJson FindJson(const std::string &image) {
     TJson json = NewJson("find");
-    json["image"] = PathText(image);
+    json["image"] = image;
     return json;
 }
 
 /// A line of many, or all that is said of one image.
-std::string FindText(const TFindArguments &arguments, const std::filesystem::path &file,
+std::string FindText(const TFindArguments &arguments, const std::string &file,
                      const TMappedImage &image, const TFoundMaps &found) {
     const TFoundChoice choice = arguments.Choice(found);
     std::string text;
@@ -57,42 +57,42 @@ std::string FindText(const TFindArguments &arguments, const std::filesystem::pat
     return text;
 }
 
-std::string BrokenText(const std::filesystem::path &file, const std::string &error) {
+std::string BrokenText(const std::string &file, const std::string &error) {
     TJson json = FindJson(file);
     json["error"] = error;
     return JsonText(json, TJsonLayout::OneLine);
 }
 
 /// Writes the proposal and says what is not in it.
-void Propose(const TFindArguments &arguments, const std::filesystem::path &image,
-             const TFoundMaps &found, TConsole &console) {
+void Propose(const TFindArguments &arguments, const std::string &image, const TFoundMaps &found,
+             TConsole &console) {
     TSpecPlaces places;
     for (std::size_t i = 0; i < places.maps.size(); ++i)
         if (const std::optional<std::size_t> map = Proposed(found, notebookMaps[i]))
             places.maps[i] = found.maps[*map].place.offset;
-    WriteNewSpec(ToPath(arguments.specOut), image, places);
+    WriteNewSpec(ToPath(arguments.specOut), ToPath(image), places);
     for (std::size_t i = 0; i < places.maps.size(); ++i)
         if (places.maps[i].value_or(0) == 0) // which stands for no place
             console.err << NameOf(allMaps[i]) << ": no place is proposed; it is $0000 in "
                         << arguments.specOut << '\n';
 }
 
-void CheckFind(const TFindArguments &arguments, const std::vector<std::filesystem::path> &files) {
+void CheckFind(const TFindArguments &arguments, const std::vector<std::string> &files) {
     if (arguments.images.Many() && !arguments.Json())
         throw EWrongUse("--format text is for one image; of many each is a line of JSON");
     if (arguments.specOut.empty())
         return;
     if (arguments.images.Many())
         throw EWrongUse("--spec-out is for one image");
-    NeedOtherFile(ToPath(arguments.specOut), files);
+    NeedOtherFile(ToPath(arguments.specOut), {ToPath(files.front())});
     CheckCanWrite(ToPath(arguments.specOut));
 }
 
 TExit Find(const TFindArguments &arguments, TConsole &console) {
-    const std::vector<std::filesystem::path> files = arguments.images.Files();
+    const std::vector<std::string> files = arguments.images.Files();
     CheckFind(arguments, files);
-    const auto answer = [&](const std::filesystem::path &file) -> TAnswer {
-        const TMappedImage image(ReadImage(file));
+    const auto answer = [&](const std::string &file) -> TAnswer {
+        const TMappedImage image(ReadImage(ToPath(file)));
         const TFoundMaps found = FindMaps(image.Bytes());
         std::string text = FindText(arguments, file, image, found);
         if (!arguments.specOut.empty())

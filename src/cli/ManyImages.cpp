@@ -23,13 +23,13 @@ bool IsImageFile(const fs::directory_entry &entry) {
            entry.file_size(error) <= static_cast<std::uintmax_t>(TROMImage::capacity);
 }
 
-std::vector<fs::path> ImagesOf(const std::string &folder) {
-    std::vector<fs::path> files;
+std::vector<std::string> ImagesOf(const std::string &folder) {
+    std::vector<std::string> files; // paths would take many times the memory
     std::error_code error;
     for (fs::directory_iterator entry(ToPath(folder), error), end; !error && entry != end;
          entry.increment(error))
         if (IsImageFile(*entry))
-            files.push_back(entry->path());
+            files.push_back(PathText(entry->path()));
     if (error)
         throw EWrongUse(folder + ": the folder cannot be read: " + error.message());
     if (files.empty())
@@ -72,14 +72,14 @@ void TManyImages::Declare(CLI::App &app) {
         ->type_name("N");
 }
 
-std::vector<fs::path> TManyImages::Files() const {
-    std::vector<fs::path> files;
+std::vector<std::string> TManyImages::Files() const {
+    std::vector<std::string> files;
     for (const std::string &name : names_)
         if (IsFolder(name)) {
-            const std::vector<fs::path> images = ImagesOf(name);
+            const std::vector<std::string> images = ImagesOf(name);
             files.insert(files.end(), images.begin(), images.end());
         } else
-            files.push_back(ToPath(name));
+            files.push_back(name);
     return files;
 }
 
@@ -88,9 +88,9 @@ bool TManyImages::Many() const {
 }
 
 TExit TManyImages::Run(
-    TConsole &console, const std::vector<fs::path> &files,
-    const std::function<TAnswer(const fs::path &)> &answer,
-    const std::function<std::string(const fs::path &, const std::string &)> &broken) const {
+    TConsole &console, const std::vector<std::string> &files,
+    const std::function<TAnswer(const std::string &)> &answer,
+    const std::function<std::string(const std::string &, const std::string &)> &broken) const {
     if (!Many()) {
         const TAnswer only = answer(files.front());
         console.out << only.text;

@@ -5,7 +5,6 @@
 #include "cli/Jobs.h"
 
 #include <CLI/CLI.hpp>
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -16,19 +15,20 @@ public:
     /// Adds IMAGE and --jobs.
     void Declare(CLI::App &app);
 
-    /// The files: those that are named, and of each folder its image files, sorted by name; what is
-    /// in folders below is left alone. An image file of a folder is a regular file of 1 MiB at most
-    /// whose name ends with .bin in any letter case. Throws EWrongUse for a folder without one.
-    std::vector<std::filesystem::path> Files() const;
+    /// Their names: those that are named, and of each folder its image files, sorted by name; what
+    /// is in folders below is left alone. An image file of a folder is a regular file of 1 MiB at
+    /// most whose name ends with .bin in any letter case. Throws EWrongUse for a folder without
+    /// one.
+    std::vector<std::string> Files() const;
     /// False for one file that is named by itself: its errors are the command's.
     bool Many() const;
 
     /// Writes the answer to each of the files and gives the worst exit. One of many that `answer`
     /// throws for has `broken`, of the error's text, as its answer, and TExit::Wrong. Tells the
     /// progress on a terminal, where the answers do not.
-    TExit Run(TConsole &console, const std::vector<std::filesystem::path> &files,
-              const std::function<TAnswer(const std::filesystem::path &)> &answer,
-              const std::function<std::string(const std::filesystem::path &, const std::string &)>
+    TExit Run(TConsole &console, const std::vector<std::string> &files,
+              const std::function<TAnswer(const std::string &file)> &answer,
+              const std::function<std::string(const std::string &file, const std::string &error)>
                   &broken) const;
 
 private:
