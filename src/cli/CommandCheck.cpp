@@ -12,9 +12,6 @@ namespace {
 struct TCheckArguments {
     TManyImages images;
     std::string spec;
-    std::string format = "text";
-
-    bool Json() const { return format == "json"; }
 };
 
 std::string FindingsText(const std::string &image, const std::vector<TFinding> &findings) {
@@ -36,22 +33,19 @@ TJson CheckJson(const std::string &image) {
     return json;
 }
 
-std::string FindingsJson(const std::string &image, const std::vector<TFinding> &findings,
-                         TJsonLayout layout) {
+TJson FindingsJson(const std::string &image, const std::vector<TFinding> &findings) {
     TJson json = CheckJson(image);
     json["findings"] = TJson::array();
     for (const TFinding &finding : findings)
         json["findings"].push_back(
             {{"kind", NameOf(finding.kind)}, {"maps", finding.maps}, {"text", finding.text}});
-    return JsonText(json, layout);
+    return json;
 }
 
-std::string UnreadText(const std::string &image, const std::string &error, bool json) {
-    if (!json)
-        return image + ": error: " + error + '\n';
-    TJson unread = CheckJson(image);
-    unread["error"] = error;
-    return JsonText(unread, TJsonLayout::OneLine);
+TJson UnreadJson(const std::string &image, const std::string &error) {
+    TJson json = CheckJson(image);
+    json["error"] = error;
+    return json;
 }
 
 TExit Check(const TCheckArguments &arguments, TConsole &console) {
@@ -59,28 +53,26 @@ TExit Check(const TCheckArguments &arguments, TConsole &console) {
     TMappedImage none({});
     PlaceMaps(none, spec); // a spec file that is wrong is no image's error
     const TIniFile ini = TIniFile::Load(spec);
-    const TJsonLayout layout = arguments.images.Many() ? TJsonLayout::OneLine : TJsonLayout::Pretty;
+    const TManyImages &images = arguments.images;
     const auto answer = [&](const std::string &image) -> TAnswer {
         const std::vector<TFinding> findings = Findings(ReadMappedImage(ToPath(image), spec), ini);
-        return {arguments.Json() ? FindingsJson(image, findings, layout)
-                                 : FindingsText(image, findings),
+        return {images.Form() == TForm::Text ? FindingsText(image, findings)
+                                             : images.Text(FindingsJson(image, findings)),
                 findings.empty() ? TExit::Done : TExit::Found};
     };
     const auto unread = [&](const std::string &image, const std::string &error) {
-        return UnreadText(image, error, arguments.Json());
+        return images.Form() == TForm::Text ? image + ": error: " + error + '\n'
+                                            : images.Text(UnreadJson(image, error));
     };
-    return arguments.images.Run(console, arguments.images.Files(), answer, unread);
+    return images.Run(console, images.Files(), answer, unread);
 }
 } // namespace
 
 TRun DeclareCheck(CLI::App &app) {
     const auto arguments = std::make_shared<TCheckArguments>();
-    arguments->images.Declare(app);
+    arguments->images.Declare(app, TForm::Text);
     app.add_option("--spec", arguments->spec, "Spec file that says where their maps are")
         ->required()
         ->type_name("FILE");
-    app.add_option("--format", arguments->format, "text, or json: of many images a line for each")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->type_name("FORMAT");
     return [arguments](TConsole &console) { return Check(*arguments, console); };
 }

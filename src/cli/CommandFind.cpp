@@ -18,13 +18,10 @@
 namespace {
 struct TFindArguments {
     TManyImages images;
-    std::string format;
     std::string specOut;
     std::optional<int> most;
     bool all = false;
     bool reasons = false;
-
-    bool Json() const { return format.empty() ? images.Many() : format == "json"; }
 
     TFoundChoice Choice(const TFoundMaps &found) const {
         const std::size_t asked = all    ? mostFound
@@ -40,27 +37,27 @@ TJson FindJson(const std::string &image) {
     return json;
 }
 
-/// A line of many, or all that is said of one image.
 std::string FindText(const TFindArguments &arguments, const std::string &file,
                      const TMappedImage &image, const TFoundMaps &found) {
     const TFoundChoice choice = arguments.Choice(found);
     std::string text;
     image.InForce([&] {
-        if (!arguments.Json()) {
+        if (arguments.images.Form() == TForm::Text) {
             text = FoundMapsText(found, choice);
             return;
         }
         TJson json = FindJson(file);
         AddFoundMaps(json, found, choice);
-        text = JsonText(json, arguments.images.Many() ? TJsonLayout::OneLine : TJsonLayout::Pretty);
+        text = arguments.images.Text(json);
     });
     return text;
 }
 
-std::string BrokenText(const std::string &file, const std::string &error) {
+std::string BrokenText(const TFindArguments &arguments, const std::string &file,
+                       const std::string &error) {
     TJson json = FindJson(file);
     json["error"] = error;
-    return JsonText(json, TJsonLayout::OneLine);
+    return arguments.images.Text(json);
 }
 
 /// Writes the proposal and says what is not in it.
@@ -78,7 +75,7 @@ void Propose(const TFindArguments &arguments, const std::string &image, const TF
 }
 
 void CheckFind(const TFindArguments &arguments, const std::vector<std::string> &files) {
-    if (arguments.images.Many() && !arguments.Json())
+    if (arguments.images.Many() && arguments.images.Form() == TForm::Text)
         throw EWrongUse("--format text is for one image; of many each is a line of JSON");
     if (arguments.specOut.empty())
         return;
@@ -99,17 +96,16 @@ TExit Find(const TFindArguments &arguments, TConsole &console) {
             Propose(arguments, file, found, console);
         return {std::move(text)};
     };
-    return arguments.images.Run(console, files, answer, BrokenText);
+    const auto broken = [&](const std::string &file, const std::string &error) {
+        return BrokenText(arguments, file, error);
+    };
+    return arguments.images.Run(console, files, answer, broken);
 }
 } // namespace
 
 TRun DeclareFind(CLI::App &app) {
     const auto arguments = std::make_shared<TFindArguments>();
-    arguments->images.Declare(app);
-    app.add_option("--format", arguments->format,
-                   "text, usual for one image, or json, usual for many: a line for each")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->type_name("FORMAT");
+    arguments->images.Declare(app, TForm::Lines);
     app.add_flag("--reasons", arguments->reasons, "Say what speaks for each map and against it");
     CLI::Option *most = app.add_option("--most", arguments->most,
                                        "Tell so many maps; without it those that are likely")

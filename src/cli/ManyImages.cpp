@@ -63,13 +63,20 @@ private:
 };
 } // namespace
 
-void TManyImages::Declare(CLI::App &app) {
+void TManyImages::Declare(CLI::App &app, TForm usual) {
+    usual_ = usual;
     app.add_option("IMAGE", names_, "ROM images, or folders with images (*.BIN)")
         ->required()
         ->type_name("");
     app.add_option("--jobs", jobs_, "Look at so many images at the same time")
         ->check(CLI::Range(1, mostJobs))
         ->type_name("N");
+    app.add_option("--format", format_,
+                   usual == TForm::Lines
+                       ? "text, usual for one image; json; jsonl (a line for each), usual for many"
+                       : "text, json, or jsonl (a line for each image, as json is of many)")
+        ->check(CLI::IsMember({"text", "json", "jsonl"}))
+        ->type_name("FORMAT");
 }
 
 std::vector<std::string> TManyImages::Files() const {
@@ -87,11 +94,23 @@ bool TManyImages::Many() const {
     return names_.size() > 1 || IsFolder(names_.front());
 }
 
+TForm TManyImages::Form() const {
+    if (format_.empty())
+        return Many() ? usual_ : TForm::Text;
+    if (format_ == "text")
+        return TForm::Text;
+    return Many() || format_ == "jsonl" ? TForm::Lines : TForm::Json;
+}
+
+std::string TManyImages::Text(const TJson &json) const {
+    return JsonText(json, Form() == TForm::Lines ? TJsonLayout::OneLine : TJsonLayout::Pretty);
+}
+
 TExit TManyImages::Run(
     TConsole &console, const std::vector<std::string> &files,
     const std::function<TAnswer(const std::string &)> &answer,
     const std::function<std::string(const std::string &, const std::string &)> &broken) const {
-    if (!Many()) {
+    if (!Many() && Form() != TForm::Lines) {
         const TAnswer only = answer(files.front());
         console.out << only.text;
         return only.exit;

@@ -183,6 +183,6 @@ TEST_F(TCliCheckTest, NamesWhatIsWrong) {
     ExpectRefused({"check", "EMPTY.BIN", "--spec", "32K.SPC"},
                   "EMPTY.BIN: an image of 0 bytes has nothing in it");
     ExpectRefused({"check", "32K.BIN", "--spec", "32K.SPC", "--format", "csv"},
-                  "--format: csv not in {text,json}");
+                  "--format: csv not in {text,json,jsonl}");
 }
 } // namespace

@@ -113,7 +113,7 @@ TEST_F(TCliFindTest, NamesWhatIsWrong) {
     ExpectRefused({"find", "NONE.BIN"}, "Cannot read 'NONE.BIN': No such file or directory");
     ExpectRefused({"find", "64K.BIN", "--most", "0"}, "--most: Value 0 not in range 1 to 100");
     ExpectRefused({"find", "64K.BIN", "--most", "9", "--all"}, "--most excludes --all");
-    ExpectRefused({"find", "64K.BIN", "--format", "xml"}, "--format: xml not in {text,json}");
+    ExpectRefused({"find", "64K.BIN", "--format", "xml"}, "--format: xml not in {text,json,jsonl}");
     ExpectRefused({"find", "64K.BIN", "--spec-out", "64K.BIN"},
                   "64K.BIN: the output is an input, and would replace it");
     ExpectRefused({"find", "64K.BIN", "--spec-out", "NO/64K.SPC"},

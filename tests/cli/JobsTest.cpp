@@ -64,6 +64,21 @@ TEST_F(TCliJobsTest, AFolderOfOneImageIsAnsweredInALineToo) {
     EXPECT_EQ(Lines(Done({"check", "MANY", "--spec", "32K.SPC", "--format", "json"})).size(), 1U);
 }
 
+TEST_F(TCliJobsTest, OneImageIsALineWhenAsked) {
+    const TCliResult found = Run({"find", "32K.BIN", "--format", "jsonl"});
+    EXPECT_EQ(found.exit, 0);
+    EXPECT_EQ(Lines(found.out).size(), 1U);
+    const TCliResult broken = Run({"find", "NONE.BIN", "--format", "jsonl"});
+    EXPECT_EQ(broken.exit, 2);
+    EXPECT_EQ(broken.err, "");
+    EXPECT_THAT(Field(broken.out, "error"),
+                ElementsAre("Cannot read 'NONE.BIN': No such file or directory"));
+    EXPECT_EQ(Lines(Done({"check", "32K.BIN", "--spec", "32K.SPC", "--format", "jsonl"})).size(),
+              1U);
+    EXPECT_GT(Lines(Done({"check", "32K.BIN", "--spec", "32K.SPC", "--format", "json"})).size(),
+              1U);
+}
+
 TEST_F(TCliJobsTest, ABrokenImageIsALineAndNoEnd) {
     PutText("EMPTY.BIN", "");
     const TCliResult result = Run({"find", "32K.BIN", "NONE.BIN", "EMPTY.BIN", "64K.BIN"});
