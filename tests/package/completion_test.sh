@@ -3,7 +3,7 @@
 #   completion_test.sh PROGRAM
 set -uo pipefail
 top=$(cd "$(dirname "$0")/../.." && pwd)
-program=$1
+program=$(realpath "$1")
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch" "$scratch.diff"' EXIT
 . "$top/packaging/ferrolyn-cli.bash"
