@@ -1,6 +1,7 @@
 // "show": maps as tables, for people and for programs.
 #include "cli/Commands.h"
 #include "cli/ImageChange.h"
+#include "cli/MapCsv.h"
 #include "cli/MapGridText.h"
 #include "cli/MapJson.h"
 #include "cli/MapNames.h"
@@ -92,11 +93,21 @@ std::string Shown(const TShowArguments &arguments, const TWorkspace &maps, bool 
     NeedNamed(arguments, maps);
     if (arguments.format == "json")
         return Json(arguments, maps);
+    if (arguments.format == "csv") {
+        const TMapId id = NamedMap(arguments.maps.front());
+        return MapCsv(id, MapOf(maps, id));
+    }
     return Tables(arguments, maps, colors);
 }
 
+/// What is wrong with the names, before anything is read.
+void CheckNames(const TShowArguments &arguments) {
+    if (NamedMaps(arguments.maps).size() != 1 && arguments.format == "csv")
+        throw EWrongUse("--format csv: it is the table of one map; name one");
+}
+
 TExit Show(const TShowArguments &arguments, TConsole &console) {
-    NamedMaps(arguments.maps); // wrong names before anything is read
+    CheckNames(arguments);
     arguments.output.Check({arguments.image.Image(), arguments.image.Spec()});
     const TMappedImage image = arguments.image.Read();
     std::string text;

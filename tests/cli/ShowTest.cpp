@@ -161,6 +161,19 @@ TEST_F(TCliShowTest, NamesUnusableMapsInJson) {
                   "reason": "0 engine speeds: there is no map at $6100"})"));
 }
 
+TEST_F(TCliShowTest, GivesTheTableThatExportWrites) {
+    for (const char *map : {"fuel-pt", "timing-idle"}) {
+        const std::string table = Show({map, "--format", "csv"});
+        EXPECT_NE(table.find("%,"), std::string::npos);
+        EXPECT_EQ(table, Done({"export", "32K.BIN", "--spec", "32K.SPC", map}));
+    }
+    EXPECT_EQ(Show({"fuel-wot", "--raw", "--format", "csv"}),
+              Done({"export", "32K.BIN", "--spec", "32K.SPC", "--raw", "fuel-wot"}));
+    const std::string line = "--format csv: it is the table of one map; name one";
+    ExpectShowRefused({"--format", "csv"}, line);
+    ExpectShowRefused({"--format", "csv", "fuel-pt", "fuel-idle"}, line);
+}
+
 TEST_F(TCliShowTest, RefusesWrongUse) {
     ExpectShowRefused({"fuel"}, "'fuel' is no map; maps are fuel-pt fuel-idle fuel-wot timing-pt "
                                 "timing-idle timing-wot");
