@@ -1,4 +1,5 @@
 // "show": maps as tables, for people and for programs.
+#include "cli/CellNames.h"
 #include "cli/Commands.h"
 #include "cli/ImageChange.h"
 #include "cli/MapCsv.h"
