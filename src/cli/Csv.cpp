@@ -15,10 +15,6 @@ char SeparatorOf(std::string_view text) {
     return ',';
 }
 
-bool IsEmpty(const std::vector<std::string> &row) {
-    return std::all_of(row.begin(), row.end(), [](const auto &field) { return field.empty(); });
-}
-
 class TCsvReader {
 public:
     TCsvReader(std::string_view text, const std::string &name)
@@ -29,8 +25,6 @@ public:
     TTextTable Table() {
         while (!rest_.empty())
             ReadRow();
-        while (!table_.empty() && IsEmpty(table_.back()))
-            table_.pop_back();
         return std::move(table_);
     }
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-/// Rows of fields, quotes taken away; empty rows at the end are left out. Lines end with CR, LF or
-/// both. Semicolons or tabs separate the fields where the first line has these and no comma.
+/// Rows of fields, quotes taken away. Lines end with CR, LF or both. Semicolons or tabs separate
+/// the fields where the first line has these and no comma.
 ///
 /// @param name  the file's, for the error: EWrongUse for quotes that are not closed, or that end
 ///              within a field

@@ -113,6 +113,8 @@ TEST_F(TCliImportTest, NamesFieldsThatAreNoNumbers) {
                        "T.CSV: row 2, column 2: '0,98'" + as);
     ExpectRefusedTable(heads_ + "\n0%,\"0,98\"" + rest_, "T.CSV: row 2, column 2: '0,98'" + as);
     ExpectRefusedTable(heads_ + "\n0%,98%" + rest_, "T.CSV: row 2, column 2: '98%'" + as);
+    ExpectRefusedTable(heads_ + "\n0%,\"a\"\"b,c\"" + rest_,
+                       "T.CSV: row 2, column 2: 'a\"b,c'" + as);
     ExpectRefusedTable(heads_ + "\nidle,1" + rest_, "T.CSV: row 2, column 1: 'idle'" + as);
     ExpectRefusedTable(Replaced(table_, ",600,", ",slow,"), "T.CSV: row 1, column 2: 'slow'" + as);
     ExpectRefusedTable(heads_ + "\n0%," + std::string(50, 'x') + rest_,
