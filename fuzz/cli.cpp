@@ -84,7 +84,9 @@ TOutcome RunWords(const TWords &words) {
     std::ostringstream err;
     TConsole console{out, err};
     const TExit exit = RunCli(words, console);
-    Demand(exit != TExit::Wrong || err.str().ends_with('\n'), "refused without a word");
+    // Of many images, a broken one is told among the answers.
+    const bool told = err.str().ends_with('\n') || out.str().find("error") != std::string::npos;
+    Demand(exit != TExit::Wrong || told, "refused without a word");
     return {exit, out.str(), err.str()};
 }
 

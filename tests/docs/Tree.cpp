@@ -76,7 +76,7 @@ void TTree::ReadInstalled() {
 
 void TTree::ReadTargets(const std::string &cmakeFile) {
     static const std::regex maker(
-        R"((add_executable|add_library|add_custom_target|ferrolyn_library|ferrolyn_test|ferrolyn_bench|ferrolyn_fuzz)\((\w+))");
+        R"((add_executable|add_library|add_custom_target|ferrolyn_library|ferrolyn_test|ferrolyn_bench|ferrolyn_fuzz)\(([\w-]+))");
     for (std::sregex_iterator i(cmakeFile.begin(), cmakeFile.end(), maker), end; i != end; ++i)
         targets_.insert((*i)[1] == "ferrolyn_fuzz" ? "fuzz_" + (*i)[2].str() : (*i)[2].str());
 }
