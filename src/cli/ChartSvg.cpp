@@ -12,6 +12,8 @@ constexpr double fontSize = 12;         // pixels
 constexpr double lineHeight = 14;       // pixels
 constexpr double baseline = 4.4;        // below the middle of a line of that font
 constexpr const char *hairline = "0.5"; // around faces, which would leave gaps between them
+/// Faces keep their exact colours up to their edges, as in the window.
+constexpr const char *exactFaces = "<style>polygon{shape-rendering:crispEdges}</style>\n";
 
 /// Of the widths of DejaVu Sans, in parts of its size.
 double CharacterWidth(char c) {
@@ -135,8 +137,9 @@ std::string Head(const TChartContents &contents, const TChartRect &place) {
     const std::string height = Number(place.height);
     return "<svg xmlns=\"http://www.w3.org/2000/svg\"" + Attribute("width", width) +
            Attribute("height", height) + Attribute("viewBox", "0 0 " + width + " " + height) +
-           Attribute("role", "img") + ">\n<title>" + Escaped(contents.title) + "</title>\n<rect" +
-           RectAttributes(place) + Attribute("fill", ColorName(rgbWhite)) + "/>\n";
+           Attribute("role", "img") + ">\n<title>" + Escaped(contents.title) + "</title>\n" +
+           exactFaces + "<rect" + RectAttributes(place) + Attribute("fill", ColorName(rgbWhite)) +
+           "/>\n";
 }
 } // namespace
 
