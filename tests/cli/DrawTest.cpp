@@ -68,8 +68,8 @@ TEST_F(TCliDrawTest, DrawsInAnySizeAndView) {
 }
 
 TEST_F(TCliDrawTest, NothingIsDrawnOutsideThePicture) {
-    for (int rotation = 0; rotation < 360; rotation += 40)
-        for (int elevation = 0; elevation < 360; elevation += 40) {
+    for (int rotation = 0; rotation < 360; rotation += 60)
+        for (int elevation = 0; elevation < 360; elevation += 60) {
             const std::string svg = Done(
                 {"draw", "32K.BIN", "--spec", "32K.SPC", "fuel-pt", "--size", "400x300",
                  "--rotation", std::to_string(rotation), "--elevation", std::to_string(elevation)});
