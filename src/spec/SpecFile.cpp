@@ -169,7 +169,8 @@ void ReadTimingConstants(const TIniFile &ini) {
         return ParseReal(ini.ReadString(mainSection, key, fallback));
     };
     TimingConstants().divider = read("timing_divider", FormatReal("0.00", usualTiming.divider));
-    TimingConstants().subtractor = read("timing_subtractor", FormatReal("0.0", usualTiming.subtractor));
+    TimingConstants().subtractor =
+        read("timing_subtractor", FormatReal("0.0", usualTiming.subtractor));
 }
 
 void WriteMapOffsets(std::string &ini, const TMapSet &mapSet, std::string_view section,
