@@ -21,5 +21,6 @@ std::vector<TProgramText> ProgramTexts(const QString &folder = {});
 QStringList Fragments(const QString &text);
 
 /// What the first group of `pattern`, whose "^" is the start of a line, finds in the files below
-/// src/ whose names fit one of `files`.
+/// src/ whose names fit one of `files`. Those of the command line, another program and English as
+/// the files that it writes, are left out.
 QStringList FoundIn(const QStringList &files, const QString &pattern);
