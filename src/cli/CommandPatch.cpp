@@ -93,7 +93,7 @@ TRun DeclarePatch(CLI::App &app) {
         ->type_name("");
     app.add_flag("--reverse", arguments->reverse, "Take the patch back");
     arguments->output.Declare(app);
-    app.get_option("--strict")->description("Refuse an image of another SHA-256, though all fits");
+    arguments->output.DeclareStrict(app, "Refuse an image of another SHA-256, though all fits");
     app.add_flag("--check", arguments->check,
                  "Write nothing; say which byte does not fit, and exit with 1")
         ->excludes(app.get_option("--output"), app.get_option("--in-place"));

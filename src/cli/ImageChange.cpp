@@ -17,6 +17,7 @@ TMappedImage TMappedArguments::Read() const {
 void TImageChange::Declare(CLI::App &app) {
     arguments_.Declare(app);
     output_.Declare(app);
+    output_.DeclareStrict(app, "Write nothing when a value would not be stored exactly");
 }
 
 void TImageChange::Run(TConsole &console, const std::vector<std::filesystem::path> &others,

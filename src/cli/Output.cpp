@@ -28,7 +28,10 @@ std::span<const std::uint8_t> BytesOfText(std::string_view text) {
 void TImageOutput::Declare(CLI::App &app) {
     app.add_option("-o,--output", file_, "Write the new image to this file")->type_name("FILE");
     app.add_flag("--in-place", inPlace_, "Write the new image over the old one");
-    app.add_flag("--strict", strict_, "Write nothing when a value would not be stored exactly");
+}
+
+void TImageOutput::DeclareStrict(CLI::App &app, const char *text) {
+    app.add_flag("--strict", strict_, text);
 }
 
 fs::path TImageOutput::File(const fs::path &image, const std::vector<fs::path> &others) const {

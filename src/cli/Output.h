@@ -15,8 +15,10 @@
 /// The arguments of a command that writes an image.
 class TImageOutput {
 public:
-    /// Adds -o, --in-place and --strict.
+    /// Adds -o and --in-place.
     void Declare(CLI::App &app);
+    /// Adds --strict, which is explained by `text`.
+    void DeclareStrict(CLI::App &app, const char *text);
 
     /// The file to write, to be asked before any work. Throws EWrongUse without one, for one that
     /// is an input (the image needs --in-place, the others never are), and EFileError for one that
@@ -25,7 +27,7 @@ public:
     /// @param others  the other files that the command reads
     std::filesystem::path File(const std::filesystem::path &image,
                                const std::vector<std::filesystem::path> &others = {}) const;
-    /// Whether what is not stored exactly is an error.
+    /// Whether notes are errors.
     bool Strict() const { return strict_; }
 
 private:
