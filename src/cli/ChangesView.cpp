@@ -7,11 +7,10 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 #include <utility>
 
 namespace {
-constexpr std::size_t allBytes = std::numeric_limits<std::size_t>::max();
+constexpr std::size_t mostBytes = 16; ///< of a run, in the text for people
 
 std::string At(std::uint32_t offset) {
     return FormatOffset(static_cast<std::int32_t>(offset));
@@ -62,8 +61,8 @@ std::string ElsewhereLines(const std::vector<TByteRun> &runs, const TExported &i
     std::string text = "elsewhere: " + ElsewhereText(runs) + '\n';
     for (const auto &[offset, length] : runs)
         text += "  " + At(offset) + ": " +
-                HexText(images.after.Bytes().subspan(offset, length), allBytes) + " here, " +
-                HexText(images.before.Bytes().subspan(offset, length), allBytes) + " there\n";
+                HexText(images.after.Bytes().subspan(offset, length), mostBytes) + " here, " +
+                HexText(images.before.Bytes().subspan(offset, length), mostBytes) + " there\n";
     return text;
 }
 

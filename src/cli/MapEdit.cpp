@@ -21,7 +21,12 @@ void CheckEntry(const std::string &place, const TVal &value, const std::string &
                 const std::string &text, TNotes &notes) {
     NeedStorable(place, value, text);
     const std::string note = StoredNote(value, picture, text, TNoteTime::After);
-    if (!note.empty() && !StandsFor(value, picture, LowByte(*CountOf(value, text)), text))
+    const std::int32_t count = *CountOf(value, text);
+    if (note.empty() || StandsFor(value, picture, LowByte(count), text))
+        return;
+    if (count == LowByte(count))
+        notes.AddRounding(place + ": " + note);
+    else
         notes.Add(place + ": " + note);
 }
 

@@ -23,6 +23,11 @@ TExit Wrong(TConsole &console, const CLI::App *command, const std::string &text)
     return TExit::Wrong;
 }
 
+bool IsCommand(const std::string &name) {
+    return std::ranges::any_of(Commands(),
+                               [&](const TCommand &command) { return command.name == name; });
+}
+
 /// The arguments of all commands, and which command they name.
 class TCommandLine {
 public:
@@ -46,6 +51,8 @@ public:
 
     /// Throws CLI::ParseError, for help that was asked for too, and EWrongUse without a command.
     void Parse(const std::vector<std::string> &arguments) {
+        if (!arguments.empty() && !arguments.front().starts_with('-') && !IsCommand(arguments[0]))
+            throw EWrongUse("'" + arguments[0] + "' is no command; ferrolyn-cli --help names them");
         std::vector<std::string> lastFirst(arguments.rbegin(), arguments.rend());
         app_.parse(lastFirst);
         if (!Command())

@@ -163,4 +163,19 @@ TEST_F(TCliAdjustTest, RefusesDegreesBeyondAllNumbers) {
                        "of range",
                        "FAR.SPC");
 }
+TEST_F(TCliAdjustTest, TellsTheFirstRoundingsAndHowManyThereAre) {
+    const TCliResult result = Run(
+        {"adjust", "32K.BIN", "--spec", "32K.SPC", "timing-pt", "--multiply=120", "-o", "NEW.BIN"});
+    EXPECT_EQ(result.exit, 0);
+    EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 11);
+    EXPECT_THAT(result.err, testing::StartsWith("timing-pt[600,4]: 20.5 was stored as 20.3\n"));
+    EXPECT_THAT(result.err, testing::EndsWith("\nand 103 more were rounded\n"));
+}
+
+TEST_F(TCliAdjustTest, TellsEachValueThatDoesNotFit) {
+    const TCliResult result = Run({"adjust", "32K.BIN", "--spec", "32K.SPC", "timing-pt", "--raw",
+                                   "--add=250", "-o", "NEW.BIN"});
+    EXPECT_EQ(result.exit, 0);
+    EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 160);
+}
 } // namespace

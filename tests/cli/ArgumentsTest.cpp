@@ -17,7 +17,7 @@ protected:
 
 TEST_F(TCliArgumentsTest, NamesWhatIsWrong) {
     ExpectWrong({}, "ferrolyn-cli: no command is given; ferrolyn-cli --help names them");
-    ExpectWrong({"brew"}, "ferrolyn-cli: The following argument was not expected: brew");
+    ExpectWrong({"brew"}, "ferrolyn-cli: 'brew' is no command; ferrolyn-cli --help names them");
     ExpectWrong({"set"}, "ferrolyn-cli set: IMAGE is required");
     ExpectWrong({"set", "32K.BIN"}, "ferrolyn-cli set: --spec is required");
     ExpectWrong({"set", "32K.BIN", "--spec", "32K.SPC"},
