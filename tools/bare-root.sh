@@ -61,4 +61,5 @@ proxies=$(env | grep -iE '^(http|https|no|all)_proxy=' || true)
 # shellcheck disable=SC2086
 unshare --mount --pid --fork --kill-child --mount-proc="$root/proc" chroot "$root" \
     /usr/bin/env -i ${proxies} PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root TERM="${TERM:-dumb}" JOBS="$jobs" \
-    /bin/bash -c 'mount -t tmpfs tmpfs /tmp && mount -t tmpfs tmpfs /dev/shm; cd /work && time "$@"' bare-root "$@"
+    /bin/bash -c 'mount -t tmpfs tmpfs /tmp && mount -t tmpfs tmpfs /dev/shm &&
+        mount -t devpts -o newinstance,ptmxmode=0666 devpts /dev/pts && ln -sf pts/ptmx /dev/ptmx; cd /work && time "$@"' bare-root "$@"

@@ -2,24 +2,10 @@
 
 #include "model/Numbers.h"
 
-#include <utility>
-
 namespace {
 // No field needs quotes: none has a comma, a quote or a line end in it.
 constexpr const char *tableHead = "map,what,RPM,load,old offset,new offset,old count,new count,"
                                   "old value,new value\r\n";
-
-/// While it lives, numbers have a point whatever the user's language.
-class TPointInNumbers {
-public:
-    TPointInNumbers() : old_(SetDecimalSeparator(".")) {}
-    TPointInNumbers(const TPointInNumbers &) = delete;
-    TPointInNumbers &operator=(const TPointInNumbers &) = delete;
-    ~TPointInNumbers() { SetDecimalSeparator(old_); }
-
-private:
-    std::string old_;
-};
 
 /// What a line says beside its byte.
 struct TLineWords {
@@ -89,7 +75,7 @@ std::string RevLimiterLine(const TByteDifference &limiter) {
 
 std::string ChangesTable(const TImageChanges &changes, const TMappedImage &before,
                          const TMappedImage &after) {
-    const TPointInNumbers point;
+    const TSeparatorInForce point("."); // whatever the user's language
     std::string table = tableHead;
     for (const TMapChanges &map : changes.maps)
         table += MapLines(map, before, after);

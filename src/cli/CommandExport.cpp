@@ -4,6 +4,7 @@
 #include "cli/MapCsv.h"
 #include "cli/MapNames.h"
 #include "cli/WrongUse.h"
+#include "model/Numbers.h"
 
 #include <memory>
 
@@ -12,6 +13,7 @@ struct TExportArguments {
     TMappedArguments image;
     std::string map;
     TTextOutput output;
+    bool comma = false;
 };
 
 TExit Export(const TExportArguments &arguments, TConsole &console) {
@@ -22,7 +24,8 @@ TExit Export(const TExportArguments &arguments, TConsole &console) {
     image.InForce([&] {
         const TMap &map = MapOf(image.Maps(), id);
         NeedMap(map, id, arguments.image.Name());
-        table = MapCsv(id, map);
+        const TSeparatorInForce separator(arguments.comma ? "," : ".");
+        table = MapCsv(id, map, arguments.comma ? ';' : ',');
     });
     arguments.output.Write(console, table);
     return TExit::Done;
@@ -35,6 +38,7 @@ TRun DeclareExport(CLI::App &app) {
     app.add_option("MAP", arguments->map, "The map to write, one of those that --help names")
         ->required()
         ->type_name("");
+    app.add_flag(decimalCommaOption, arguments->comma, decimalCommaHelp);
     arguments->output.Declare(app);
     return [arguments](TConsole &console) { return Export(*arguments, console); };
 }

@@ -2,6 +2,7 @@
 #include "cli/Commands.h"
 #include "cli/Csv.h"
 #include "cli/GridValues.h"
+#include "cli/MapCsv.h"
 #include "cli/MapEdits.h"
 #include "cli/MapNames.h"
 #include "cli/WrongUse.h"
@@ -19,6 +20,7 @@ struct TImportArguments {
     std::string map;
     std::string table;
     bool axes = false;
+    bool comma = false;
 };
 
 /// A table over the grid of a map: its fields stand where the map's cells do.
@@ -75,7 +77,8 @@ private:
         std::string number = column == 0 ? WithoutPercent(field) : field;
         if (!TryParseReal(number))
             Refuse(column, row,
-                   Quoted(column, row) + " is no number; numbers have a point, as 0.98");
+                   Quoted(column, row) + " is no number; numbers have a point, as 0.98, or with " +
+                       decimalCommaOption + " a comma");
         NeedStorable(CsvPlace(name_, At(row), At(column)), *ValueAt(map_, column, row), number);
         return number;
     }
@@ -116,6 +119,7 @@ TExit Import(const TImportArguments &arguments, TConsole &console) {
     const TMapId id = NamedMap(arguments.map);
     const TImageChange &change = arguments.change;
     change.Run(console, {ToPath(arguments.table)}, [&](TWorkspace &maps, TNotes &notes) {
+        const TSeparatorInForce separator(arguments.comma ? "," : ".");
         TMapEdits edits(maps, notes, change.Arguments().Name());
         TMapEdit &edit = edits.Of(id);
         const TTableOfMap table(ReadTable(arguments.table), arguments.table, MapOf(maps, id));
@@ -139,5 +143,6 @@ TRun DeclareImport(CLI::App &app) {
         ->type_name("");
     app.add_flag("--axes", arguments->axes,
                  "Take the table's axes over; without it they must be the map's");
+    app.add_flag(decimalCommaOption, arguments->comma, decimalCommaHelp);
     return [arguments](TConsole &console) { return Import(*arguments, console); };
 }

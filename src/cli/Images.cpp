@@ -14,6 +14,15 @@ bool LiesInFile(const TMap &map) {
     const std::int64_t end = std::int64_t{map.data->offset} + map.data->length;
     return map.axes->offset >= 0 && end <= ROMImage()->size;
 }
+/// Constants have a point, or the comma of the language in which somebody wrote the file.
+bool PlaceInAnyLanguage(TMappedImage &image, const std::filesystem::path &spec) {
+    try {
+        return image.PlaceBySpec(spec);
+    } catch (const EConvertError &) {
+        const TSeparatorInForce comma(",");
+        return image.PlaceBySpec(spec);
+    }
+}
 } // namespace
 
 std::vector<std::uint8_t> ReadImage(const std::filesystem::path &image) {
@@ -27,7 +36,7 @@ void PlaceMaps(TMappedImage &image, const std::filesystem::path &spec) {
     ReadFirstLine(spec, maxIniFileSize); // throws; one that is not there would read as empty
     bool placed = false;
     try {
-        placed = image.PlaceBySpec(spec);
+        placed = PlaceInAnyLanguage(image, spec);
     } catch (const EConvertError &error) {
         throw EWrongUse(PathText(spec) + ": " + error.what());
     }

@@ -18,13 +18,13 @@ std::string Field(TMapId id, const TMap &map, int column, int row) {
 }
 } // namespace
 
-std::string MapCsv(TMapId id, const TMap &map) {
+std::string MapCsv(TMapId id, const TMap &map, char between) {
     std::string table;
     for (int row = 0; row <= map.LoadCount(); ++row) {
         if (row > 0)
             table += Field(id, map, 0, row);
         for (int column = 1; column <= map.RPMCount(); ++column)
-            table += ',' + Field(id, map, column, row);
+            table += between + Field(id, map, column, row);
         table += "\r\n";
     }
     return table;

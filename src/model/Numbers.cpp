@@ -20,7 +20,7 @@ namespace {
 constexpr int significantDigits = 15;
 
 std::string &DecimalSeparator() {
-    static std::string separator = ".";
+    thread_local std::string separator = ".";
     return separator;
 }
 

@@ -1,16 +1,30 @@
 // Numbers as text and back, and the one rounding rule. Sibling: Values.h, which decides what a
 // number means.
 //
-// One process-wide decimal separator rules every real number that is read or shown.
+// One decimal separator rules every real number that is read or shown; each thread has its own.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 /// Sets the decimal separator (UTF-8, one character); "." until set. Returns the old one.
 std::string SetDecimalSeparator(std::string separator);
+
+/// A decimal separator that holds while it lives.
+class TSeparatorInForce {
+public:
+    explicit TSeparatorInForce(std::string separator)
+        : before_(SetDecimalSeparator(std::move(separator))) {}
+    TSeparatorInForce(const TSeparatorInForce &) = delete;
+    TSeparatorInForce &operator=(const TSeparatorInForce &) = delete;
+    ~TSeparatorInForce() { SetDecimalSeparator(std::move(before_)); }
+
+private:
+    std::string before_;
+};
 
 /// Rounds to the nearest integer, ties to even, on the value as given (162.5 gives 162).
 /// Nothing when the result does not fit 32 bits, or for NaN.

@@ -37,6 +37,13 @@ TEST_F(TCliExportTest, WritesAMapWithOneAxis) {
     EXPECT_THAT(Export("fuel-idle"), testing::HasSubstr("\r\n0%,"));
 }
 
+TEST_F(TCliExportTest, WritesNumbersWithACommaForSpreadsheetsThatHaveThat) {
+    EXPECT_EQ(Done({"export", "32K.BIN", "--spec", "32K.SPC", "--decimal-comma", "timing-wot"}),
+              ";600;840;1040;1280;1760;2080;2560;3040;3520;4120;4600;5080;5720;6240;6840;7600\r\n"
+              "100%;9,3;9,3;10,6;11,2;11,9;13,8;14,5;16,4;18,4;20,3;21,0;22,3;24,2;26,2;28,1;31,4"
+              "\r\n");
+}
+
 TEST_F(TCliExportTest, WritesCountsWithRaw) {
     const std::string table =
         Done({"export", "32K.BIN", "--spec", "32K.SPC", "--raw", "timing-wot"});

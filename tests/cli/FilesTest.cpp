@@ -31,13 +31,20 @@ TEST_F(TCliFilesTest, RefusesImagesThatAreNone) {
 TEST_F(TCliFilesTest, RefusesSpecFilesThatPlaceNothing) {
     PutText("BAD.SPC", "; x\n[Fuel Maps]\npt_offset=here\n");
     PutText("LIMIT.SPC", "; x\n[Other Maps]\nrevlimit_offset=here\n");
-    PutText("DIVIDER.SPC", "; x\n[Main]\ntiming_divider=0,65\n");
+    PutText("DIVIDER.SPC", "; x\n[Main]\ntiming_divider=0;65\n");
     ExpectRefusedFiles("32K.BIN", "NONE.SPC", "Cannot read 'NONE.SPC': No such file or directory");
     ExpectRefusedFiles("32K.BIN", "BAD.SPC",
                        "BAD.SPC: a map offset, pointer offset or mask is no integer");
     ExpectRefusedFiles("32K.BIN", "LIMIT.SPC", "LIMIT.SPC: 'here' is not a valid integer value");
     ExpectRefusedFiles("32K.BIN", "DIVIDER.SPC",
-                       "DIVIDER.SPC: '0,65' is not a valid floating point value");
+                       "DIVIDER.SPC: '0;65' is not a valid floating point value");
+}
+
+TEST_F(TCliFilesTest, ReadsTheConstantsOfASpecFileWithAComma) {
+    PutText("COMMA.SPC", "; x\n[Main]\ntiming_divider=0,5\ntiming_subtractor=12,7\n"
+                         "[Timing Maps]\nwot_offset=$6340\n");
+    Done({"set", "32K.BIN", "--spec", "COMMA.SPC", "timing-wot[#1]=-0.35", "-o", "NEW.BIN"});
+    EXPECT_EQ(Bytes("NEW.BIN")[0x6352], 12);
 }
 
 TEST_F(TCliFilesTest, RefusesMapsThatAreNotInTheImage) {

@@ -76,6 +76,19 @@ TEST_F(TCliImportTest, TakesTablesAsSpreadsheetsWriteThem) {
     ExpectTaken(Replaced(table_, ",600,800,", ",600.0,800.4,")); // 20.01 counts of 40 rpm
 }
 
+TEST_F(TCliImportTest, TakesNumbersWithACommaThatAreExportedSo) {
+    for (const char *map : {"fuel-pt", "timing-pt"}) {
+        const std::string table =
+            Done({"export", "32K.BIN", "--spec", "32K.SPC", map, "--decimal-comma", "-o", "T.CSV"});
+        EXPECT_EQ(Done(ImportWords({"--decimal-comma", "--strict"}, map)), "");
+        ExpectBytes({});
+    }
+    PutText("T.CSV", Replaced(Text("T.CSV"), ",", "."));
+    ExpectRefused(ImportWords({"--decimal-comma"}, "timing-pt"),
+                  "T.CSV: row 3, column 1: '14.8%' is no number; numbers have a point, as 0.98, or "
+                  "with --decimal-comma a comma");
+}
+
 TEST_F(TCliImportTest, TakesLoadsByTheirCounts) {
     const std::string table = Done({"export", "32K.BIN", "--spec", "32K.SPC", "fuel-pt"});
     for (const char *load : {"12.4%", "12.40%", "12.4", "12.5%", "12%"}) {
@@ -107,7 +120,8 @@ TEST_F(TCliImportTest, TellsWhatIsNotStoredAsItStandsThere) {
 }
 
 TEST_F(TCliImportTest, NamesFieldsThatAreNoNumbers) {
-    const std::string as = " is no number; numbers have a point, as 0.98";
+    const std::string as = " is no number; numbers have a point, as 0.98, or with "
+                           "--decimal-comma a comma";
     ExpectRefusedTable(heads_ + "\n0%,rich" + rest_, "T.CSV: row 2, column 2: 'rich'" + as);
     ExpectRefusedTable(Replaced(Replaced(heads_ + "\n0%,#" + rest_, ",", ";"), "#", "0,98"),
                        "T.CSV: row 2, column 2: '0,98'" + as);
