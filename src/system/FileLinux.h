@@ -41,6 +41,19 @@ auto Sure(TCall call) {
     return result;
 }
 
+/// Reads on until `room` is full or the file ends; the number of bytes. Throws TSystemFailure.
+inline std::size_t ReadOn(int descriptor, std::span<std::uint8_t> room) {
+    std::size_t done = 0;
+    while (done < room.size()) {
+        const auto rest = room.subspan(done);
+        const ssize_t count = Sure([&] { return read(descriptor, rest.data(), rest.size()); });
+        if (count == 0)
+            break;
+        done += static_cast<std::size_t>(count);
+    }
+    return done;
+}
+
 /// A file that is open as long as this object lives. Its operations throw TSystemFailure.
 class TOpenFile {
 public:
@@ -64,23 +77,10 @@ public:
         return status;
     }
 
-    /// Reads on until `room` is full or the file ends; the number of bytes.
-    std::size_t Read(std::span<std::uint8_t> room) const {
-        std::size_t done = 0;
-        while (done < room.size()) {
-            const auto rest = room.subspan(done);
-            const ssize_t count = Sure([&] { return read(descriptor_, rest.data(), rest.size()); });
-            if (count == 0)
-                break;
-            done += static_cast<std::size_t>(count);
-        }
-        return done;
-    }
-
     /// All bytes of a file of the length given; nothing when there are fewer or more.
     std::optional<std::vector<std::uint8_t>> ReadAll(std::size_t length) const {
         std::vector<std::uint8_t> bytes(length + 1); // room for one more shows a file that grows
-        if (Read(bytes) != length)
+        if (ReadOn(descriptor_, bytes) != length)
             return std::nullopt;
         bytes.resize(length);
         return bytes;

@@ -2,6 +2,7 @@
 // waits for it and what follows is SingleInstance.h's.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <utility>
 
@@ -24,5 +25,6 @@ public:
 
 private:
     std::filesystem::path file_;
-    int descriptor_ = -1; ///< of the open file; -1 while it is not held
+    static constexpr std::intptr_t none = -1;
+    std::intptr_t handle_ = none; ///< the system's, of the open file; none while it is not held
 };

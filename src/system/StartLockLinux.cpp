@@ -21,7 +21,7 @@ TStartLock::TState TStartLock::Try() {
             if (const int reason = file.TryLock())
                 return reason == EWOULDBLOCK ? TState::Busy : TState::Unusable;
             if (IsInPlace(file, file_)) {
-                descriptor_ = file.Release();
+                handle_ = file.Release();
                 return TState::Held;
             }
             // Its last holder has removed it; the next one is made anew.
@@ -32,9 +32,9 @@ TStartLock::TState TStartLock::Try() {
 }
 
 void TStartLock::LetGo() {
-    if (descriptor_ < 0)
+    if (handle_ == none)
         return;
     unlink(file_.c_str());
-    close(descriptor_);
-    descriptor_ = -1;
+    close(static_cast<int>(handle_));
+    handle_ = none;
 }

@@ -5,3 +5,5 @@
 bool IsTerminal(TStream stream) {
     return isatty(stream == TStream::Output ? STDOUT_FILENO : STDERR_FILENO) == 1;
 }
+
+void WriteBytes() {} // nothing else is known here

@@ -40,9 +40,6 @@ check() {
         breach "$place" "the main window is known to the entry alone" "$include"
     fi
 
-    # The library of digests is known to one unit.
-    [[ $file == system/Sha256.cpp && $include == "<nettle/sha2.h>" ]] && return
-
     # The libraries of the command line: arguments and JSON.
     [[ $file == cli/* && $include =~ ^"<"(CLI/CLI|nlohmann/json)\.hpp">"$ ]] && return
 

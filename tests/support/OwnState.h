@@ -2,28 +2,23 @@
 // those of another. Windows made while it lives keep them there.
 #pragma once
 
+#include "support/Environment.h"
 #include "support/TemporaryFolder.h"
 
 #include <filesystem>
-#include <stdlib.h>
 #include <string>
 
 class TOwnState {
 public:
-    TOwnState() { setenv("XDG_STATE_HOME", folder_.Path().c_str(), 1); }
+    TOwnState() { SetVariable(stateVariable, folder_.Path().string()); }
     TOwnState(const TOwnState &) = delete;
     TOwnState &operator=(const TOwnState &) = delete;
-    ~TOwnState() { setenv("XDG_STATE_HOME", before_.c_str(), 1); }
+    ~TOwnState() { SetVariable(stateVariable, before_); }
 
     /// The program's own; not there before something is kept.
     std::filesystem::path Folder() const { return folder_ / "ferrolyn"; }
 
 private:
-    static std::string Now() {
-        const char *now = getenv("XDG_STATE_HOME");
-        return now ? now : "";
-    }
-
-    const std::string before_ = Now();
+    const std::string before_ = Variable(stateVariable);
     const TTemporaryFolder folder_;
 };

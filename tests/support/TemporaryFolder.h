@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <stdexcept>
-#include <stdlib.h>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -13,11 +13,11 @@
 class TTemporaryFolder {
 public:
     TTemporaryFolder() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "ferrolyn-test-XXXXXX").string();
-        if (!mkdtemp(pattern.data()))
-            throw std::runtime_error("no temporary folder");
-        path_ = pattern;
+        std::random_device source;
+        do
+            path_ = std::filesystem::temp_directory_path() /
+                    ("ferrolyn-test-" + std::to_string(source()));
+        while (!std::filesystem::create_directory(path_)); // false for one that is there
     }
     TTemporaryFolder(const TTemporaryFolder &) = delete;
     TTemporaryFolder &operator=(const TTemporaryFolder &) = delete;

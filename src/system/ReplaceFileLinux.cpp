@@ -1,10 +1,8 @@
-#include "system/Errors.h"
 #include "system/FileLinux.h"
-#include "system/SafeFile.h"
+#include "system/Refusal.h"
+#include "system/ReplaceFile.h"
+#include "system/TemporaryName.h"
 #include "system/Texts.h"
-
-#include <random>
-#include <string_view>
 
 namespace {
 
@@ -79,25 +77,6 @@ fs::path FolderOf(const fs::path &file) {
     return file.has_parent_path() ? file.parent_path() : ".";
 }
 
-constexpr std::string_view temporaryPrefix = ".ferrolyn-";
-constexpr std::string_view temporarySuffix = ".tmp";
-constexpr std::string_view digits = "0123456789abcdef";
-constexpr std::size_t digitsEnd = temporaryPrefix.size() + 32;
-
-std::string RandomName() {
-    std::random_device source;
-    std::string name(temporaryPrefix);
-    while (name.size() < digitsEnd)
-        name += digits[source() % digits.size()];
-    return name.append(temporarySuffix);
-}
-
-bool IsRandomName(std::string_view name) {
-    return name.starts_with(temporaryPrefix) &&
-           name.find_first_not_of(digits, temporaryPrefix.size()) == digitsEnd &&
-           name.substr(digitsEnd) == temporarySuffix;
-}
-
 void RemoveIfNobodyHolds(const fs::path &path) {
     const TOpenFile file(path, O_WRONLY | O_NOFOLLOW | O_NONBLOCK);
     const TStatus status = file.Status();
@@ -110,7 +89,7 @@ void RemoveRemains(const fs::path &folder) {
     std::error_code error;
     for (fs::directory_iterator file(folder, error), end; !error && file != end;
          file.increment(error))
-        if (IsRandomName(file->path().filename().native()))
+        if (IsTemporaryName(file->path().filename().native()))
             IfPossible([&] { RemoveIfNobodyHolds(file->path()); });
 }
 
@@ -118,7 +97,7 @@ void RemoveRemains(const fs::path &folder) {
 class TTemporaryFile {
 public:
     TTemporaryFile(const fs::path &folder, mode_t mode)
-        : path_(folder / RandomName()),
+        : path_(folder / TemporaryName()),
           file_(path_, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode) {}
     TTemporaryFile(const TTemporaryFile &) = delete;
     TTemporaryFile &operator=(const TTemporaryFile &) = delete;
@@ -230,32 +209,26 @@ void Write(const fs::path &target, TBytes bytes, TReaders readers) {
     }
 }
 
-EFileError CannotWrite(const fs::path &file, const std::string &reason) {
-    return EFileError(
-        Filled(Translated("SafeFile", "Cannot write '%1': %2"), {file.string(), reason}));
-}
-
 /// Runs `write` on the file that a name stands for.
 template <class TWrite>
 void Writing(const fs::path &file, TWrite write) {
     try {
         write(Resolve(file));
     } catch (const TSpoilt &failure) {
-        throw CannotWrite(
-            file, Filled(Translated("SafeFile", "%1; the old contents could not be put back"),
-                         {failure.Reason()}));
+        throw TRefusal{Filled(Translated("SafeFile", "%1; the old contents could not be put back"),
+                              {failure.Reason()})};
     } catch (const TSystemFailure &failure) {
-        throw CannotWrite(file, failure.Reason());
+        throw TRefusal{failure.Reason()};
     }
 }
 
 } // namespace
 
-void WriteFileSafely(const fs::path &file, TBytes bytes, TReaders readers) {
+void ReplaceContents(const fs::path &file, TBytes bytes, TReaders readers) {
     Writing(file, [&](const fs::path &target) { Write(target, bytes, readers); });
 }
 
-void CheckCanWrite(const fs::path &file) {
+void CheckReplacing(const fs::path &file) {
     Writing(file, [](const fs::path &target) {
         if (!ExistingTarget(target))
             TTemporaryFile(FolderOf(target), 0600);

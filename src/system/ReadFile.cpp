@@ -1,9 +1,10 @@
-#include "system/FileLinux.h"
 #include "system/ReadFile.h"
+
+#include "system/FileToRead.h"
 #include "system/Texts.h"
 
 #include <algorithm>
-#include <functional>
+#include <optional>
 
 namespace {
 
@@ -14,14 +15,10 @@ namespace fs = std::filesystem;
 template <class TRead>
 auto Reading(const fs::path &path, std::uint64_t limit, TRead read) {
     try {
-        // Without waiting, so that opening a pipe cannot hang; it is refused below.
-        const TOpenFile file(path, O_RDONLY | O_NONBLOCK);
-        const TStatus status = file.Status();
-        if (S_ISDIR(status.st_mode))
-            Fail(EISDIR);
-        if (!S_ISREG(status.st_mode))
+        const TFileToRead file(path);
+        if (!file.IsRegular())
             throw CannotRead(path, Translated("ReadFile", "not a regular file"));
-        const auto length = static_cast<std::uint64_t>(status.st_size);
+        const std::uint64_t length = file.Length();
         if (length > limit)
             throw CannotRead(
                 path, Filled(Translated("ReadFile", "it has %1 bytes, more than the limit of %2"),
@@ -30,12 +27,20 @@ auto Reading(const fs::path &path, std::uint64_t limit, TRead read) {
         if (!contents)
             throw CannotRead(path, Translated("ReadFile", "its length changed while it was read"));
         return *std::move(contents);
-    } catch (const TSystemFailure &failure) {
-        throw CannotRead(path, failure.Reason());
+    } catch (const TRefusal &refusal) {
+        throw CannotRead(path, refusal.reason);
     }
 }
 
-std::optional<std::string> ReadLine(const TOpenFile &file, std::size_t length) {
+std::optional<std::vector<std::uint8_t>> ReadAll(const TFileToRead &file, std::size_t length) {
+    std::vector<std::uint8_t> bytes(length + 1); // room for one more shows a file that grows
+    if (file.Read(bytes) != length)
+        return std::nullopt;
+    bytes.resize(length);
+    return bytes;
+}
+
+std::optional<std::string> ReadLine(const TFileToRead &file, std::size_t length) {
     std::string line;
     std::vector<std::uint8_t> step(4096);
     while (line.size() < length) {
@@ -53,7 +58,7 @@ std::optional<std::string> ReadLine(const TOpenFile &file, std::size_t length) {
 } // namespace
 
 std::vector<std::uint8_t> ReadWholeFile(const fs::path &file, std::uint64_t limit) {
-    return Reading(file, limit, std::mem_fn(&TOpenFile::ReadAll));
+    return Reading(file, limit, ReadAll);
 }
 
 std::string ReadFirstLine(const fs::path &file, std::uint64_t limit) {

@@ -1,0 +1,44 @@
+#include "system/FileToRead.h"
+#include "system/FileWindows.h"
+
+namespace {
+HANDLE AsHandle(std::intptr_t handle) {
+    return reinterpret_cast<HANDLE>(handle);
+}
+
+/// The result of `call`, whose failures become refusals.
+template <class TCall>
+auto Asking(TCall call) {
+    try {
+        return call();
+    } catch (const TSystemFailure &failure) {
+        throw TRefusal{failure.Reason()};
+    }
+}
+
+/// Others may go on reading, writing and replacing the file.
+constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+} // namespace
+
+// A folder cannot be opened without the flag for backups; the system says so by itself.
+TFileToRead::TFileToRead(const std::filesystem::path &path)
+    : handle_(Asking([&] {
+          TOpenFile file(path, {GENERIC_READ, shareAll, OPEN_EXISTING});
+          return reinterpret_cast<std::intptr_t>(file.Release());
+      })) {}
+
+TFileToRead::~TFileToRead() {
+    CloseHandle(AsHandle(handle_));
+}
+
+bool TFileToRead::IsRegular() const {
+    return GetFileType(AsHandle(handle_)) == FILE_TYPE_DISK;
+}
+
+std::uint64_t TFileToRead::Length() const {
+    return Asking([&] { return LengthOf(AsHandle(handle_)); });
+}
+
+std::size_t TFileToRead::Read(std::span<std::uint8_t> room) const {
+    return Asking([&] { return ReadOn(AsHandle(handle_), room); });
+}

@@ -1,0 +1,5 @@
+#include "system/NtFamily.h"
+
+bool IsNtFamily() {
+    return true; // no other can run this program
+}

@@ -1,0 +1,214 @@
+#include "system/FileWindows.h"
+#include "system/Refusal.h"
+#include "system/ReplaceFile.h"
+#include "system/TemporaryName.h"
+#include "system/Texts.h"
+
+#include <aclapi.h>
+#include <optional>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+using TBytes = std::span<const std::uint8_t>;
+
+/// A failure that lost the old contents, while the new ones are not all there.
+struct TSpoilt : TSystemFailure {};
+
+/// Takes a step that may go wrong without the save going wrong.
+template <class TStep>
+void IfPossible(TStep step) {
+    try {
+        step();
+    } catch (const TSystemFailure &) {
+    }
+}
+
+void WriteAll(HANDLE file, TBytes bytes) {
+    while (!bytes.empty()) {
+        DWORD count = 0;
+        Sure(::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr));
+        if (count == 0)
+            Fail(ERROR_WRITE_FAULT); // a file system that takes nothing and names no reason
+        bytes = bytes.subspan(count);
+    }
+}
+
+constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+/// What is at a name; nothing when there is nothing yet.
+struct TTarget {
+    std::wstring name; ///< once links are followed
+    DWORD attributes;
+    bool regular;
+};
+
+/// The name that the system knows an open file by, links followed; the given one where it has none.
+std::wstring FinalName(HANDLE file, const std::wstring &name) {
+    constexpr DWORD longest = 32768;
+    std::wstring final(longest, L'\0');
+    const DWORD length = GetFinalPathNameByHandleW(file, final.data(), longest, VOLUME_NAME_DOS);
+    final.resize(length < longest ? length : 0);
+    return final.empty() ? name : final;
+}
+
+/// Throws for a folder, and for a file that its owner has protected.
+std::optional<TTarget> ExistingTarget(const fs::path &file) {
+    const std::wstring name = SystemName(file);
+    const DWORD attributes = GetFileAttributesW(name.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        const DWORD code = GetLastError();
+        if (code == ERROR_FILE_NOT_FOUND)
+            return std::nullopt;
+        Fail(code);
+    }
+    if (attributes & FILE_ATTRIBUTE_DIRECTORY)
+        Fail(ERROR_DIRECTORY);
+    if (attributes & FILE_ATTRIBUTE_READONLY)
+        Fail(ERROR_ACCESS_DENIED);
+    const TOpenFile open(name, {GENERIC_WRITE, shareAll, OPEN_EXISTING});
+    const bool regular = GetFileType(open.Handle()) == FILE_TYPE_DISK;
+    return TTarget{regular ? FinalName(open.Handle(), name) : name, attributes, regular};
+}
+
+/// Removes the temporary files of saves that were killed. One that a save still writes is held by
+/// it and stays.
+void RemoveRemains(const fs::path &folder) {
+    std::error_code error;
+    for (fs::directory_iterator file(folder, error), end; !error && file != end;
+         file.increment(error))
+        if (IsTemporaryName(file->path().filename().string()))
+            IfPossible([&] {
+                TOpenFile(file->path(), {DELETE, 0, OPEN_EXISTING, FILE_FLAG_DELETE_ON_CLOSE});
+            });
+}
+
+/// A new file, held against all others, that is gone again unless it is renamed over the target.
+class TTemporaryFile {
+public:
+    explicit TTemporaryFile(const fs::path &folder)
+        : name_(SystemName(folder / TemporaryName())),
+          file_(name_, {GENERIC_WRITE | WRITE_DAC | DELETE, 0, CREATE_NEW}) {}
+    TTemporaryFile(const TTemporaryFile &) = delete;
+    TTemporaryFile &operator=(const TTemporaryFile &) = delete;
+    ~TTemporaryFile() {
+        file_.Close();
+        if (!name_.empty())
+            DeleteFileW(name_.c_str());
+    }
+
+    HANDLE Handle() const { return file_.Handle(); }
+
+    /// In one step, and on the disk when it returns.
+    void RenameTo(const std::wstring &target) {
+        file_.Close();
+        Sure(MoveFileExW(name_.c_str(), target.c_str(),
+                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
+        name_.clear();
+    }
+
+private:
+    std::wstring name_;
+    TOpenFile file_;
+};
+
+/// Gives the new file the access list of the one that it replaces, and its attributes.
+void TakeOver(HANDLE file, const TTarget &old) {
+    PACL list = nullptr;
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    std::wstring name = old.name;
+    if (GetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
+                              nullptr, &list, nullptr, &descriptor) == ERROR_SUCCESS) {
+        SetSecurityInfo(file, SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, list,
+                        nullptr);
+        LocalFree(descriptor);
+    }
+    FILE_BASIC_INFO basic{};
+    basic.FileAttributes = old.attributes;
+    SetFileInformationByHandle(file, FileBasicInfo, &basic, sizeof basic);
+}
+
+void Replace(const fs::path &target, const std::optional<TTarget> &old, TBytes bytes) {
+    const fs::path name = old ? fs::path(old->name) : fs::path(SystemName(target));
+    RemoveRemains(name.parent_path());
+    TTemporaryFile temporary(name.parent_path());
+    WriteAll(temporary.Handle(), bytes);
+    if (old)
+        TakeOver(temporary.Handle(), *old);
+    Sure(FlushFileBuffers(temporary.Handle()));
+    temporary.RenameTo(name.native());
+}
+
+void WriteDevice(const TTarget &target, TBytes bytes) {
+    const TOpenFile device(target.name, {GENERIC_WRITE, shareAll, OPEN_EXISTING});
+    WriteAll(device.Handle(), bytes);
+}
+
+void Overwrite(HANDLE file, TBytes bytes) {
+    Sure(SetFilePointerEx(file, {}, nullptr, FILE_BEGIN));
+    WriteAll(file, bytes);
+    Sure(SetEndOfFile(file));
+    Sure(FlushFileBuffers(file));
+}
+
+void WriteInPlace(const TTarget &target, TBytes bytes) {
+    const TOpenFile file(target.name, {GENERIC_READ | GENERIC_WRITE, 0, OPEN_EXISTING});
+    std::vector<std::uint8_t> old(static_cast<std::size_t>(LengthOf(file.Handle())));
+    if (ReadOn(file.Handle(), old) != old.size())
+        Fail(ERROR_READ_FAULT); // what cannot be put back must not be written over
+    try {
+        Overwrite(file.Handle(), bytes);
+    } catch (const TSystemFailure &failure) {
+        try {
+            Overwrite(file.Handle(), old);
+        } catch (const TSystemFailure &) {
+            throw TSpoilt{failure}; // the first reason is the one to tell
+        }
+        throw;
+    }
+}
+
+/// Whether a failure says that the folder, not the file, refuses the new file.
+bool FolderRefuses(DWORD code) {
+    return code == ERROR_ACCESS_DENIED || code == ERROR_WRITE_PROTECT;
+}
+
+void Write(const fs::path &file, TBytes bytes) {
+    const std::optional<TTarget> old = ExistingTarget(file);
+    if (old && !old->regular)
+        return WriteDevice(*old, bytes);
+    try {
+        Replace(file, old, bytes);
+    } catch (const TSystemFailure &failure) {
+        if (!old || !FolderRefuses(failure.code))
+            throw;
+        WriteInPlace(*old, bytes);
+    }
+}
+
+/// Runs `write`, whose failures become refusals.
+template <class TWrite>
+void Writing(TWrite write) {
+    try {
+        write();
+    } catch (const TSpoilt &failure) {
+        throw TRefusal{Filled(Translated("SafeFile", "%1; the old contents could not be put back"),
+                              {failure.Reason()})};
+    } catch (const TSystemFailure &failure) {
+        throw TRefusal{failure.Reason()};
+    }
+}
+} // namespace
+
+// Who may read a new file follows from its folder: that of the program's state is the user's alone.
+void ReplaceContents(const fs::path &file, TBytes bytes, TReaders) {
+    Writing([&] { Write(file, bytes); });
+}
+
+void CheckReplacing(const fs::path &file) {
+    Writing([&] {
+        if (!ExistingTarget(file))
+            TTemporaryFile(fs::path(SystemName(file)).parent_path());
+    });
+}
