@@ -2,18 +2,8 @@
 #include "system/FileToRead.h"
 
 namespace {
-/// The result of `call`, whose failures become refusals.
-template <class TCall>
-auto Asking(TCall call) {
-    try {
-        return call();
-    } catch (const TSystemFailure &failure) {
-        throw TRefusal{failure.Reason()};
-    }
-}
-
 TStatus StatusOf(std::intptr_t handle) {
-    return Asking([&] {
+    return Asking<TSystemFailure>([&] {
         TStatus status{};
         Sure([&] { return fstat(static_cast<int>(handle), &status); });
         return status;
@@ -22,7 +12,7 @@ TStatus StatusOf(std::intptr_t handle) {
 } // namespace
 
 TFileToRead::TFileToRead(const std::filesystem::path &path)
-    : handle_(Asking([&] {
+    : handle_(Asking<TSystemFailure>([&] {
           // Without waiting, so that opening a pipe cannot hang.
           TOpenFile file(path, O_RDONLY | O_NONBLOCK);
           if (S_ISDIR(file.Status().st_mode))
@@ -43,5 +33,5 @@ std::uint64_t TFileToRead::Length() const {
 }
 
 std::size_t TFileToRead::Read(std::span<std::uint8_t> room) const {
-    return Asking([&] { return ReadOn(static_cast<int>(handle_), room); });
+    return Asking<TSystemFailure>([&] { return ReadOn(static_cast<int>(handle_), room); });
 }

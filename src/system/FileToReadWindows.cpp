@@ -6,23 +6,13 @@ HANDLE AsHandle(std::intptr_t handle) {
     return reinterpret_cast<HANDLE>(handle);
 }
 
-/// The result of `call`, whose failures become refusals.
-template <class TCall>
-auto Asking(TCall call) {
-    try {
-        return call();
-    } catch (const TSystemFailure &failure) {
-        throw TRefusal{failure.Reason()};
-    }
-}
-
 /// Others may go on reading, writing and replacing the file.
 constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 } // namespace
 
 // A folder cannot be opened without the flag for backups; the system says so by itself.
 TFileToRead::TFileToRead(const std::filesystem::path &path)
-    : handle_(Asking([&] {
+    : handle_(Asking<TSystemFailure>([&] {
           TOpenFile file(path, {GENERIC_READ, shareAll, OPEN_EXISTING});
           return reinterpret_cast<std::intptr_t>(file.Release());
       })) {}
@@ -36,9 +26,9 @@ bool TFileToRead::IsRegular() const {
 }
 
 std::uint64_t TFileToRead::Length() const {
-    return Asking([&] { return LengthOf(AsHandle(handle_)); });
+    return Asking<TSystemFailure>([&] { return LengthOf(AsHandle(handle_)); });
 }
 
 std::size_t TFileToRead::Read(std::span<std::uint8_t> room) const {
-    return Asking([&] { return ReadOn(AsHandle(handle_), room); });
+    return Asking<TSystemFailure>([&] { return ReadOn(AsHandle(handle_), room); });
 }
