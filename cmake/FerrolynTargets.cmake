@@ -24,12 +24,25 @@ function(ferrolyn_library name)
     ferrolyn_settings(${name})
 endfunction()
 
+# What a system shows of a program itself: on Windows its icon, its version and what it knows of screens and paths.
+function(ferrolyn_program target description)
+    if(NOT WIN32)
+        return()
+    endif()
+    set(PROGRAM ${target})
+    set(DESCRIPTION "${description}")
+    configure_file("${CMAKE_SOURCE_DIR}/packaging/windows/program.rc.in" "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc" @ONLY)
+    target_sources(${target} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc")
+endfunction()
+
 # A test program from every .cpp file of one folder below tests/; each of its suites is a test "folder.Suite" of CTest.
-# Suites of one program share its folder (help files lie there), so they never run side by side; programs do.
+# Suites of one program share its folder (help files lie there), so they never run side by side; programs do. A file whose name ends
+# with LinuxTest or WindowsTest is for that system alone.
 #   ferrolyn_test(NAME folder LIBS libraries...)
 function(ferrolyn_test name folder)
     cmake_parse_arguments(arg "" "" "LIBS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp")
+    list(FILTER sources EXCLUDE REGEX "${FERROLYN_OTHER_SYSTEMS}")
     if(NOT sources)
         message(FATAL_ERROR "no tests in ${CMAKE_CURRENT_SOURCE_DIR}/${folder}")
     endif()
@@ -37,7 +50,7 @@ function(ferrolyn_test name folder)
     ferrolyn_settings(${name})
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/${folder}")
     target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
-    target_compile_definitions(${name} PRIVATE FERROLYN_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+    target_compile_definitions(${name} PRIVATE FERROLYN_SOURCE_DIR="${FERROLYN_ROOT}${CMAKE_SOURCE_DIR}")
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # Fixtures have no other linkage when several tests are compiled as one source.
         target_compile_options(${name} PRIVATE -Wno-subobject-linkage)
@@ -51,7 +64,8 @@ function(ferrolyn_test name folder)
         file(WRITE "${suites}" "add_test(${name}_NOT_BUILT ${name}_NOT_BUILT)\n") # a test that fails
     endif()
     add_custom_command(TARGET ${name} POST_BUILD BYPRODUCTS "${suites}"
-        COMMAND ${CMAKE_COMMAND} -D PROGRAM=$<TARGET_FILE:${name}> -D NAME=${name} -D PREFIX=${folder} -D FILE=${suites}
+        COMMAND ${CMAKE_COMMAND} -D "COMMAND=${CMAKE_CROSSCOMPILING_EMULATOR};$<TARGET_FILE:${name}>" -D NAME=${name} -D PREFIX=${folder}
+            -D FILE=${suites}
             -P "${CMAKE_SOURCE_DIR}/cmake/TestSuites.cmake")
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${suites}")
 endfunction()

@@ -1,8 +1,12 @@
 # Run by the build after a test program is linked: asks it for its suites and writes a file that tells CTest of them, one test
 # PREFIX.Suite each. A process per suite, not per case, because starting the toolkit takes longer than most cases. Suites of many
 # cases come first, so that none is left alone at the end.
-#   cmake -D PROGRAM=... -D NAME=... -D PREFIX=... -D FILE=... -P TestSuites.cmake
-execute_process(COMMAND "${PROGRAM}" --gtest_list_tests OUTPUT_VARIABLE listed COMMAND_ERROR_IS_FATAL ANY)
+#   cmake -D COMMAND=[emulator;]program -D NAME=... -D PREFIX=... -D FILE=... -P TestSuites.cmake
+list(REMOVE_ITEM COMMAND "") # no emulator
+execute_process(COMMAND ${COMMAND} --gtest_list_tests OUTPUT_VARIABLE listed COMMAND_ERROR_IS_FATAL ANY)
+string(REPLACE "\r" "" listed "${listed}")
+list(TRANSFORM COMMAND REPLACE "(.+)" "[[\\1]]" OUTPUT_VARIABLE words)
+list(JOIN words " " words)
 string(REGEX REPLACE " *#[^\n]*" "" listed "${listed}") # parameters
 string(REGEX MATCHALL "\n[^ \n]+\\.(\n  [^\n]+)+" suites "\n${listed}")
 set(tests "")
@@ -11,7 +15,7 @@ foreach(lines ${suites})
     string(REGEX REPLACE "\\.$" "" suite "${suite}")
     string(REGEX MATCHALL "\n  " cases "${lines}")
     list(LENGTH cases count)
-    string(APPEND tests "add_test([[${PREFIX}.${suite}]] [[${PROGRAM}]] [[--gtest_filter=${suite}.*]])\n"
+    string(APPEND tests "add_test([[${PREFIX}.${suite}]] ${words} [[--gtest_filter=${suite}.*]])\n"
         "set_tests_properties([[${PREFIX}.${suite}]] PROPERTIES TIMEOUT 300 RESOURCE_LOCK ${NAME} COST ${count})\n")
 endforeach()
 file(WRITE "${FILE}" "${tests}")

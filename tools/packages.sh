@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing of the Debian packages that the project needs; does nothing when all of them are there.
-#   tools/packages.sh SECTION...    sections: build, run, wayland, screen, drive, test, package, spreadsheet, clang, style, tidy
+#   tools/packages.sh SECTION...    sections: build, run, wayland, screen, drive, test, package, windows, spreadsheet, clang, style, tidy
 #   tools/packages.sh --list SECTION...    only names them
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -25,6 +25,8 @@ packages_of() {
         spreadsheet) echo libreoffice-calc ;;
         # The second compiler and its sanitizers.
         clang) echo clang libclang-rt-14-dev ;;
+        # The cross compiler for Windows with what builds Qt for it, and what makes and tries the packages.
+        windows) echo g++-mingw-w64-x86-64-posix dpkg-dev xz-utils nsis wine64 googletest $(packages_of screen) ;;
         style) echo clang-format ;;
         tidy) echo clang-tidy ;;
         *) say "there is no section '$1'" >&2; return 2 ;;
