@@ -1,16 +1,21 @@
 #include "model/Messages.h"
 
+#include "system/ThreadEnd.h"
+
 #include <utility>
 
 namespace {
-thread_local TMessageHook messageHook;
+TMessageHook &MessageHook() {
+    thread_local TMessageHook *own = nullptr;
+    return OfThread(own);
 }
+} // namespace
 
 TMessageHook SetMessageHook(TMessageHook hook) {
-    return std::exchange(messageHook, std::move(hook));
+    return std::exchange(MessageHook(), std::move(hook));
 }
 
 void ShowModelMessage(const std::string &text) {
-    if (messageHook)
-        messageHook(text);
+    if (const TMessageHook &hook = MessageHook())
+        hook(text);
 }

@@ -2,6 +2,7 @@
 
 #include "system/Errors.h"
 #include "system/Texts.h"
+#include "system/ThreadEnd.h"
 
 #include <algorithm>
 #include <array>
@@ -19,9 +20,13 @@ namespace {
 /// As many decimal digits as every double keeps.
 constexpr int significantDigits = 15;
 
+struct TSeparator {
+    std::string text = ".";
+};
+
 std::string &DecimalSeparator() {
-    thread_local std::string separator = ".";
-    return separator;
+    thread_local TSeparator *own = nullptr;
+    return OfThread(own).text;
 }
 
 constexpr auto blanks = " \t";

@@ -2,6 +2,7 @@
 
 #include "system/ReadFile.h"
 #include "system/SafeFile.h"
+#include "system/ThreadEnd.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -11,8 +12,15 @@
 #include <vector>
 
 namespace {
-thread_local std::unique_ptr<TROMImage> imageInForce = std::make_unique<TROMImage>();
+struct TInForce {
+    std::unique_ptr<TROMImage> image = std::make_unique<TROMImage>();
+};
+
+std::unique_ptr<TROMImage> &ImageInForce() {
+    thread_local TInForce *own = nullptr;
+    return OfThread(own).image;
 }
+} // namespace
 
 void TROMImage::LoadFromFile(const std::filesystem::path &file) {
     file_ = ReadWholeFile(file, capacity);
@@ -48,15 +56,16 @@ bool TROMImage::Poke(std::int64_t offset, std::uint8_t value) noexcept {
 }
 
 TROMImage *ROMImage() noexcept {
-    return imageInForce.get();
+    return ImageInForce().get();
 }
 
 std::unique_ptr<TROMImage> ExchangeROMImage(std::unique_ptr<TROMImage> image) noexcept {
-    return std::exchange(imageInForce, std::move(image));
+    return std::exchange(ImageInForce(), std::move(image));
 }
 
 std::uint8_t PeekROM(std::int64_t offset) noexcept {
-    return imageInForce ? imageInForce->Peek(offset) : std::uint8_t{0};
+    const TROMImage *image = ROMImage();
+    return image ? image->Peek(offset) : std::uint8_t{0};
 }
 
 std::int32_t OffsetBehind(std::int32_t offset, std::int32_t length) noexcept {
