@@ -1,6 +1,7 @@
 #include "changes/EarlierVersions.h"
 
 #include "model/ROMImage.h"
+#include "system/Files.h"
 #include "system/Sha256.h"
 
 #include <optional>
@@ -25,9 +26,7 @@ TContents ErasedEprom(std::size_t size) {
 
 /// How the names of a file's versions end: the same for each way to name the file.
 std::string EndOfName(const fs::path &file) {
-    std::error_code error;
-    fs::path resolved = fs::weakly_canonical(fs::absolute(file, error), error);
-    const std::string name = error ? file.string() : resolved.string();
+    const std::string name = OneName(file);
     const std::string digest =
         Sha256({reinterpret_cast<const std::uint8_t *>(name.data()), name.size()});
     return "-" + digest.substr(0, digitsOfAFile) + std::string(earlierSuffix);
@@ -53,7 +52,7 @@ void KeepEarlier(const fs::path &folder, const fs::path &target,
                  std::span<const std::uint8_t> bytes, const std::string &day) {
     const fs::path file = folder / (std::string(earlierPrefix) + day + EndOfName(target));
     std::error_code unknown;
-    if (fs::exists(fs::symlink_status(file, unknown)))
+    if (fs::exists(fs::file_status(TypeAt(file, unknown))))
         return;
     const TContents erased = ErasedEprom(bytes.size());
     const TPatchStore store = StoreIn(folder);

@@ -1,6 +1,7 @@
 #include "changes/PatchStore.h"
 
 #include "system/Errors.h"
+#include "system/Files.h"
 #include "system/ReadFile.h"
 #include "system/SafeFile.h"
 #include "system/Texts.h"
@@ -21,7 +22,7 @@ constexpr std::size_t mostRemoved = 100; // at once: who has thousands need not 
 void Check(const std::error_code &error, const fs::path &file) {
     if (error)
         throw EFileError(Filled(Translated("PatchStore", "Cannot use '%1': %2"),
-                                {file.string(), error.message()}));
+                                {file.string(), ReasonOf(error)}));
 }
 
 bool IsPatch(const fs::path &file) {
@@ -31,15 +32,6 @@ bool IsPatch(const fs::path &file) {
     } catch (const std::runtime_error &) {
         return false;
     }
-}
-
-/// Makes a folder that its owner alone may look into; those above it get the usual rights.
-void MakeOwnFolder(const fs::path &folder) {
-    std::error_code error;
-    const bool made = fs::create_directories(folder, error);
-    Check(error, folder);
-    if (made) // a refusal hurts nobody: the files in it are the owner's alone
-        fs::permissions(folder, fs::perms::owner_all, error);
 }
 } // namespace
 
@@ -61,7 +53,9 @@ fs::path TPatchStore::NewFile() const {
 }
 
 void TPatchStore::Keep(const fs::path &file, const TPatch &patch) const {
-    MakeOwnFolder(folder_);
+    std::error_code error;
+    MakeOwnFolder(folder_, error);
+    Check(error, folder_);
     const std::string text = PatchText(patch);
     WriteFileSafely(file, {reinterpret_cast<const std::uint8_t *>(text.data()), text.size()},
                     TReaders::Owner);
@@ -69,7 +63,7 @@ void TPatchStore::Keep(const fs::path &file, const TPatch &patch) const {
 
 void TPatchStore::Remove(const fs::path &file) {
     std::error_code error;
-    fs::remove(file, error);
+    RemoveFile(file, error);
     Check(error, file);
 }
 
@@ -82,7 +76,7 @@ TKeptPatches TPatchStore::Read(const std::function<bool(const fs::path &)> &want
         try {
             kept.patches.push_back({file.path, file.time, ReadPatch(file.path)});
         } catch (const std::runtime_error &error) {
-            kept.leftAlone.push_back(file.path.filename().string() + ": " + error.what());
+            kept.leftAlone.push_back(LastPart(file.path) + ": " + error.what());
         }
     return kept;
 }
@@ -99,19 +93,17 @@ void TPatchStore::RemoveOldest(const fs::path &own) const {
 std::vector<TPatchStore::TFile> TPatchStore::Files() const {
     std::vector<TFile> files;
     std::error_code error;
-    if (fs::status(folder_, error).type() == fs::file_type::not_found)
+    if (TypeAt(folder_, error) == fs::file_type::not_found)
         return files;
-    fs::directory_iterator entry;
-    do
-        entry = fs::directory_iterator(folder_, error);
-    while (error == std::errc::interrupted);
-    for (const fs::directory_iterator end; !error && entry != end; entry.increment(error))
-        if (IsOfForm(entry->path().filename().native())) {
+    LookThrough(folder_, error, [&](const fs::path &file) {
+        if (IsOfForm(LastPart(file))) {
             std::error_code gone; // meanwhile, by another program
-            const fs::file_time_type time = entry->last_write_time(gone);
+            const fs::file_time_type time = LastWritten(file, gone);
             if (!gone)
-                files.push_back({entry->path(), time});
+                files.push_back({file, time});
         }
+        return true;
+    });
     Check(error, folder_);
     std::sort(files.begin(), files.end(), [](const TFile &a, const TFile &b) {
         return std::tie(b.time, b.path) < std::tie(a.time, a.path);

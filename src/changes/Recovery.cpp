@@ -3,6 +3,7 @@
 #include "changes/EarlierVersions.h"
 #include "changes/MappedImage.h"
 #include "model/ROMImage.h"
+#include "system/Files.h"
 #include "system/ReadFile.h"
 #include "system/Sha256.h"
 #include "system/Texts.h"
@@ -42,7 +43,7 @@ TImageBytes Copy(std::span<const std::uint8_t> bytes) {
 /// What a save to `target` replaces by other bytes; nothing when that is nothing.
 std::optional<TImageBytes> Replaced(const fs::path &target) {
     std::error_code unknown;
-    if (target.empty() || fs::status(target, unknown).type() == fs::file_type::not_found)
+    if (target.empty() || TypeAt(target, unknown) == fs::file_type::not_found)
         return std::nullopt;
     TImageBytes bytes = ReadWholeFile(target, TROMImage::capacity);
     if (std::ranges::equal(bytes, ROMImage()->BytesNow()))

@@ -3,6 +3,7 @@
 #include "cli/Paths.h"
 #include "cli/WrongUse.h"
 #include "model/ROMImage.h"
+#include "system/Files.h"
 #include "system/PlainText.h"
 
 #include <algorithm>
@@ -12,26 +13,22 @@ namespace fs = std::filesystem;
 
 constexpr int mostJobs = 256;
 
-bool IsFolder(const std::string &name) {
+bool IsImageFile(const fs::path &file) {
     std::error_code error;
-    return fs::is_directory(ToPath(name), error);
-}
-
-bool IsImageFile(const fs::directory_entry &entry) {
-    std::error_code error;
-    return SameName(PathText(entry.path().extension()), ".bin") && entry.is_regular_file(error) &&
-           entry.file_size(error) <= static_cast<std::uintmax_t>(TROMImage::capacity);
+    return SameName(LastPart(file.extension()), ".bin") && IsFile(file) &&
+           SizeOf(file, error) <= static_cast<std::uintmax_t>(TROMImage::capacity) && !error;
 }
 
 std::vector<std::string> ImagesOf(const std::string &folder) {
     std::vector<std::string> files; // paths would take many times the memory
     std::error_code error;
-    for (fs::directory_iterator entry(ToPath(folder), error), end; !error && entry != end;
-         entry.increment(error))
-        if (IsImageFile(*entry))
-            files.push_back(PathText(entry->path()));
+    LookThrough(ToPath(folder), error, [&](const fs::path &file) {
+        if (IsImageFile(file))
+            files.push_back(PathText(file));
+        return true;
+    });
     if (error)
-        throw EWrongUse(folder + ": the folder cannot be read: " + error.message());
+        throw EWrongUse(folder + ": the folder cannot be read: " + ReasonOf(error));
     if (files.empty())
         throw EWrongUse(folder + ": no image is in the folder: a file *.BIN of 1 MiB at most");
     std::sort(files.begin(), files.end());
@@ -82,7 +79,7 @@ void TManyImages::Declare(CLI::App &app, TForm usual) {
 std::vector<std::string> TManyImages::Files() const {
     std::vector<std::string> files;
     for (const std::string &name : names_)
-        if (IsFolder(name)) {
+        if (IsFolder(ToPath(name))) {
             const std::vector<std::string> images = ImagesOf(name);
             files.insert(files.end(), images.begin(), images.end());
         } else
@@ -91,7 +88,7 @@ std::vector<std::string> TManyImages::Files() const {
 }
 
 bool TManyImages::Many() const {
-    return names_.size() > 1 || IsFolder(names_.front());
+    return names_.size() > 1 || IsFolder(ToPath(names_.front()));
 }
 
 TForm TManyImages::Form() const {

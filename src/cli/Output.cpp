@@ -1,23 +1,16 @@
 #include "cli/Output.h"
 
 #include "cli/WrongUse.h"
+#include "system/Files.h"
 #include "system/SafeFile.h"
 
 #include <algorithm>
 
-namespace {
 namespace fs = std::filesystem;
-
-/// Links and other spellings of one file included.
-bool SameFile(const fs::path &one, const fs::path &other) {
-    std::error_code error;
-    return fs::equivalent(one, other, error) && !error;
-}
-} // namespace
 
 void NeedOtherFile(const fs::path &output, const std::vector<fs::path> &inputs) {
     for (const fs::path &input : inputs)
-        if (SameFile(output, input))
+        if (IsSame(output, input))
             throw EWrongUse(PathText(output) + ": the output is an input, and would replace it");
 }
 
@@ -38,7 +31,7 @@ fs::path TImageOutput::File(const fs::path &image, const std::vector<fs::path> &
     if (file_.empty() && !inPlace_)
         throw EWrongUse(PathText(image) + ": no file to write: -o FILE, or --in-place");
     fs::path file = file_.empty() ? image : ToPath(file_);
-    if (SameFile(file, image) && !inPlace_)
+    if (IsSame(file, image) && !inPlace_)
         throw EWrongUse(PathText(file) + ": the output is the image itself; --in-place allows it");
     NeedOtherFile(file, others);
     CheckCanWrite(file);

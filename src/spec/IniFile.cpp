@@ -1,6 +1,7 @@
 #include "spec/IniFile.h"
 
 #include "model/ROMTypes.h"
+#include "system/Files.h"
 #include "system/PlainText.h"
 #include "system/ReadFile.h"
 #include "system/SafeFile.h"
@@ -48,7 +49,7 @@ TIniFile::TIniFile(std::string_view bytes) {
 
 TIniFile TIniFile::Load(const std::filesystem::path &path) {
     std::error_code error;
-    if (std::filesystem::status(path, error).type() == std::filesystem::file_type::not_found)
+    if (TypeAt(path, error) == std::filesystem::file_type::not_found)
         return TIniFile();
     const std::vector<std::uint8_t> bytes = ReadWholeFile(path, maxIniFileSize);
     return TIniFile(std::string(bytes.begin(), bytes.end()));

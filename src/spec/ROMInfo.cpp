@@ -7,6 +7,7 @@
 #include "model/ROMTypes.h"
 #include "spec/MappingChoice.h"
 #include "spec/offsetentry.h"
+#include "system/Files.h"
 #include "system/SafeFile.h"
 
 #include <exception>
@@ -29,7 +30,7 @@ fs::path ListedFolder(const fs::path &image) {
     if (!error)
         return current;
     const fs::path folder = image.parent_path();
-    return fs::is_directory(folder, error) ? folder : ToPath(QDir::homePath());
+    return IsFolder(folder) ? folder : ToPath(QDir::homePath());
 }
 
 QString ROMFilter() {
@@ -108,8 +109,7 @@ void TfrmROMInformation::ShowStatus() {
 bool TfrmROMInformation::SpecIsElsewhere() const {
     const fs::path spec = currentSpecFileName_.parent_path();
     const fs::path image = romFileName_.parent_path();
-    std::error_code error;
-    return mapping_ == TMappingType::Spec && spec != image && !fs::equivalent(spec, image, error);
+    return mapping_ == TMappingType::Spec && spec != image && !IsSame(spec, image);
 }
 
 void TfrmROMInformation::SetROMFileName(const fs::path &name) {

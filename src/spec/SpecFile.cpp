@@ -1,5 +1,6 @@
 #include "spec/SpecFile.h"
 
+#include "system/Files.h"
 #include "system/PlainText.h"
 #include "system/ReadFile.h"
 #include "system/SafeFile.h"
@@ -20,11 +21,10 @@ constexpr std::string_view revLimitKey = "revlimit_offset";
 
 bool IsSpecFile(const fs::path &path) {
     constexpr std::string_view ending = ".spc";
-    const std::string name = path.filename().string();
-    std::error_code error;
+    const std::string name = LastPart(path);
     return name.size() >= ending.size() &&
            SameName(std::string_view(name).substr(name.size() - ending.size()), ending) &&
-           fs::is_regular_file(path, error);
+           IsFile(path);
 }
 
 // Nothing for a file that is not to be listed.
@@ -39,7 +39,7 @@ std::optional<std::string> Label(const fs::path &path) {
     if (label.empty())
         return std::nullopt;
     if (label.starts_with('[')) {
-        text = ToUtf8(path.filename().string());
+        text = ToUtf8(LastPart(path));
         label = text;
     }
     if (label.starts_with(';'))
@@ -103,17 +103,16 @@ void WriteOffset(std::string &ini, std::string_view key, std::int32_t offset) {
 TSpecScan ScanSpecFiles(const fs::path &folder) {
     TSpecScan scan;
     std::error_code error;
-    for (fs::directory_iterator file(folder, error), end; !error && file != end;
-         file.increment(error)) {
-        if (!IsSpecFile(file->path()))
-            continue;
-        if (scan.entries.size() == maxSpecFiles) {
-            scan.moreRemain = true;
-            break;
-        }
-        if (auto label = Label(file->path()))
-            scan.entries.push_back({std::move(*label), file->path()});
-    }
+    LookThrough(folder, error, [&](const fs::path &file) {
+        if (!IsSpecFile(file))
+            return true;
+        scan.moreRemain = scan.entries.size() == maxSpecFiles;
+        if (scan.moreRemain)
+            return false;
+        if (auto label = Label(file))
+            scan.entries.push_back({std::move(*label), file});
+        return true;
+    });
     return scan;
 }
 

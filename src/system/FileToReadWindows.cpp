@@ -5,9 +5,6 @@ namespace {
 HANDLE AsHandle(std::intptr_t handle) {
     return reinterpret_cast<HANDLE>(handle);
 }
-
-/// Others may go on reading, writing and replacing the file.
-constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 } // namespace
 
 // A folder cannot be opened without the flag for backups; the system says so by itself.

@@ -31,6 +31,8 @@ std::string TSystemFailure::Reason() const {
 
 std::wstring SystemName(const std::filesystem::path &path) {
     const std::wstring &name = path.native();
+    if (name.empty())
+        Fail(ERROR_PATH_NOT_FOUND);
     const DWORD room = GetFullPathNameW(name.c_str(), 0, nullptr, nullptr);
     if (room == 0)
         Fail(GetLastError());
@@ -42,6 +44,14 @@ std::wstring SystemName(const std::filesystem::path &path) {
     if (full.starts_with(LR"(\\)"))
         return LR"(\\?\UNC)" + full.substr(1);
     return LR"(\\?\)" + full;
+}
+
+std::wstring FinalName(HANDLE file, const std::wstring &otherwise) {
+    constexpr DWORD longest = 32768;
+    std::wstring final(longest, L'\0');
+    const DWORD length = GetFinalPathNameByHandleW(file, final.data(), longest, VOLUME_NAME_DOS);
+    final.resize(length < longest ? length : 0);
+    return final.empty() ? otherwise : final;
 }
 
 TOpenFile::TOpenFile(const std::filesystem::path &path, const TMode &mode)

@@ -35,6 +35,12 @@ inline void Sure(BOOL done) {
 /// it is. A device's name stays. Throws TSystemFailure.
 std::wstring SystemName(const std::filesystem::path &path);
 
+/// The name that the system knows an open file by, links followed; `otherwise` where it has none.
+std::wstring FinalName(HANDLE file, const std::wstring &otherwise);
+
+/// Others may go on reading, writing and replacing a file that is opened so.
+inline constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
 /// In bytes. Throws TSystemFailure.
 std::uint64_t LengthOf(HANDLE file);
 

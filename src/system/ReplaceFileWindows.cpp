@@ -1,10 +1,12 @@
 #include "system/FileWindows.h"
+#include "system/Files.h"
 #include "system/Refusal.h"
 #include "system/ReplaceFile.h"
 #include "system/TemporaryName.h"
 #include "system/Texts.h"
 
 #include <aclapi.h>
+#include <cstring>
 #include <optional>
 #include <vector>
 
@@ -15,6 +17,8 @@ using TBytes = std::span<const std::uint8_t>;
 
 /// A failure that lost the old contents, while the new ones are not all there.
 struct TSpoilt : TSystemFailure {};
+
+constexpr std::size_t longestPart = 255; ///< characters between two separators of a name
 
 /// Takes a step that may go wrong without the save going wrong.
 template <class TStep>
@@ -35,8 +39,6 @@ void WriteAll(HANDLE file, TBytes bytes) {
     }
 }
 
-constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
 /// What is at a name; nothing when there is nothing yet.
 struct TTarget {
     std::wstring name; ///< once links are followed
@@ -44,24 +46,20 @@ struct TTarget {
     bool regular;
 };
 
-/// The name that the system knows an open file by, links followed; the given one where it has none.
-std::wstring FinalName(HANDLE file, const std::wstring &name) {
-    constexpr DWORD longest = 32768;
-    std::wstring final(longest, L'\0');
-    const DWORD length = GetFinalPathNameByHandleW(file, final.data(), longest, VOLUME_NAME_DOS);
-    final.resize(length < longest ? length : 0);
-    return final.empty() ? name : final;
+bool IsDevice(const std::wstring &name) {
+    return name.starts_with(LR"(\\.\)");
 }
 
 /// Throws for a folder, and for a file that its owner has protected.
 std::optional<TTarget> ExistingTarget(const fs::path &file) {
     const std::wstring name = SystemName(file);
-    const DWORD attributes = GetFileAttributesW(name.c_str());
+    const DWORD attributes = IsDevice(name) ? 0 : GetFileAttributesW(name.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) {
-        const DWORD code = GetLastError();
-        if (code == ERROR_FILE_NOT_FOUND)
-            return std::nullopt;
-        Fail(code);
+        if (const DWORD code = GetLastError(); code != ERROR_FILE_NOT_FOUND)
+            Fail(code);
+        if (fs::path(name).filename().native().size() > longestPart)
+            Fail(ERROR_FILENAME_EXCED_RANGE);
+        return std::nullopt;
     }
     if (attributes & FILE_ATTRIBUTE_DIRECTORY)
         Fail(ERROR_DIRECTORY);
@@ -76,12 +74,39 @@ std::optional<TTarget> ExistingTarget(const fs::path &file) {
 /// it and stays.
 void RemoveRemains(const fs::path &folder) {
     std::error_code error;
-    for (fs::directory_iterator file(folder, error), end; !error && file != end;
-         file.increment(error))
-        if (IsTemporaryName(file->path().filename().string()))
+    LookThrough(folder, error, [](const fs::path &file) {
+        if (IsTemporaryName(LastPart(file)))
             IfPossible([&] {
-                TOpenFile(file->path(), {DELETE, 0, OPEN_EXISTING, FILE_FLAG_DELETE_ON_CLOSE});
+                TOpenFile(file, {DELETE, 0, OPEN_EXISTING, FILE_FLAG_DELETE_ON_CLOSE});
             });
+        return true;
+    });
+}
+
+/// Renames a file over one that readers have open, who go on with the old contents; false where the
+/// file system knows no such renaming.
+bool RenameOverOpen(const std::wstring &name, const std::wstring &target) {
+    // FileRenameInfoEx, which the header has for later releases of Windows 10 alone.
+    constexpr auto renameEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
+    const TOpenFile file(name, {DELETE | SYNCHRONIZE, shareAll, OPEN_EXISTING});
+    const std::size_t length = target.size() * sizeof(wchar_t);
+    std::vector<std::byte> room(sizeof(FILE_RENAME_INFO) + length);
+    auto *rename = new (room.data()) FILE_RENAME_INFO{};
+    rename->Flags = FILE_RENAME_FLAG_REPLACE_IF_EXISTS | FILE_RENAME_FLAG_POSIX_SEMANTICS;
+    rename->FileNameLength = static_cast<DWORD>(length);
+    std::memcpy(rename->FileName, target.data(), length);
+    return SetFileInformationByHandle(file.Handle(), renameEx, rename,
+                                      static_cast<DWORD>(room.size())) != 0;
+}
+
+/// Why a target may not be renamed over: somebody has it open, or its access list says so.
+DWORD WhyDenied(const std::wstring &target) {
+    try {
+        const TOpenFile file(target, {DELETE, shareAll, OPEN_EXISTING});
+        return ERROR_SHARING_VIOLATION;
+    } catch (const TSystemFailure &failure) {
+        return failure.code == ERROR_FILE_NOT_FOUND ? ERROR_ACCESS_DENIED : failure.code;
+    }
 }
 
 /// A new file, held against all others, that is gone again unless it is renamed over the target.
@@ -100,11 +125,15 @@ public:
 
     HANDLE Handle() const { return file_.Handle(); }
 
-    /// In one step, and on the disk when it returns.
+    /// In one step; as a rule it is on the disk when this returns.
     void RenameTo(const std::wstring &target) {
         file_.Close();
-        Sure(MoveFileExW(name_.c_str(), target.c_str(),
-                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
+        constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+        if (!MoveFileExW(name_.c_str(), target.c_str(), flags)) {
+            const DWORD code = GetLastError();
+            if (!RenameOverOpen(name_, target))
+                Fail(code == ERROR_ACCESS_DENIED ? WhyDenied(target) : code);
+        }
         name_.clear();
     }
 

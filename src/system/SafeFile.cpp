@@ -1,6 +1,7 @@
 #include "system/SafeFile.h"
 
 #include "system/Errors.h"
+#include "system/Files.h"
 #include "system/Refusal.h"
 #include "system/ReplaceFile.h"
 #include "system/Texts.h"
@@ -28,4 +29,9 @@ void CheckCanWrite(const fs::path &file) {
     } catch (const TRefusal &refusal) {
         throw CannotWrite(file, refusal);
     }
+}
+
+bool MayExist(const fs::path &name) {
+    std::error_code error;
+    return TypeAt(name, error) != fs::file_type::not_found && error != std::errc::filename_too_long;
 }

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <span>
-#include <system_error>
 
 /// Who may read a file that is made: whom the process's mask lets, or its owner alone.
 enum class TReaders { ByMask, Owner };
@@ -31,8 +30,4 @@ void WriteFileSafely(const std::filesystem::path &file, std::span<const std::uin
 void CheckCanWrite(const std::filesystem::path &file);
 
 /// False only for what surely is not there: a file that cannot be looked at may exist.
-inline bool MayExist(const std::filesystem::path &name) {
-    std::error_code error;
-    const std::filesystem::file_type type = std::filesystem::status(name, error).type();
-    return type != std::filesystem::file_type::not_found && error != std::errc::filename_too_long;
-}
+bool MayExist(const std::filesystem::path &name);
