@@ -71,7 +71,7 @@ double MeanAround(const std::vector<double> &values, std::size_t columns, std::s
 
 double UnitOf(const std::string &picture) {
     const std::size_t point = std::min(picture.find('.'), picture.size() - 1);
-    return std::pow(10.0, -static_cast<double>(picture.size() - 1 - point));
+    return 1 / std::pow(10.0, static_cast<double>(picture.size() - 1 - point));
 }
 
 std::string AddUnits(TNumberBlock &block, int units) {
