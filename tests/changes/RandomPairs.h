@@ -78,3 +78,14 @@ private:
 
     std::mt19937 random_{3};
 };
+
+/// Random pairs, one behind the other.
+inline TBytePair Joined(TRandomPairs &pairs, int count) {
+    TBytePair joined;
+    for (int i = 0; i < count; ++i) {
+        const auto [before, after] = pairs.Next();
+        joined.before.insert(joined.before.end(), before.begin(), before.end());
+        joined.after.insert(joined.after.end(), after.begin(), after.end());
+    }
+    return joined;
+}

@@ -88,3 +88,5 @@ protected:
     std::filesystem::path image = folder / "A.BIN";
     TBytes original = TBytes(0x1000, 5);
 };
+
+using TRecoveryProblems = TRecoveryTest;

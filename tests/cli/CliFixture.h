@@ -1,6 +1,7 @@
 // The real program, run as a person runs it: arguments in, bytes, texts and exit code out.
 #pragma once
 
+#include "support/Environment.h"
 #include "support/TemporaryFolder.h"
 
 #include <filesystem>
@@ -32,6 +33,15 @@ inline TCliResult RunProgram(const std::vector<std::string> &arguments,
     result.out = process.readAllStandardOutput().toStdString();
     result.err = process.readAllStandardError().toStdString();
     return result;
+}
+
+/// What the program says of an input that is not there.
+inline std::string NotThere(const std::string &name) {
+    return "Cannot read '" + name + "': " + Words(TReason::NoFile);
+}
+/// What the program says of an output whose folder is not there.
+inline std::string NoFolderFor(const std::string &name) {
+    return "Cannot write '" + name + "': " + Words(TReason::NoFolder);
 }
 
 /// A folder with the samples under short names: 32K.BIN with 32K.SPC (offsets) and 32P.SPC

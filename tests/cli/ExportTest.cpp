@@ -79,7 +79,6 @@ TEST_F(TCliExportTest, NeverWritesOverAnInput) {
     for (const char *name : {"32K.BIN", "32K.SPC"})
         ExpectRefusedExport({"fuel-pt", "-o", name},
                             std::string(name) + ": the output is an input, and would replace it");
-    ExpectRefusedExport({"fuel-pt", "-o", "NO/F.CSV"},
-                        "Cannot write 'NO/F.CSV': No such file or directory");
+    ExpectRefusedExport({"fuel-pt", "-o", "NO/F.CSV"}, NoFolderFor("NO/F.CSV"));
 }
 } // namespace

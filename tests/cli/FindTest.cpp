@@ -110,14 +110,13 @@ TEST_F(TCliFindTest, SaysWhatItCannotPropose) {
 
 TEST_F(TCliFindTest, NamesWhatIsWrong) {
     ExpectRefused({"find"}, "IMAGE is required");
-    ExpectRefused({"find", "NONE.BIN"}, "Cannot read 'NONE.BIN': No such file or directory");
+    ExpectRefused({"find", "NONE.BIN"}, NotThere("NONE.BIN"));
     ExpectRefused({"find", "64K.BIN", "--most", "0"}, "--most: Value 0 not in range 1 to 100");
     ExpectRefused({"find", "64K.BIN", "--most", "9", "--all"}, "--most excludes --all");
     ExpectRefused({"find", "64K.BIN", "--format", "xml"}, "--format: xml not in {text,json,jsonl}");
     ExpectRefused({"find", "64K.BIN", "--spec-out", "64K.BIN"},
                   "64K.BIN: the output is an input, and would replace it");
-    ExpectRefused({"find", "64K.BIN", "--spec-out", "NO/64K.SPC"},
-                  "Cannot write 'NO/64K.SPC': No such file or directory");
+    ExpectRefused({"find", "64K.BIN", "--spec-out", "NO/64K.SPC"}, NoFolderFor("NO/64K.SPC"));
     ExpectRefused({"find", "64K.BIN", "32K.BIN", "--spec-out", "X.SPC"},
                   "--spec-out is for one image");
     ExpectRefused({"find", "64K.BIN", "32K.BIN", "--format", "text"},

@@ -1,5 +1,7 @@
 #include "cli/CliFixture.h"
 
+#include <regex>
+
 namespace {
 class TCliPatchTest : public TCliTest {
 protected:
@@ -47,9 +49,9 @@ TEST_F(TCliPatchTest, ChangesTheImageInPlace) {
 }
 
 TEST_F(TCliPatchTest, IsThePatchThatThePagesWrite) {
-    EXPECT_THAT(Text("P.patch"),
-                testing::MatchesRegex("Ferrolyn patch 1\nname 32K.BIN\nsize 32768\nsha256 "
-                                      "[0-9a-f]+\n.6003 04 -> 05\n.602E 75 -> 9a\nend 2\n"));
+    const std::regex form("Ferrolyn patch 1\nname 32K.BIN\nsize 32768\nsha256 [0-9a-f]+\n"
+                          ".6003 04 -> 05\n.602E 75 -> 9a\nend 2\n");
+    EXPECT_TRUE(std::regex_match(Text("P.patch"), form)) << Text("P.patch");
 }
 
 TEST_F(TCliPatchTest, IsRefusedWhereAByteDoesNotFit) {
@@ -113,8 +115,7 @@ TEST_F(TCliPatchTest, NamesWhatIsWrong) {
                   "BAD.patch: Line 3 of the patch: 'much' is no number");
     ExpectRefused({"patch", "32K.BIN", "BAD.patch", "--check"},
                   "BAD.patch: Line 3 of the patch: 'much' is no number");
-    ExpectRefused({"patch", "32K.BIN", "NONE.patch", "--check"},
-                  "Cannot read 'NONE.patch': No such file or directory");
+    ExpectRefused({"patch", "32K.BIN", "NONE.patch", "--check"}, NotThere("NONE.patch"));
     ExpectRefused({"patch", "EMPTY.BIN", "P.patch", "--check"},
                   "EMPTY.BIN: an image of 0 bytes has nothing in it");
     ExpectRefused({"patch", "32K.BIN", "P.patch", "--check", "-o", "OUT.BIN"},

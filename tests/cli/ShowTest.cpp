@@ -1,37 +1,8 @@
-#include "cli/CliFixture.h"
+#include "cli/ShowFixture.h"
 
 #include <nlohmann/json.hpp>
 
-#include <QProcessEnvironment>
-
 namespace {
-class TCliShowTest : public TCliTest {
-protected:
-    /// Standard output for the sample.
-    std::string Show(std::vector<std::string> arguments) {
-        arguments.insert(arguments.begin(), {"show", "32K.BIN", "--spec", "32K.SPC"});
-        return Done(arguments);
-    }
-    void ExpectShowRefused(std::vector<std::string> arguments, const std::string &line) {
-        arguments.insert(arguments.begin(), {"show", "32K.BIN", "--spec", "32K.SPC"});
-        ExpectRefused(arguments, line);
-    }
-
-    /// Sets the count of engine speeds of the idle fuel map.
-    void SetIdleCount(std::uint8_t count) {
-        std::vector<std::uint8_t> bytes = Bytes("32K.BIN");
-        bytes[0x6101] = count;
-        PutFile(folder / "32K.BIN", bytes);
-    }
-};
-
-const std::string idleTable =
-    "fuel-idle: Fuel Idle at $6100, 16 x 1, lambda\n"
-    "     600   800  1040  1320  1720  2160  2640  3040  3600  4080  4640  5120  5640  6240  6920"
-    "  7600\n"
-    "0%  0.87  0.88  0.88  0.89  0.91  0.91  0.91  0.93  0.93  0.94  0.92  0.93  0.92  0.91  0.88"
-    "  0.87\n";
-
 TEST_F(TCliShowTest, ShowsAMapAsItsGrid) {
     EXPECT_EQ(Show({"fuel-idle"}), idleTable);
 }
@@ -88,32 +59,6 @@ TEST_F(TCliShowTest, ColorsCellsByTheirValuesWhenTold) {
         << text;
     EXPECT_NE(text.find("\033[48;2;253;231;37m\033[38;2;0;0;0m  0.94\033[0m"), std::string::npos);
     EXPECT_EQ(Show({"fuel-idle", "--color", "never"}), idleTable);
-}
-
-/// What a terminal shows that runs the program, with NO_COLOR set to this.
-std::string OnATerminal(const std::filesystem::path &folder, const char *noColor,
-                        const QString &more = {}) {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("NO_COLOR", noColor);
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(QString::fromStdString(folder.string()));
-    process.start("script",
-                  {"-qec", QString(FERROLYN_CLI) + " show 32K.BIN --spec 32K.SPC fuel-idle" + more,
-                   "/dev/null"});
-    process.waitForFinished(-1);
-    return process.readAllStandardOutput().toStdString();
-}
-
-TEST_F(TCliShowTest, ColorsOnATerminalUnlessNoneAreWanted) {
-    const std::string escape = "\033[48;2;";
-    EXPECT_NE(OnATerminal(folder.Path(), "").find(escape), std::string::npos);
-    const std::string plain = OnATerminal(folder.Path(), "1");
-    EXPECT_EQ(plain.find(escape), std::string::npos);
-    EXPECT_NE(plain.find("0%  0.87"), std::string::npos);
-    EXPECT_EQ(OnATerminal(folder.Path(), "", " --color never").find(escape), std::string::npos);
-    OnATerminal(folder.Path(), "", " -o OUT.TXT");
-    EXPECT_EQ(Text("OUT.TXT"), idleTable) << "a file is no terminal";
 }
 
 TEST_F(TCliShowTest, GivesUnitsAndCountsInJson) {
@@ -180,8 +125,7 @@ TEST_F(TCliShowTest, RefusesWrongUse) {
     ExpectShowRefused({"--format", "xml"}, "--format: xml not in {table,csv,json}");
     ExpectShowRefused({"--color", "red"}, "--color: red not in {auto,always,never}");
     ExpectRefused({"show", "32K.BIN"}, "--spec is required");
-    ExpectRefused({"show", "32K.BIN", "--spec", "NONE.SPC"},
-                  "Cannot read 'NONE.SPC': No such file or directory");
+    ExpectRefused({"show", "32K.BIN", "--spec", "NONE.SPC"}, NotThere("NONE.SPC"));
     PutText("BAD.SPC", "; bad\n[Fuel Maps]\npt_offset=here\n");
     ExpectRefused({"show", "32K.BIN", "--spec", "BAD.SPC"},
                   "BAD.SPC: a map offset, pointer offset or mask is no integer");

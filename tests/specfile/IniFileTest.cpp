@@ -3,8 +3,6 @@
 #include "model/ROMTypes.h"
 #include "specfile/TextFolder.h"
 
-#include <sys/stat.h>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -137,12 +135,6 @@ TEST_F(TIniFiles, AFileThatHasGoneReadsAsDefaults) {
 
 TEST_F(TIniFiles, AFolderIsAFileError) {
     EXPECT_THROW(TIniFile::Load(folder_), EFileError);
-}
-
-TEST_F(TIniFiles, APipeIsAFileErrorAndNeverBlocks) {
-    const auto pipe = folder_ / "pipe.spc";
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_THROW(TIniFile::Load(pipe), EFileError);
 }
 
 TEST_F(TIniFiles, OneByteOverTheLimitIsRefusedByName) {

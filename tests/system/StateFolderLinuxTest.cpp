@@ -1,3 +1,4 @@
+// Linux alone: the variables and folders of its desktops.
 #include "system/StateFolder.h"
 
 #include <map>

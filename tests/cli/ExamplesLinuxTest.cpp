@@ -1,3 +1,4 @@
+// Linux alone: the examples are lines for its shell.
 #include "cli/CliFixture.h"
 
 #include <regex>

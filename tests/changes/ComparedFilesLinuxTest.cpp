@@ -1,4 +1,5 @@
-// Differences of files as another program tells them, and patches that went through a file.
+// Linux alone: differences of files as another program tells them, and patches that went through a
+// file.
 #include "changes/ByteRuns.h"
 #include "changes/Patch.h"
 #include "changes/RandomPairs.h"
@@ -33,17 +34,6 @@ std::vector<TByteChange> Changes(const TBytes &before, const TBytes &after) {
         for (std::uint32_t i = run.offset; i < run.offset + run.length; ++i)
             changes.push_back({i, before[i], after[i]});
     return changes;
-}
-
-/// Random pairs, one behind the other.
-TBytePair Joined(TRandomPairs &pairs, int count) {
-    TBytePair joined;
-    for (int i = 0; i < count; ++i) {
-        const auto [before, after] = pairs.Next();
-        joined.before.insert(joined.before.end(), before.begin(), before.end());
-        joined.after.insert(joined.after.end(), after.begin(), after.end());
-    }
-    return joined;
 }
 
 TEST(ComparedFiles, DifferWhereCmpSaysSo) {

@@ -1,4 +1,4 @@
-// The sessions with ferrolyn-cli that the README shows, typed into a shell.
+// Linux alone: the sessions with ferrolyn-cli that the README shows, typed into its shell.
 #include "cli/CliFixture.h"
 
 #include <sstream>
