@@ -6,7 +6,7 @@
 
 kills=${1:-2000}
 need_number "$kills" kills
-build dev test_faults
+build dev test_kills
 step "killing $kills saves"
-FERROLYN_KILLS=$kills "$top/build/dev/tests/faults/test_faults" --gtest_filter='TKilledSaver.*'
+FERROLYN_KILLS=$kills "$top/build/dev/tests/kills/test_kills" --gtest_filter='TKilledSaver.*'
 say "$kills kills survived in $SECONDS s"

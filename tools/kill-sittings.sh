@@ -7,7 +7,7 @@
 
 kills=${1:-1000}
 need_number "$kills" kills
-build dev test_faults
+build dev test_kills
 step "killing $kills sittings"
-FERROLYN_KILLS=$kills "$top/build/dev/tests/faults/test_faults" --gtest_filter='TKilledSitting.*'
+FERROLYN_KILLS=$kills "$top/build/dev/tests/kills/test_kills" --gtest_filter='TKilledSitting.*'
 say "$kills kills survived in $SECONDS s"

@@ -2,6 +2,7 @@
 // and whatever call on it fails, the program starts all the same, and it never waits for nobody.
 #include "FaultCases.h"
 #include "spec/SingleInstance.h"
+#include "start/OneWindow.h"
 #include "support/TemporaryFolder.h"
 
 #include <fcntl.h>
@@ -15,15 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 
-class TNothingFound : public IWindowFinder {
-public:
-    TWindowId Find(std::string_view, std::string_view) override { return 0; }
-    TWindowId OwnerOf(TWindowId) override { return 0; }
-    bool IsMinimised(TWindowId) override { return false; }
-    void ShowNormal(TWindowId) override {}
-    void BringToForeground(TWindowId) override {}
-};
-
 const std::string lockName = "SingleInstanceProgramHMutex";
 
 /// What a copy does that waits no longer than it must. Holds the lock until it is destroyed.
@@ -34,7 +26,7 @@ public:
     TStart Check() { return guard_.Check(nothing_); }
 
 private:
-    TNothingFound nothing_;
+    TOneWindow nothing_;
     TSingleInstanceGuard guard_;
 };
 

@@ -1,6 +1,6 @@
 // A sitting at the real window that never ends, to be killed: loads an image, commits to it, saves
 // it, reads it anew, brings back or forgets what is offered.
-//   faults_sitter FOLDER SEED    the folder with A.BIN and A.SPC
+//   kills_sitter FOLDER SEED    the folder with A.BIN and A.SPC
 // Writes a line before each step and "done" behind it, when all is kept that is to be:
 //   commit OFFSET BYTE    save    read    back    forget
 #include "changes/Recovery.h"
@@ -12,9 +12,9 @@
 #include "support/FindControl.h"
 
 #include <cstdlib>
+#include <iostream>
 #include <random>
 #include <string>
-#include <unistd.h>
 
 #include <QApplication>
 #include <QLineEdit>
@@ -24,9 +24,8 @@
 #include <QTest>
 
 namespace {
-void Tell(std::string line) {
-    line += '\n';
-    if (write(STDOUT_FILENO, line.data(), line.size()) != static_cast<ssize_t>(line.size()))
+void Tell(const std::string &line) {
+    if (!(std::cout << line << '\n' << std::flush))
         std::exit(1); // nobody reads any more
 }
 

@@ -1,13 +1,12 @@
 // A sitting at the real window is killed at random moments: the image on the disk is wholly the old
 // or the new one, and loading it offers exactly the bytes that were committed and never saved.
-//   FERROLYN_KILLS=1000 build/dev/tests/faults/test_faults --gtest_filter='TKilledSitting.*'
+//   FERROLYN_KILLS=1000 build/dev/tests/kills/test_kills --gtest_filter='TKilledSitting.*'
 #include "SavingProgram.h"
 #include "changes/ByteRuns.h"
 #include "changes/Recovery.h"
 #include "pages/WindowFixture.h"
 
 #include <chrono>
-#include <cstdlib>
 #include <random>
 #include <sstream>
 
@@ -15,12 +14,6 @@
 #include <gmock/gmock.h>
 
 namespace {
-/// How many kills; FERROLYN_KILLS asks for more than the daily share.
-int SittingKills() {
-    const char *wanted = std::getenv("FERROLYN_KILLS");
-    return wanted ? std::max(1, std::atoi(wanted)) : 30;
-}
-
 class TKilledSitting : public TWindowTest {
 protected:
     using TImages = std::vector<TBytes>;
@@ -181,7 +174,7 @@ protected:
 
 TEST_F(TKilledSitting, LosesNothingThatWasCommittedAndOffersNothingElse) {
     std::map<std::string, int> killedIn;
-    const int kills = SittingKills();
+    const int kills = KillsWanted(30);
     for (int i = 0; i < kills && !HasFailure(); ++i) {
         SCOPED_TRACE("kill " + std::to_string(i));
         SitAndKill();

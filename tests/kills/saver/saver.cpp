@@ -1,5 +1,5 @@
 // Saves the same ROM image and spec file over and over, with two contents in turn, to be killed.
-//   faults_saver FOLDER ROUNDS    ROUNDS 0: until it is killed, or until nobody reads its output
+//   kills_saver FOLDER ROUNDS    ROUNDS 0: until it is killed, or until nobody reads its output
 // Writes one byte to its output after each round, and the error, with exit code 1, when a save
 // fails.
 #include "Alternating.h"
@@ -11,7 +11,6 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
-#include <unistd.h>
 
 namespace {
 
@@ -33,8 +32,8 @@ int main(int argc, char **argv) {
     try {
         for (int round = 0; rounds == 0 || round < rounds; ++round) {
             SaveRound(argv[1], *image, round % 2);
-            if (write(STDOUT_FILENO, ".", 1) != 1)
-                return 1;
+            if (!(std::cout << '.' << std::flush))
+                return 1; // nobody reads any more
         }
     } catch (const std::exception &error) {
         std::cerr << error.what() << '\n';

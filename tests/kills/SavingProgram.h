@@ -1,15 +1,16 @@
-// Programs that save in turn, to be waited for or killed.
+// Programs that save in turn, to be waited for or killed. How a program is started, heard and
+// killed is each system's: SavingProgramLinux.cpp, SavingProgramWindows.cpp.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 /// A program that was started, and what it writes.
 class TStartedProgram {
 public:
-    /// @param command  the program and its arguments
+    /// @param command  the program and its arguments, which hold no quotes
     explicit TStartedProgram(std::vector<std::string> command);
     TStartedProgram(const TStartedProgram &) = delete;
     TStartedProgram &operator=(const TStartedProgram &) = delete;
@@ -26,8 +27,9 @@ public:
     int WaitForEnd();
 
 private:
-    pid_t process_ = -1;
-    int output_ = -1;
+    static constexpr std::intptr_t none = -1;
+    std::intptr_t process_ = none; ///< the system's; none once it was waited for
+    std::intptr_t output_ = none;  ///< the end of the pipe from which its output is read
 };
 
 /// A run of saver/saver.cpp.
@@ -39,3 +41,6 @@ public:
     /// Waits until that many more rounds are done; false when the program ended before.
     bool WaitForRounds(int count);
 };
+
+/// How many kills; FERROLYN_KILLS asks for others than the daily share.
+int KillsWanted(int dailyShare);
