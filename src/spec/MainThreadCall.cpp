@@ -18,7 +18,7 @@ struct TMainThreadCall::TCall {
 /// Shared with the main thread's running call, which may outlast both the worker and the object.
 struct TMainThreadCall::TMailbox {
     std::mutex mutex;
-    std::condition_variable_any changed;
+    std::condition_variable changed;
     std::shared_ptr<TCall> waiting; ///< handed over, not begun
 
     void RunWaiting();
@@ -26,18 +26,20 @@ struct TMainThreadCall::TMailbox {
 
 TMainThreadCall::TMainThreadCall() : mailbox_(std::make_shared<TMailbox>()) {}
 
-bool TMainThreadCall::Run(const std::stop_token &stop, std::function<void()> work) {
-    if (stop.stop_requested())
+bool TMainThreadCall::Run(TStop &stop, std::function<void()> work) {
+    if (stop.Requested())
         return false;
     auto wakeUp = std::make_unique<QEvent>(QEvent::User);
     const auto call = std::make_shared<TCall>(TCall{std::move(work)});
+    const TStop::TWaker waker(stop, mailbox_->mutex, mailbox_->changed);
     std::unique_lock lock(mailbox_->mutex);
     mailbox_->waiting = call;
     lock.unlock();
     // The event carries nothing: a given-up call leaves one behind that finds an empty mailbox.
     QCoreApplication::postEvent(this, wakeUp.release());
     lock.lock();
-    if (mailbox_->changed.wait(lock, stop, [&] { return call->done; }))
+    mailbox_->changed.wait(lock, [&] { return call->done || stop.Requested(); });
+    if (call->done)
         return true;
     mailbox_->waiting.reset();
     return false;

@@ -3,9 +3,10 @@
 // worker itself belongs to the unit that hands over (ThdTimer.h, SplashScreen.h).
 #pragma once
 
+#include "system/Stop.h"
+
 #include <functional>
 #include <memory>
-#include <stop_token>
 
 #include <QObject>
 
@@ -22,7 +23,7 @@ public:
     ///              goes on without being waited for, so it must not use the worker's locals
     /// @return true when `work` has ended, false after giving up
     /// An exception out of `work` is shown like that of any handler and counts as its end.
-    bool Run(const std::stop_token &stop, std::function<void()> work);
+    bool Run(TStop &stop, std::function<void()> work);
 
 protected:
     void customEvent(QEvent *event) override;

@@ -8,29 +8,28 @@ namespace {
 constexpr std::chrono::milliseconds stepTime(200);
 
 /// True after one step's time, false when asked to stop.
-bool WaitForStep(const std::stop_token &stop) {
+bool WaitForStep(TStop &stop) {
     std::mutex mutex;
-    std::condition_variable_any never;
+    std::condition_variable changed;
+    const TStop::TWaker waker(stop, mutex, changed);
     std::unique_lock lock(mutex);
-    never.wait_for(lock, stop, stepTime, [] { return false; });
-    return !stop.stop_requested();
+    return !changed.wait_for(lock, stepTime, [&] { return stop.Requested(); });
 }
 } // namespace
 
-TSplashScreen::TSplashScreen()
-    : thread_([this](const std::stop_token &abandon) { Execute(abandon); }) {}
+TSplashScreen::TSplashScreen() : thread_([this](TStop &abandon) { Execute(abandon); }) {}
 
 TSplashScreen::~TSplashScreen() {
     Terminate();
 }
 
 void TSplashScreen::Terminate() {
-    terminate_.request_stop();
+    terminate_.Request();
 }
 
-void TSplashScreen::Execute(const std::stop_token &abandon) {
+void TSplashScreen::Execute(TStop &abandon) {
     handOver_.Run(abandon, [this] { ShowWindow(); });
-    while (WaitForStep(terminate_.get_token()))
+    while (WaitForStep(terminate_))
         handOver_.Run(abandon, [this] { window_->AnimateStatus(); });
     handOver_.Run(abandon, [this] { window_.reset(); });
 }

@@ -6,8 +6,6 @@
 #include "spec/splash.h"
 
 #include <memory>
-#include <stop_token>
-#include <thread>
 
 /// Created running. Belongs to the main thread, which alone calls it and may destroy it at any
 /// moment: hand-overs on their way are dropped, the thread is joined, the window freed.
@@ -22,11 +20,11 @@ public:
     void Terminate();
 
 private:
-    void Execute(const std::stop_token &abandon);
+    void Execute(TStop &abandon);
     void ShowWindow();
 
     std::unique_ptr<TfrmSplash> window_; ///< touched by the main thread only
     TMainThreadCall handOver_;
-    std::stop_source terminate_; ///< ends the animation; thread_'s own stop ends the hand-overs too
-    std::jthread thread_;        ///< last: it ends before anything that it uses
+    TStop terminate_;         ///< ends the animation; thread_'s own stop ends the hand-overs too
+    TStoppableThread thread_; ///< last: it ends before anything that it uses
 };

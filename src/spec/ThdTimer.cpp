@@ -6,7 +6,7 @@
 #include <utility>
 
 TTimerThread::TTimerThread(TThreadedTimer &owner)
-    : owner_(owner), thread_([this](const std::stop_token &stop) { Execute(stop); }) {}
+    : owner_(owner), thread_([this](TStop &stop) { Execute(stop); }) {}
 
 void TTimerThread::SetInterval(std::uint16_t interval) {
     const std::lock_guard lock(mutex_);
@@ -17,27 +17,27 @@ void TTimerThread::SetInterval(std::uint16_t interval) {
 }
 
 void TTimerThread::SetPriority(QThread::Priority priority) {
-    SetIdlePriority(thread_, priority == QThread::IdlePriority);
+    SetIdlePriority(thread_.Thread(), priority == QThread::IdlePriority);
 }
 
-void TTimerThread::Execute(const std::stop_token &stop) {
+void TTimerThread::Execute(TStop &stop) {
     while (SleepInterval(stop))
         handOver_.Run(stop, [&timer = owner_] { timer.Tick(); });
 }
 
 /// True after one whole undisturbed interval, false when asked to stop.
-bool TTimerThread::SleepInterval(const std::stop_token &stop) {
+bool TTimerThread::SleepInterval(TStop &stop) {
+    const TStop::TWaker waker(stop, mutex_, changed_);
     std::unique_lock lock(mutex_);
-    while (changed_.wait(lock, stop, [this] { return interval_ != 0; })) {
-        const auto disturbed = [this, before = changes_] { return changes_ != before; };
-        const bool woken =
-            changed_.wait_for(lock, stop, std::chrono::milliseconds(interval_), disturbed);
-        if (stop.stop_requested())
-            return false;
-        if (!woken)
-            return true;
+    bool undisturbed = false;
+    while (!undisturbed && !stop.Requested()) {
+        changed_.wait(lock, [&] { return interval_ != 0 || stop.Requested(); });
+        const auto disturbed = [&, before = changes_] {
+            return changes_ != before || stop.Requested();
+        };
+        undisturbed = !changed_.wait_for(lock, std::chrono::milliseconds(interval_), disturbed);
     }
-    return false;
+    return undisturbed;
 }
 
 TThreadedTimer::TThreadedTimer(QObject *parent) : QObject(parent), timerThread_(*this) {}

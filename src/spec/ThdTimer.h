@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <functional>
 #include <mutex>
-#include <thread>
 
 #include <QObject>
 #include <QThread>
@@ -30,16 +29,16 @@ public:
     void SetPriority(QThread::Priority priority);
 
 private:
-    void Execute(const std::stop_token &stop);
-    bool SleepInterval(const std::stop_token &stop);
+    void Execute(TStop &stop);
+    bool SleepInterval(TStop &stop);
 
     TThreadedTimer &owner_;
     TMainThreadCall handOver_;
     std::mutex mutex_; ///< guards the three fields below
-    std::condition_variable_any changed_;
+    std::condition_variable changed_;
     std::uint16_t interval_ = 0; ///< 0: suspended
     std::uint64_t changes_ = 0;  ///< of interval_
-    std::jthread thread_;        ///< last: it ends before anything that it uses
+    TStoppableThread thread_;    ///< last: it ends before anything that it uses
 };
 
 /// Belongs to the main thread, which alone calls it. May be destroyed at any moment, also by its

@@ -4,4 +4,4 @@
 #include <thread>
 
 /// Lets `thread` run only when no other wants to, or as every other. A refusal is no failure.
-void SetIdlePriority(std::jthread &thread, bool idle);
+void SetIdlePriority(std::thread &thread, bool idle);

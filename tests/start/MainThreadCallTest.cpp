@@ -17,16 +17,13 @@ namespace {
 struct TWorker {
     enum TOutcome { Waiting, Ran, GaveUp };
     std::atomic<TOutcome> outcome = Waiting;
-    std::jthread thread;
+    TStoppableThread thread;
 
     TWorker(TMainThreadCall &call, std::function<void()> work)
-        : thread([this, &call, work = std::move(work)](const std::stop_token &stop) {
+        : thread([this, &call, work = std::move(work)](TStop &stop) {
               outcome = call.Run(stop, work) ? Ran : GaveUp;
           }) {}
-    void GiveUp() {
-        thread.request_stop();
-        thread.join();
-    }
+    void GiveUp() { thread.End(); }
 };
 } // namespace
 
@@ -50,7 +47,7 @@ TEST(MainThreadCall, HandsOverOneAfterTheOther) {
     TMainThreadCall call;
     std::vector<int> order;
     std::atomic<bool> ended = false;
-    const std::jthread worker([&](const std::stop_token &stop) {
+    const TStoppableThread worker([&](TStop &stop) {
         for (int i = 0; i < 100; ++i)
             call.Run(stop, [&order, i] { order.push_back(i); });
         ended = true;
@@ -76,10 +73,10 @@ TEST(MainThreadCall, WorkThatWasGivenUpNeverRuns) {
 
 TEST(MainThreadCall, AStopBeforehandGivesUpAtOnce) {
     TMainThreadCall call;
-    std::stop_source stop;
-    stop.request_stop();
+    TStop stop;
+    stop.Request();
     bool ran = false;
-    EXPECT_FALSE(call.Run(stop.get_token(), [&ran] { ran = true; }));
+    EXPECT_FALSE(call.Run(stop, [&ran] { ran = true; }));
     QCoreApplication::processEvents();
     EXPECT_FALSE(ran);
 }
