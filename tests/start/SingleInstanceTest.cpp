@@ -1,9 +1,11 @@
 #include "spec/SingleInstance.h"
 
+#include "forms/Paths.h"
+#include "start/OneWindow.h"
+
 #include <future>
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -25,15 +27,6 @@ public:
     MOCK_METHOD(void, BringToForeground, (TWindowId), (override));
 };
 
-class TNothingFound : public IWindowFinder {
-public:
-    TWindowId Find(std::string_view, std::string_view) override { return 0; }
-    TWindowId OwnerOf(TWindowId) override { return 0; }
-    bool IsMinimised(TWindowId) override { return false; }
-    void ShowNormal(TWindowId) override {}
-    void BringToForeground(TWindowId) override {}
-};
-
 struct TWithoutApplication {
     bool application;
     TStart first;
@@ -43,7 +36,7 @@ struct TWithoutApplication {
 /// Runs before main, when there is no application object yet, as in the program's entry.
 const TWithoutApplication withoutApplication = [] {
     const QTemporaryDir folder;
-    TNothingFound finder;
+    TOneWindow finder;
     TSingleInstanceGuard first(folder.path(), shortWait);
     const TStart firstStart = first.Check(finder);
     TSingleInstanceGuard second(folder.path(), shortWait);
@@ -60,7 +53,11 @@ protected:
         EXPECT_CALL(finder_, Find(std::string_view("TfrmNotebook"), std::string_view("Ferrolyn ")))
             .WillOnce(Return(found));
     }
-    QString LockFile() const { return folder_.filePath("SingleInstanceProgramHMutex"); }
+    /// Whether a copy has the lock that comes up right now.
+    bool IsHeld() const {
+        TStartLock other(ToPath(folder_.filePath("SingleInstanceProgramHMutex")));
+        return other.Try() == TStartLock::TState::Busy;
+    }
 };
 } // namespace
 
@@ -68,9 +65,9 @@ TEST_F(SingleInstance, AFreeLockLetsThisCopyGoAndIsHeldUntilReleased) {
     ExpectSearch(0);
     TSingleInstanceGuard guard(folder_.path(), shortWait);
     EXPECT_EQ(guard.Check(finder_), TStart::Go);
-    EXPECT_TRUE(QFile::exists(LockFile()));
+    EXPECT_TRUE(IsHeld());
     guard.Release();
-    EXPECT_FALSE(QFile::exists(LockFile()));
+    EXPECT_FALSE(IsHeld());
     guard.Release();
 }
 
@@ -80,11 +77,11 @@ TEST_F(SingleInstance, AHeldLockEndsThisCopyWithoutASearch) {
     ASSERT_EQ(first.Check(finder_), TStart::Go);
     TSingleInstanceGuard second(folder_.path(), shortWait);
     EXPECT_EQ(second.Check(finder_), TStart::End);
-    EXPECT_TRUE(QFile::exists(LockFile())) << "the first copy's lock";
+    EXPECT_TRUE(IsHeld()) << "by the first copy";
 }
 
 TEST_F(SingleInstance, TheSecondCopyGoesOnceTheFirstHasReleased) {
-    TNothingFound nothing;
+    TOneWindow nothing;
     TSingleInstanceGuard first(folder_.path(), shortWait);
     ASSERT_EQ(first.Check(nothing), TStart::Go);
     auto second = std::async(std::launch::async,
@@ -94,21 +91,11 @@ TEST_F(SingleInstance, TheSecondCopyGoesOnceTheFirstHasReleased) {
 }
 
 TEST_F(SingleInstance, TheDestructorReleases) {
-    TNothingFound nothing;
+    TOneWindow nothing;
     for (int copy = 0; copy < 2; ++copy) {
         TSingleInstanceGuard guard(folder_.path(), shortWait);
         EXPECT_EQ(guard.Check(nothing), TStart::Go);
     }
-}
-
-TEST_F(SingleInstance, TheLockOfADeadProcessIsTaken) {
-    QFile file(LockFile());
-    ASSERT_TRUE(file.open(QFile::WriteOnly));
-    file.write("2147483647\nferrolyn\n" + QSysInfo::machineHostName().toUtf8() + "\n");
-    file.close();
-    ExpectSearch(0);
-    TSingleInstanceGuard guard(folder_.path(), shortWait);
-    EXPECT_EQ(guard.Check(finder_), TStart::Go);
 }
 
 TEST_F(SingleInstance, AFolderThatCannotBeUsedIsNoReasonNotToStart) {
@@ -125,7 +112,7 @@ TEST_F(SingleInstance, AMinimisedRunningCopyIsShown) {
     EXPECT_CALL(finder_, ShowNormal(owner));
     TSingleInstanceGuard guard(folder_.path(), shortWait);
     EXPECT_EQ(guard.Check(finder_), TStart::End);
-    EXPECT_FALSE(QFile::exists(LockFile()));
+    EXPECT_FALSE(IsHeld());
 }
 
 TEST_F(SingleInstance, ANormalRunningCopyIsBroughtToTheForeground) {
@@ -142,14 +129,6 @@ TEST_F(SingleInstance, ARunningCopyWithoutAnOwnerWindowIsLeftAlone) {
     EXPECT_CALL(finder_, OwnerOf(notebookWindow)).WillOnce(Return(0U));
     TSingleInstanceGuard guard(folder_.path(), shortWait);
     EXPECT_EQ(guard.Check(finder_), TStart::End);
-}
-
-TEST_F(SingleInstance, TheLockLiesInTheRuntimeFolder) {
-    const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
-    QFile::setPermissions(folder_.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    qputenv("XDG_RUNTIME_DIR", folder_.path().toLocal8Bit());
-    EXPECT_EQ(SingleInstanceFolder(), folder_.path());
-    before.isNull() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", before);
 }
 
 TEST(SingleInstanceEntry, WorksWithoutAnApplicationObject) {

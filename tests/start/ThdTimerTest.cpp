@@ -13,12 +13,6 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
-#ifdef __linux__
-#include <cstdlib>
-#include <filesystem>
-#include <sched.h>
-#endif
-
 namespace {
 constexpr std::uint16_t longest = 65535;
 
@@ -183,24 +177,6 @@ TEST(ThreadedTimer, KeepsTickingAtEveryPriority) {
         EXPECT_TRUE(timer.WaitForTicks(2));
     }
 }
-
-#ifdef __linux__
-namespace {
-int IdleThreads() {
-    int idle = 0;
-    for (const auto &task : std::filesystem::directory_iterator("/proc/self/task"))
-        idle += sched_getscheduler(std::atoi(task.path().filename().c_str())) == SCHED_IDLE;
-    return idle;
-}
-} // namespace
-
-TEST(ThreadedTimer, ThePriorityReachesTheThread) {
-    TThreadedTimer timer;
-    const int before = IdleThreads();
-    timer.SetPriority(QThread::IdlePriority);
-    EXPECT_EQ(IdleThreads(), before + 1);
-}
-#endif
 
 // Ends at hard moments. None of them may hang, wait for the interval, or touch freed memory.
 

@@ -1,6 +1,8 @@
 // Entry of the tests that need the toolkit: an application without a screen, in which any toolkit
 // warning is a failure.
 
+#include "support/Environment.h"
+
 #include <QApplication>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -24,7 +26,7 @@ int main(int argc, char **argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     const QTemporaryDir own; // none of the user's settings and kept changes
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, own.path());
-    qputenv("XDG_STATE_HOME", own.path().toLocal8Bit());
+    SetVariable(stateVariable, own.path().toStdString());
     qInstallMessageHandler(FailOnWarning);
     const int result = RUN_ALL_TESTS();
     qInstallMessageHandler(nullptr);

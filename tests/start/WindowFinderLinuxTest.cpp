@@ -1,7 +1,7 @@
-#include "system/WindowFinder.h"
-
+// For Linux alone: the desktop there is X11, with a server and properties of its windows.
 #include "start/WaitFor.h"
 #include "start/XServer.h"
+#include "system/WindowFinder.h"
 
 #include <cstdlib>
 #include <cstring>
