@@ -1,6 +1,7 @@
 #include "forms/Help.h"
 
 #include "forms/ProgramFile.h"
+#include "support/Environment.h"
 #include "support/FakeDialogs.h"
 #include "system/Errors.h"
 
@@ -77,7 +78,7 @@ TEST(TfrmHelp, AMissingFileIsAFileErrorWithNameAndReason) {
     } catch (const EFileError &error) {
         EXPECT_EQ(error.what(), "Cannot read '" +
                                     (ProgramDirectory() + "no-such-help.txt").toStdString() +
-                                    "': No such file or directory");
+                                    "': " + Words(TReason::NoFile));
     }
 }
 
@@ -152,17 +153,6 @@ TEST_F(FindInHelp, AgainAsksTheFirstTime) {
     Press(Qt::Key_F3);
     EXPECT_EQ(Found(), TPlaceInText(0, 3));
     EXPECT_EQ(dialogs.inputBoxes.size(), 2);
-}
-
-TEST(TfrmHelp, ShowsItsColumnsAndRowsWithoutScrolling) {
-    const QByteArray line = QByteArray(helpColumns, 'm') + '\n';
-    const TProgramFile file("help-test.txt", line.repeated(helpRows));
-    TfrmHelp help("help-test.txt");
-    help.show();
-    help.grab();
-    EXPECT_EQ(help.Memo1->horizontalScrollBar()->maximum(), 0);
-    EXPECT_EQ(help.Memo1->verticalScrollBar()->maximum(), 0);
-    EXPECT_EQ(help.Memo1->document()->size().height(), helpRows); // no line is broken
 }
 
 namespace {

@@ -1,34 +1,5 @@
 // The folders that file dialogs offer at their side.
-#include "forms/Places.h"
-
-#include "forms/Settings.h"
-
-#include <QDir>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
-
-namespace {
-class TPlacesTest : public testing::Test {
-protected:
-    TPlacesTest() {
-        KeepSetting("recentFolders", {});
-        QDir::setCurrent(Folder("current"));
-    }
-    ~TPlacesTest() override {
-        QDir::setCurrent(before_);
-        KeepSetting("recentFolders", {});
-    }
-
-    QString Folder(const QString &name) {
-        EXPECT_TRUE(QDir(folder_.path()).mkpath(name));
-        return QDir(folder_.filePath(name)).canonicalPath();
-    }
-
-private:
-    const QString before_ = QDir::currentPath();
-    QTemporaryDir folder_;
-};
-} // namespace
+#include "forms/PlacesFixture.h"
 
 TEST_F(TPlacesTest, BeginWithTheCurrentFolder) {
     EXPECT_EQ(Places(), QStringList(Folder("current")));
@@ -59,10 +30,4 @@ TEST_F(TPlacesTest, LeaveOutWhatHasGoneAndWhatIsThereAlready) {
     QDir(Folder("gone")).removeRecursively();
     RememberFolder("");
     EXPECT_EQ(Places(), QStringList({Folder("current"), Folder("a")}));
-}
-
-TEST_F(TPlacesTest, DoWithoutACurrentFolder) {
-    RememberFolder(Folder("a"));
-    QDir(QDir::currentPath()).removeRecursively();
-    EXPECT_EQ(Places(), QStringList(Folder("a")));
 }

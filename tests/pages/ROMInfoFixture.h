@@ -8,6 +8,7 @@
 #include "forms/TEmbedFm.h"
 #include "pages/PageFixture.h"
 #include "spec/ROMInfo.h"
+#include "support/Environment.h"
 
 #include <fstream>
 
@@ -114,6 +115,7 @@ protected:
     static QString Name(const std::filesystem::path &file) {
         return QString::fromStdString(file.string());
     }
+    static QString Says(TReason reason) { return QString::fromStdString(Words(reason)); }
 
     TWorkspace workspace;
     TRecovery recovery{workspace, ownState.Folder()};

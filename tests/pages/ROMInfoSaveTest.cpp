@@ -1,62 +1,12 @@
 // Saving from the page "ROM Information": the ROM image and the question before it is lost, with
 // every way in which the user backs out and the disk refuses. New spec files are saved in
-// SaveSpecTest.cpp.
-#include "pages/FullDisk.h"
-#include "pages/ROMInfoFixture.h"
-
-#include <unistd.h>
+// SaveSpecTest.cpp, what each system refuses in its own way is in SavesRefused*Test.cpp.
+#include "pages/ROMInfoSaveFixture.h"
 
 #include <gmock/gmock.h>
 
 namespace {
 namespace fs = std::filesystem;
-
-class TROMInfoSaveTest : public TROMInfoTest {
-protected:
-    void SetUp() override {
-        TROMInfoTest::SetUp();
-        rom = MakeROM("A.BIN", 7);
-        original = GetFile(rom);
-        LoadAndPlace(rom);
-    }
-    /// Changes the first fuel part throttle cell in the map alone; the bytes that a save then
-    /// writes.
-    TBytes Edit(int value = 77) {
-        Cell(*workspace.fuelMapSet.PTMap).SetValue(value);
-        TBytes bytes = original;
-        bytes[static_cast<std::size_t>(workspace.fuelMapSet.PTMap->data->offset)] =
-            static_cast<std::uint8_t>(value);
-        return bytes;
-    }
-    void Save(const fs::path &target) {
-        dialogs.saves.push_back(Name(target));
-        other->DataChanged = true;
-        page->ShowPage();
-        Button("btnSave").click();
-    }
-    /// A save that the user agreed to fails with `reason`, leaves all files as they were, and the
-    /// next one to another name works.
-    void ExpectFailure(const fs::path &target, const QString &reason) {
-        const TBytes expected = Edit();
-        EXPECT_NO_THROW(Save(target));
-        EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '" + Name(target) + "': " + reason});
-        EXPECT_EQ(GetFile(rom), original);
-        EXPECT_EQ(page->ROMFileName(), rom);
-        EXPECT_EQ(Caption(), "Ferrolyn - " + Name(rom));
-        EXPECT_TRUE(Image().modified);
-        ExpectNextSaveWorks(expected);
-    }
-    void ExpectNextSaveWorks(const TBytes &expected) {
-        dialogs.messages.clear();
-        Save(folder / "NEXT.BIN");
-        EXPECT_EQ(dialogs.messages, QStringList());
-        EXPECT_EQ(GetFile(folder / "NEXT.BIN"), expected);
-        EXPECT_EQ(page->ROMFileName(), folder / "NEXT.BIN");
-    }
-
-    fs::path rom;
-    TBytes original;
-};
 
 TEST_F(TROMInfoSaveTest, TheDialogIsPrepared) {
     Save("");
@@ -234,7 +184,7 @@ TEST_F(TROMInfoSaveTest, YesAfterCancelEndsInTheFileErrorAndLosesNothing) {
     Edit(78);
     dialogs.answers = {TAnswer::Yes};
     Save("");
-    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '': No such file or directory"});
+    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '': " + Says(TReason::NoName)});
     EXPECT_EQ(GetFile(folder / "B.BIN"), first);
     EXPECT_EQ(GetFile(rom), original);
     EXPECT_EQ(page->ROMFileName(), folder / "B.BIN");
@@ -273,7 +223,7 @@ TEST_F(TROMInfoSaveTest, AFileErrorStopsTheLoadThatAsked) {
     dialogs.saves = {Name(folder / "missing/B.BIN")};
     Button("btnLoad").click();
     EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '" + Name(folder / "missing/B.BIN") +
-                                            "': No such file or directory"});
+                                            "': " + Says(TReason::NoFolder)});
     EXPECT_EQ(dialogs.openDialogs.size(), 1) << "only the first load asked for a file";
 }
 
@@ -290,40 +240,13 @@ TEST_F(TROMInfoSaveTest, WithoutAROMFileAnEmptyFileIsWritten) {
 TEST_F(TROMInfoSaveTest, AFolderAsTarget) {
     fs::create_directory(folder / "B.BIN");
     dialogs.answers = {TAnswer::Yes};
-    ExpectFailure(folder / "B.BIN", "Is a directory");
+    ExpectFailure(folder / "B.BIN", Says(TReason::FolderToWrite));
     EXPECT_TRUE(fs::is_empty(folder / "B.BIN"));
 }
 
 TEST_F(TROMInfoSaveTest, AMissingFolder) {
-    ExpectFailure(folder / "missing" / "B.BIN", "No such file or directory");
+    ExpectFailure(folder / "missing" / "B.BIN", Says(TReason::NoFolder));
     EXPECT_FALSE(fs::exists(folder / "missing"));
-}
-
-TEST_F(TROMInfoSaveTest, AFullDiskLeavesTheOldFile) {
-    const fs::path target = folder / "B.BIN";
-    PutFile(target, TBytes(10, 9));
-    const TBytes expected = Edit();
-    dialogs.answers = {TAnswer::Yes};
-    {
-        const TFullDisk full(0x4000);
-        Save(target);
-    }
-    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '" + Name(target) + "': File too large"});
-    EXPECT_EQ(GetFile(target), TBytes(10, 9));
-    EXPECT_EQ(GetFile(rom), original);
-    EXPECT_THAT(folder.Names(), testing::UnorderedElementsAre("A.BIN", "B.BIN", "DIRECT.SPC"));
-    ExpectNextSaveWorks(expected);
-}
-
-TEST_F(TROMInfoSaveTest, AFullDiskLeavesNoHalfOfANewFile) {
-    Edit();
-    {
-        const TFullDisk full(0x4000);
-        Save(folder / "B.BIN");
-    }
-    EXPECT_EQ(dialogs.messages.size(), 1);
-    EXPECT_THAT(folder.Names(), testing::UnorderedElementsAre("A.BIN", "DIRECT.SPC"));
-    EXPECT_EQ(page->ROMFileName(), rom);
 }
 
 TEST_F(TROMInfoSaveTest, TheROMFileMayGoBetweenLoadAndSave) {
@@ -333,78 +256,5 @@ TEST_F(TROMInfoSaveTest, TheROMFileMayGoBetweenLoadAndSave) {
     EXPECT_TRUE(dialogs.messages.empty());
     EXPECT_EQ(GetFile(folder / "B.BIN"), expected);
     EXPECT_EQ(Caption(), "Ferrolyn - " + Name(folder / "B.BIN"));
-}
-
-/// Runs in a process of its own that has no rights but everybody's.
-class TROMInfoRightsDeathTest : public TROMInfoSaveTest {
-protected:
-    using TPerms = fs::perms;
-
-    void SetUp() override {
-        TROMInfoSaveTest::SetUp();
-        fs::permissions(folder.Path(), TPerms(0755));
-        closed = folder / "closed";
-        fs::create_directory(closed);
-    }
-    void TearDown() override { fs::permissions(closed, TPerms(0755)); }
-
-    /// Ends the process: with 0 when `work` met no failure.
-    template <class Work>
-    [[noreturn]] void WithoutRights(Work work) {
-        if (geteuid() == 0 && setuid(65534) != 0)
-            _exit(2);
-        work();
-        _exit(HasFailure() ? 1 : 0);
-    }
-
-    fs::path closed;
-};
-
-TEST_F(TROMInfoRightsDeathTest, ANewFileInAFolderWithoutWritePermission) {
-    fs::permissions(closed, TPerms(0555));
-    fs::permissions(folder.Path(), TPerms(0777)); // where the next save goes
-    EXPECT_EXIT(WithoutRights([&] { ExpectFailure(closed / "B.BIN", "Permission denied"); }),
-                testing::ExitedWithCode(0), "");
-    EXPECT_TRUE(fs::is_empty(closed));
-}
-
-TEST_F(TROMInfoRightsDeathTest, AFileThatMayNotBeWritten) {
-    const fs::path target = closed / "B.BIN";
-    PutFile(target, TBytes(10, 9));
-    fs::permissions(target, TPerms(0444));
-    fs::permissions(closed, TPerms(0555));
-    fs::permissions(folder.Path(), TPerms(0777));
-    dialogs.answers = {TAnswer::Yes};
-    EXPECT_EXIT(WithoutRights([&] { ExpectFailure(target, "Permission denied"); }),
-                testing::ExitedWithCode(0), "");
-    EXPECT_EQ(GetFile(target), TBytes(10, 9));
-}
-
-TEST_F(TROMInfoRightsDeathTest, AWritableFileInAFolderWithoutWritePermissionIsWrittenInPlace) {
-    const fs::path target = closed / "B.BIN";
-    PutFile(target, TBytes(10, 9));
-    fs::permissions(target, TPerms(0666));
-    fs::permissions(closed, TPerms(0555));
-    const TBytes expected = Edit();
-    dialogs.answers = {TAnswer::Yes};
-    EXPECT_EXIT(WithoutRights([&] {
-                    Save(target);
-                    EXPECT_TRUE(dialogs.messages.empty());
-                    EXPECT_EQ(page->ROMFileName(), target);
-                }),
-                testing::ExitedWithCode(0), "");
-    EXPECT_EQ(GetFile(target), expected);
-}
-
-TEST_F(TROMInfoRightsDeathTest, AROMFileThatMayNotBeRead) {
-    fs::permissions(rom, TPerms(0));
-    EXPECT_EXIT(WithoutRights([&] {
-                    Load(rom);
-                    EXPECT_EQ(dialogs.messages,
-                              QStringList{"Cannot read '" + Name(rom) + "': Permission denied"});
-                    EXPECT_EQ(Image().Peek(0x7000), 7);
-                    EXPECT_EQ(Caption(), "Ferrolyn - " + Name(rom));
-                }),
-                testing::ExitedWithCode(0), "");
 }
 } // namespace

@@ -134,8 +134,8 @@ TEST_F(TROMInfoTest, TheLargestFileIsTaken) {
 TEST_F(TROMInfoTest, AFolderUnderTheNameOfAFileIsAnError) {
     fs::create_directory(folder / "F.BIN");
     Load(folder / "F.BIN");
-    EXPECT_EQ(dialogs.messages,
-              QStringList{"Cannot read '" + Name(folder / "F.BIN") + "': Is a directory"});
+    EXPECT_EQ(dialogs.messages, QStringList{"Cannot read '" + Name(folder / "F.BIN") +
+                                            "': " + Says(TReason::FolderToRead)});
     EXPECT_EQ(EnabledButtons(), "l");
     EXPECT_EQ(Caption(), "");
 }

@@ -1,34 +1,11 @@
 // "Save Spec" on the page "ROM Information": what is written, and how the user or the disk prevents
 // it.
-#include "pages/FullDisk.h"
-#include "pages/ROMInfoFixture.h"
+#include "pages/SaveSpecFixture.h"
 
 #include <gmock/gmock.h>
 
 namespace {
 namespace fs = std::filesystem;
-
-class TSaveSpecTest : public TROMInfoTest {
-protected:
-    void SetUp() override {
-        TROMInfoTest::SetUp();
-        rom = MakeROM("A.BIN");
-        LoadAndPlace(rom);
-    }
-    void SaveSpec(const fs::path &target) {
-        dialogs.saves.push_back(Name(target));
-        Button("btnSaveSpec").click();
-    }
-    std::string Text(const fs::path &file) {
-        const TBytes bytes = GetFile(file);
-        return {bytes.begin(), bytes.end()};
-    }
-
-    fs::path rom;
-    const std::string rest = "[Fuel Maps]\npt_offset=$1000\nidle_offset=$1200\nwot_offset=$1300\n"
-                             "[Timing Maps]\npt_offset=$2000\nidle_offset=$2200\nwot_offset=$2300\n"
-                             "[Other Maps]\nrevlimit_offset=$0040\n";
-};
 
 TEST_F(TSaveSpecTest, ANewFileRecordsAllPlacesUnderTheDefaultLabel) {
     dialogs.inputs = {QString()};
@@ -99,7 +76,7 @@ TEST_F(TSaveSpecTest, AFileThatCannotBeCreatedIsToldBeforeTheLabelIsAskedFor) {
     const fs::path target = folder / "missing" / "NEW.SPC";
     SaveSpec(target);
     EXPECT_EQ(dialogs.messages,
-              QStringList{"Cannot write '" + Name(target) + "': No such file or directory"});
+              QStringList{"Cannot write '" + Name(target) + "': " + Says(TReason::NoFolder)});
     EXPECT_TRUE(dialogs.inputBoxes.empty());
     EXPECT_FALSE(fs::exists(folder / "missing"));
 }
@@ -109,21 +86,9 @@ TEST_F(TSaveSpecTest, AFolderAsTargetIsAnError) {
     dialogs.answers = {TAnswer::Yes};
     dialogs.inputs = {QString()};
     SaveSpec(folder / "NEW.SPC");
-    EXPECT_EQ(dialogs.messages,
-              QStringList{"Cannot write '" + Name(folder / "NEW.SPC") + "': Is a directory"});
+    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '" + Name(folder / "NEW.SPC") +
+                                            "': " + Says(TReason::FolderToWrite)});
     EXPECT_TRUE(fs::is_empty(folder / "NEW.SPC"));
-}
-
-TEST_F(TSaveSpecTest, AFullDiskLeavesTheOldSpec) {
-    const fs::path target = MakeText("OLD.SPC", "; Old\n");
-    dialogs.answers = {TAnswer::Yes};
-    dialogs.inputs = {QString()};
-    {
-        const TFullDisk full(16);
-        SaveSpec(target);
-    }
-    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '" + Name(target) + "': File too large"});
-    EXPECT_EQ(Text(target), "; Old\n");
 }
 
 TEST_F(TSaveSpecTest, OneDialogServesBothAndOffersItsNameToItsOwnKind) {
@@ -136,7 +101,7 @@ TEST_F(TSaveSpecTest, OneDialogServesBothAndOffersItsNameToItsOwnKind) {
     EXPECT_EQ(dialogs.saveDialogs.back(), "Save ROM Spec File|Spec Files (*.SPC)|*.SPC|.SPC|")
         << "no image's name";
     EXPECT_EQ(dialogs.questions, QStringList{overwrite});
-    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '': No such file or directory"});
+    EXPECT_EQ(dialogs.messages, QStringList{"Cannot write '': " + Says(TReason::NoName)});
     EXPECT_EQ(GetFile(folder / "B.BIN"), GetFile(rom));
 }
 
