@@ -5,6 +5,7 @@
 // Memory is told by the system's allocator, of which the address sanitizer's build knows nothing;
 // there the leak check at the end stands for it.
 #include "DialogScript.h"
+#include "ProcessUse.h"
 #include "Session.h"
 #include "filedisplay/FileDisplay.h"
 #include "filedisplay/filedisplaykey.h"
@@ -16,11 +17,8 @@
 #include "spec/offsetentry.h"
 
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
-#include <malloc.h>
 #include <string>
-#include <unistd.h>
 
 #include <QCheckBox>
 #include <QPixmapCache>
@@ -46,28 +44,6 @@ constexpr bool sanitized = false;
 int Rounds() {
     const char *wanted = std::getenv("FERROLYN_ROUNDS");
     return wanted ? std::stoi(wanted) : quickRounds;
-}
-
-/// What the process holds.
-struct TUse {
-    std::size_t heap;     ///< KiB in use
-    std::size_t resident; ///< KiB in memory, what the allocator keeps for later included
-    int files;            ///< open
-    int threads;
-};
-
-TUse Use() {
-    const struct mallinfo2 heap = mallinfo2();
-    TUse use{(heap.uordblks + heap.hblkhd) / 1024, 0, 0, 0}; // small blocks and large ones
-    std::size_t pages = 0;
-    std::ifstream("/proc/self/statm") >> pages >> pages; // the second number
-    use.resident = pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) / 1024;
-    for ([[maybe_unused]] const auto &entry : std::filesystem::directory_iterator("/proc/self/fd"))
-        ++use.files;
-    for ([[maybe_unused]] const auto &entry :
-         std::filesystem::directory_iterator("/proc/self/task"))
-        ++use.threads;
-    return use;
 }
 
 TUse Report(int round) {

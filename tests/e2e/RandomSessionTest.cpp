@@ -2,8 +2,10 @@
 // limiter, tab changes and saves in any order, against a plain model of what each leaves behind.
 #include "PlainModel.h"
 #include "Session.h"
+#include "system/Sha256.h"
 
 #include <cmath>
+#include <map>
 #include <random>
 
 namespace {
@@ -30,6 +32,8 @@ public:
         }
         Save();
     }
+    /// Of all that was saved, in order.
+    const std::string &Digests() const { return digests_; }
 
 private:
     int Below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
@@ -202,7 +206,9 @@ private:
             plain_[0].Write(image_);
             Put(image_, revPlace, rev_);
             plain_[1].Write(image_);
-            EXPECT_EQ(Differences(image_, session_.Read(name)), "");
+            const TBytes saved = session_.Read(name);
+            EXPECT_EQ(Differences(image_, saved), "");
+            digests_ += Sha256(saved);
         }
         Enter(Below(2));
     }
@@ -224,15 +230,34 @@ private:
     int revShown_ = 0;
     bool revChanged_ = false;
     int saves_ = 0;
+    std::string digests_;
 };
 
+/// What every system saves in all sittings: the digest of their digests.
+constexpr const char *savedEverywhere = "";
+
+constexpr std::size_t sittings = 200;
+
 /// Ten seeds each, so that one case stays short.
-class TRandomSessionTest : public testing::TestWithParam<unsigned> {};
+class TRandomSessionTest : public testing::TestWithParam<unsigned> {
+protected:
+    static void TearDownTestSuite() {
+        if (digests.size() < sittings)
+            return; // only some of the cases were asked for
+        TBytes all;
+        for (const auto &[seed, some] : digests)
+            all.insert(all.end(), some.begin(), some.end());
+        EXPECT_EQ(Sha256(all), savedEverywhere);
+    }
+    inline static std::map<unsigned, std::string> digests; ///< by seed
+};
 
 TEST_P(TRandomSessionTest, LeavesTheExpectedBytes) {
     for (unsigned seed = GetParam(); seed < GetParam() + 10 && !HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
-        TRandomSession(seed).Run();
+        TRandomSession session(seed);
+        session.Run();
+        digests[seed] = session.Digests();
     }
 }
 INSTANTIATE_TEST_SUITE_P(Seeds, TRandomSessionTest, testing::Range(1000U, 1200U, 10U));
