@@ -8,6 +8,7 @@
 #             finder: they start an X server, and clang 14's thread sanitizer does not survive the toolkit's way of starting a
 #             process; they have one thread alone
 #     includes  clang++ build of src/, each source by itself, which finds an include that is missing
+#     windows the program for Windows, cross-compiled, and every test of it that Wine can run (tools/windows.sh test; not part of all)
 #     tidy    clang-tidy over src/ and tools/ (slow, not part of all)
 #     default style tests
 #     all     style includes asan tsan tests; the tests last, so that their summary ends the output
@@ -37,6 +38,7 @@ run_check() {
         includes) build tidy ferrolyn ferrolyn-cli ;;
         asan) build_and_test asan ;;
         tsan) build_and_test tsan test_start test_system test_changes test_jobs ;;
+        windows) "$top/tools/windows.sh" test ;;
         tidy) tidy ;;
     esac
 }
@@ -54,7 +56,7 @@ for name in "${@:-default}"; do
     case $name in
         default) checks+=(style tests) ;;
         all) checks+=(style includes asan tsan tests) ;;
-        style | includes | tests | asan | tsan | tidy) checks+=("$name") ;;
+        style | includes | tests | asan | tsan | windows | tidy) checks+=("$name") ;;
         *) refuse "there is no check '$name'" ;;
     esac
 done
@@ -64,6 +66,7 @@ for name in "${checks[@]}"; do
         tests) sections+=(build test) ;;
         includes) sections+=(build clang) ;;
         asan | tsan) sections+=(build test clang) ;;
+        windows) ;; # its script knows them
         tidy) sections+=(build test clang tidy) ;;
     esac
 done

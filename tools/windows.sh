@@ -2,6 +2,7 @@
 # Builds the program for Windows, on Debian, with a cross compiler, and tries it under Wine.
 #   tools/windows.sh [build]    ferrolyn.exe and ferrolyn-cli.exe in build/windows/
 #   tools/windows.sh package    that, and the archive and the installer in build/windows/packages/
+#   tools/windows.sh test       all of that, and tries it under Wine: every test, the worked examples, the packages
 # Qt is built from its Debian source package once, which takes most of an hour, and kept in a cache beside the user's others;
 # FERROLYN_WINDOWS_CACHE names another folder. What of Qt is left out, and why, is in windows/qt.features.
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
@@ -47,7 +48,7 @@ provide_qt() {
         cmake -G Ninja -S "$work/package/source" -B "$work/build" -DCMAKE_TOOLCHAIN_FILE="$top/tools/windows/toolchain.cmake" \
             -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$FERROLYN_WINDOWS_QT" -DQT_HOST_PATH=/usr \
             -DQT_HOST_PATH_CMAKE_DIR="$FERROLYN_HOST_CMAKE" -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF "${options[@]}" &&
-            cmake --build "$work/build" --parallel "$jobs" && cmake --install "$work/build"
+            cmake --build "$work/build" --parallel "$jobs" && cmake --install "$work/build" --strip
     } >>"$log" 2>&1 || { tail -n 30 "$log" >&2; return 1; }
     cp -r "$work/package/source/LICENSES" "$FERROLYN_WINDOWS_QT/"
     rm -rf "$work"
@@ -55,20 +56,38 @@ provide_qt() {
     say "built Qt in $(((SECONDS - started) / 60)) min"
 }
 
-"$top/tools/packages.sh" build windows
+make_packages() {
+    step "making the archive and the installer"
+    rm -rf "$top/build/windows/packages"
+    cpack --config "$top/build/windows/CPackConfig.cmake" -B "$top/build/windows/packages" >"$top/build/windows.log" 2>&1 || {
+        cat "$top/build/windows.log" >&2
+        return 1
+    }
+    ls -l "$top"/build/windows/packages/ferrolyn-*
+}
+
+# On a screen of its own, and with mounts of its own, for which a user without rights gets a name space.
+try() {
+    local own=(--mount)
+    [ "$(id -u)" -eq 0 ] || own+=(--map-root-user)
+    WINEPREFIX=$top/build/windows/wine wineserver -w # one that the build has left has not these mounts
+    SCREEN=2560x2048 unshare "${own[@]}" "$top/tools/xvfb.sh" "$top/tools/windows/try.sh"
+}
+
+what=${1:-build}
+sections=(build windows)
+case $what in
+    build | package) ;;
+    test) sections+=(screen) ;;
+    *) refuse "there is no '$what'" ;;
+esac
+"$top/tools/packages.sh" "${sections[@]}"
 export FERROLYN_HOST_CMAKE=/usr/lib/$(gcc -print-multiarch)/cmake
 provide_qt
-case ${1:-build} in
-    build) build windows ;;
-    package)
-        build windows
-        step "making the archive and the installer"
-        rm -rf "$top/build/windows/packages"
-        cpack --config "$top/build/windows/CPackConfig.cmake" -B "$top/build/windows/packages" >"$top/build/windows.log" 2>&1 || {
-            cat "$top/build/windows.log" >&2
-            exit 1
-        }
-        ls -l "$top"/build/windows/packages/ferrolyn-*
-        ;;
-    *) refuse "there is no '$1'" ;;
-esac
+build windows
+[ "$what" = build ] || make_packages
+if [ "$what" = test ]; then
+    build windows ferrolyn_screens
+    build release ferrolyn-cli # what both systems do must be the same
+    try
+fi

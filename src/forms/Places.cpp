@@ -8,9 +8,10 @@
 namespace {
 constexpr auto foldersName = "recentFolders";
 
-/// As Translations.h has it: the program is installed in lib/ferrolyn.
-QString SamplesFolder() {
-    return ProgramDirectory() + "../../share/ferrolyn/samples";
+/// As Translations.h has it: the program is installed in lib/ferrolyn, or with everything beside
+/// it.
+QStringList SamplesFolders() {
+    return {ProgramDirectory() + "../../share/ferrolyn/samples", ProgramDirectory() + "samples"};
 }
 
 QStringList RememberedFolders() {
@@ -21,7 +22,7 @@ QStringList RememberedFolders() {
 QStringList Places() {
     QStringList places;
     for (const QString &folder :
-         QStringList{QDir::currentPath(), SamplesFolder()} + RememberedFolders()) {
+         QStringList(QDir::currentPath()) + SamplesFolders() + RememberedFolders()) {
         const QString place = QDir(folder).canonicalPath(); // empty when it has gone
         if (!folder.isEmpty() && !place.isEmpty() && !places.contains(place))
             places << place;

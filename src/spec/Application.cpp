@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLocale>
+#include <QPalette>
 
 namespace {
 QIcon ProgramIcon() {
@@ -17,6 +18,19 @@ QIcon ProgramIcon() {
     for (const int size : {16, 32, 48, 64, 128})
         icon.addFile(QString(":/icons/ferrolyn-%1.png").arg(size), {size, size});
     return icon;
+}
+
+/// The style of Windows has no dark look; the toolkit's own one has. There the toolkit would fill
+/// the buttons of choices with a colour, as if all were chosen.
+void UseDarkStyle() {
+    const QPalette palette = QApplication::palette();
+    const bool dark = palette.color(QPalette::Window).lightness() <
+                      palette.color(QPalette::WindowText).lightness();
+    if (!dark || QApplication::style()->name() != "windowsvista")
+        return;
+    QApplication::setStyle("fusion");
+    for (const char *choice : {"QCheckBox", "QRadioButton"})
+        QApplication::setPalette(palette, choice);
 }
 
 void UseOutlines() {
@@ -38,6 +52,7 @@ void SetUpApplication() {
     QCoreApplication::setApplicationVersion(FERROLYN_VERSION);
     QGuiApplication::setDesktopFileName("org.ferrolyn.Ferrolyn");
     QGuiApplication::setWindowIcon(ProgramIcon());
+    UseDarkStyle();
     UseOutlines();
     QuitAtOnceWithTheLastWindow();
     InstallTranslations(QLocale(), TranslationFolders());

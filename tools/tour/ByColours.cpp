@@ -81,7 +81,7 @@ QWidget *TopLevel(const QString &name) {
 void ByColours(const TRoad &road) {
     TDriver &driver = road.driver;
     TfrmNotebook &window = road.window;
-    const QString source = road.roms.absoluteFilePath("FERRO64K.BIN");
+    const QString source = road.File("FERRO64K.BIN");
 
     TDriver::Step("load " + source);
     driver.ClickAndChooseFile(driver.Find<QPushButton>("btnLoad"), source);
@@ -126,7 +126,7 @@ void ByColours(const TRoad &road) {
     TDriver::Step("save their places");
     driver.SelectTab("ROM Information");
     driver.ClickAndSaveSpec(driver.Find<QPushButton>("btnSaveSpec", window.GetPage(0)),
-                            road.roms.absoluteFilePath("FOUND.SPC"), "Found by myself");
+                            road.File("FOUND.SPC"), "Found by myself");
 
     TDriver::Step("load the image again with them");
     driver.ClickAndChooseFile(driver.Find<QPushButton>("btnLoad"), source);

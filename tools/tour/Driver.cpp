@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -129,7 +130,7 @@ void TDriver::ConfirmFile(QDialog &dialog, const QString &fileName) {
     // While the folder is still being read the dialog goes back to the file that it knew before.
     const bool typed = QTest::qWaitFor(
         [&] {
-            if (fileDialog.selectedFiles() == QStringList(fileName))
+            if (fileDialog.selectedFiles() == QStringList(QDir::fromNativeSeparators(fileName)))
                 return true;
             edit.selectAll();
             QTest::keyClicks(&edit, QFileInfo(fileName).fileName());

@@ -60,8 +60,8 @@ void TypeIntoCell(TStringAlignGrid &grid, const QString &text) {
 void FirstChange(const TRoad &road) {
     TDriver &driver = road.driver;
     TfrmNotebook &window = road.window;
-    const QString source = road.roms.absoluteFilePath("FERRO32K.BIN");
-    const QString target = road.roms.absoluteFilePath("EDITED.BIN");
+    const QString source = road.File("FERRO32K.BIN");
+    const QString target = road.File("EDITED.BIN");
 
     TDriver::Step("load " + source);
     driver.ClickAndChooseFile(driver.Find<QPushButton>("btnLoad"), source);

@@ -63,7 +63,7 @@ void TPictures::Log(QWidget &main, const QString &name, const QImage &picture) {
     QString text = QString("%1.png %2 x %3\n").arg(name).arg(picture.width()).arg(picture.height());
     for (const QWidget *window : ShownWindows(main))
         text += Describe(*window);
-    text.replace(roms_.absolutePath(), "ROMS");
+    text.replace(QDir::toNativeSeparators(roms_.absolutePath()), "ROMS");
     QFile log(folder_.filePath("log.txt"));
     TDriver::Expect(log.open(QIODevice::Append) && log.write((text + '\n').toUtf8()) > 0,
                     log.fileName() + " can be written");

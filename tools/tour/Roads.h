@@ -13,6 +13,10 @@ struct TRoad {
     TPictures &pictures;
     QDir roms; ///< holds the samples; the roads write here
 
+    /// The name of a file there, as the system writes names.
+    QString File(const QString &name) const {
+        return QDir::toNativeSeparators(roms.absoluteFilePath(name));
+    }
     void Picture(const QString &name) const { pictures.Take(window, name); }
 };
 

@@ -28,7 +28,7 @@ void DrawFirst(QTreeWidget &list) {
 void UnknownImage(const TRoad &road) {
     TDriver &driver = road.driver;
     TfrmNotebook &window = road.window;
-    const QString source = road.roms.absoluteFilePath("FERRO64K.BIN");
+    const QString source = road.File("FERRO64K.BIN");
     const int before = TDriver::Clicks();
 
     TDriver::Step("load " + source);
@@ -46,8 +46,8 @@ void UnknownImage(const TRoad &road) {
     driver.Click(driver.Find<QPushButton>("btnGiveSix", page));
 
     TDriver::Step("save their places");
-    driver.ClickAndSaveSpec(driver.Find<QPushButton>("btnSaveFound", page),
-                            road.roms.absoluteFilePath("FOUND.SPC"), "Found by myself");
+    driver.ClickAndSaveSpec(driver.Find<QPushButton>("btnSaveFound", page), road.File("FOUND.SPC"),
+                            "Found by myself");
     const int clicks = TDriver::Clicks() - before;
     TDriver::Step(QString("%1 clicks up to here").arg(clicks));
     TDriver::Expect(clicks <= mostClicks, "so few clicks do");
