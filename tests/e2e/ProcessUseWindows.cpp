@@ -2,9 +2,13 @@
 
 #include <array>
 #include <cstdint>
+
+// The others want the first one's types.
+// clang-format off
+#include <windows.h>
 #include <psapi.h>
 #include <tlhelp32.h>
-#include <windows.h>
+// clang-format on
 
 namespace {
 std::size_t UsedOf(HANDLE heap) {

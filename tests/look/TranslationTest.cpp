@@ -150,7 +150,7 @@ std::vector<std::pair<std::string, std::string>> Sources() {
         if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h")
             continue;
         const auto bytes = GetFile(entry.path());
-        sources.emplace_back(entry.path(), WithoutComments({bytes.begin(), bytes.end()}));
+        sources.emplace_back(entry.path().string(), WithoutComments({bytes.begin(), bytes.end()}));
     }
     EXPECT_GT(sources.size(), 100U);
     return sources;

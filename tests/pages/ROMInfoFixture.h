@@ -42,7 +42,7 @@ protected:
         return file;
     }
     std::filesystem::path MakeText(const std::string &name, const std::string &text) {
-        std::ofstream(folder / name) << text;
+        std::ofstream(folder / name, std::ios::binary) << text;
         return folder / name;
     }
     /// A spec file in the direct form for the planted maps, and lines behind it.

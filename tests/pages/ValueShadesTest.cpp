@@ -69,10 +69,10 @@ TEST_F(TValueShadesTest, AreInTheMiddleWhereAllValuesAreEqual) {
 
 TEST_F(TValueShadesTest, ArePaintedAndKeepAnEditInSight) {
     Choose("actShades");
-    Grid("grdPTMap").SetCurrent(4, 1);
+    Grid("grdPTMap").SetCurrent(1, 3);
     EXPECT_EQ(Painted(1, 1, {4, 4}), Color(ValueColor(0)));
     Type("grdPTMap", 2, 2, "99");
-    Grid("grdPTMap").SetCurrent(4, 1);
+    Grid("grdPTMap").SetCurrent(1, 3);
     EXPECT_EQ(Painted(2, 2, {1, 1}), Color(ValueColor(1))) << "around it";
     EXPECT_EQ(Painted(2, 2, {4, 4}), Color(clWindow)) << "behind the text";
 }

@@ -43,11 +43,11 @@ protected:
         PutFile(folder / name, Get(0, Image().size));
         Image().data.fill(0);
         Image().size = 0;
-        return QString::fromStdString((folder / name).string());
+        return QString::fromStdString((folder / name).make_preferred().string());
     }
     void MakeSpec(const std::string &name) {
         std::filesystem::create_directories((folder / name).parent_path());
-        std::ofstream(folder / name)
+        std::ofstream(folder / name, std::ios::binary)
             << "; Direct\n[Fuel Maps]\npt_offset=$1000\nidle_offset=$1200\nwot_offset=$1300\n"
                "[Timing Maps]\npt_offset=$2000\nidle_offset=$2200\nwot_offset=$2300\n"
                "[Other Maps]\nrevlimit_offset=$40\n";

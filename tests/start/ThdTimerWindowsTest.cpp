@@ -1,10 +1,13 @@
 // For Windows alone: the priority of a thread is looked up as Windows tells it.
 #include "spec/ThdTimer.h"
 
-#include <tlhelp32.h>
-#include <windows.h>
-
 #include <gtest/gtest.h>
+
+// The second wants the first one's types.
+// clang-format off
+#include <windows.h>
+#include <tlhelp32.h>
+// clang-format on
 
 namespace {
 bool IsIdle(DWORD thread) {
