@@ -26,7 +26,7 @@ packages_of() {
         # The second compiler and its sanitizers.
         clang) echo clang libclang-rt-14-dev ;;
         # The cross compiler for Windows with what builds Qt for it, and what makes and tries the packages.
-        windows) echo g++-mingw-w64-x86-64-posix dpkg-dev xz-utils nsis wine64 googletest $(packages_of screen) ;;
+        windows) echo g++-mingw-w64-x86-64-posix dpkg-dev xz-utils nsis wine64 googletest unzip imagemagick $(packages_of screen) ;;
         style) echo clang-format ;;
         tidy) echo clang-tidy ;;
         *) say "there is no section '$1'" >&2; return 2 ;;

@@ -70,7 +70,7 @@ make_packages() {
 try() {
     local own=(--mount)
     [ "$(id -u)" -eq 0 ] || own+=(--map-root-user)
-    WINEPREFIX=$top/build/windows/wine wineserver -w # one that the build has left has not these mounts
+    WINEPREFIX=$top/build/windows/wine /usr/lib/wine/wineserver -w # one that the build has left has not these mounts
     SCREEN=2560x2048 unshare "${own[@]}" "$top/tools/xvfb.sh" "$top/tools/windows/try.sh"
 }
 

@@ -1,7 +1,6 @@
-// For Linux alone: without a screen, the toolkit knows a font of fixed pitch only where the desktop's
-// fonts are looked up by name.
+// For Linux alone: without a screen, the toolkit knows a font of fixed pitch only where the
+// desktop's fonts are looked up by name.
 #include "forms/Help.h"
-
 #include "forms/ProgramFile.h"
 
 #include <QPlainTextEdit>

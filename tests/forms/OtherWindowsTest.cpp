@@ -1,6 +1,5 @@
 // F6 on its round from the pages to the tool windows and back.
 #include "forms/OtherWindows.h"
-
 #include "forms/TabOrder.h"
 
 #include <array>

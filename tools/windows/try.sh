@@ -7,6 +7,11 @@ windows=$top/build/windows
 wine=$windows/wine.sh
 pictures=$windows/pictures
 
+# One server for all programs, which ends with this script; else each program would start one anew.
+export WINEPREFIX=$windows/wine
+/usr/lib/wine/wineserver64 --persistent
+trap '/usr/lib/wine/wineserver64 --kill; finish' EXIT
+
 # A full disk for the tests of saving: 64 KiB.
 full=$windows/full
 mkdir -p "$full" "$pictures"
