@@ -2,6 +2,7 @@
 # PREFIX.Suite each. A process per suite, not per case, because starting the toolkit takes longer than most cases. Suites of many
 # cases come first, so that none is left alone at the end.
 #   cmake -D COMMAND=[emulator;]program -D NAME=... -D PREFIX=... -D FILE=... -P TestSuites.cmake
+cmake_minimum_required(VERSION 3.25) # the program may be the only word of the command
 list(REMOVE_ITEM COMMAND "") # no emulator
 execute_process(COMMAND ${COMMAND} --gtest_list_tests OUTPUT_VARIABLE listed COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE "\r" "" listed "${listed}")

@@ -1,5 +1,6 @@
 #include "changes/Exported.h"
 
+#include "system/PathText.h"
 #include "system/Sha256.h"
 #include "system/Texts.h"
 
@@ -8,6 +9,6 @@ TPatch ExportedPatch(const TExported &exported) {
     const auto after = exported.after.Bytes();
     if (before.size() != after.size())
         throw EPatchError(Translated("Exported", "A patch needs two images of the same length"));
-    return MakePatch(std::filesystem::path(exported.nameBefore).filename().string(), Sha256(before),
-                     before, after);
+    return MakePatch(PathText(ToPath(exported.nameBefore).filename()), Sha256(before), before,
+                     after);
 }

@@ -4,7 +4,7 @@
 #include "cli/Images.h"
 #include "cli/Json.h"
 #include "cli/ManyImages.h"
-#include "cli/Paths.h"
+#include "system/PathText.h"
 
 #include <memory>
 

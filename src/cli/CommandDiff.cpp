@@ -4,8 +4,8 @@
 #include "cli/Commands.h"
 #include "cli/Images.h"
 #include "cli/Output.h"
-#include "cli/Paths.h"
 #include "cli/WrongUse.h"
+#include "system/PathText.h"
 
 #include <memory>
 

@@ -6,9 +6,9 @@
 #include "cli/MapNames.h"
 #include "cli/NewSpec.h"
 #include "cli/Output.h"
-#include "cli/Paths.h"
 #include "cli/WrongUse.h"
 #include "discovery/NotebookMaps.h"
+#include "system/PathText.h"
 #include "system/SafeFile.h"
 
 #include <algorithm>

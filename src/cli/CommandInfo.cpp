@@ -4,10 +4,10 @@
 #include "cli/Images.h"
 #include "cli/Json.h"
 #include "cli/Output.h"
-#include "cli/Paths.h"
 #include "cli/WrongUse.h"
 #include "spec/SpecFile.h"
 #include "system/Errors.h"
+#include "system/PathText.h"
 #include "system/Sha256.h"
 
 #include <algorithm>

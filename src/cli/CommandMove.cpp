@@ -5,10 +5,10 @@
 #include "cli/MovedView.h"
 #include "cli/NewSpec.h"
 #include "cli/Output.h"
-#include "cli/Paths.h"
 #include "cli/WrongUse.h"
 #include "model/Numbers.h"
 #include "spec/SpecFile.h"
+#include "system/PathText.h"
 #include "system/SafeFile.h"
 
 #include <memory>

@@ -4,8 +4,8 @@
 #include "cli/Images.h"
 #include "cli/Notes.h"
 #include "cli/Output.h"
-#include "cli/Paths.h"
 #include "cli/WrongUse.h"
+#include "system/PathText.h"
 #include "system/SafeFile.h"
 #include "system/Sha256.h"
 

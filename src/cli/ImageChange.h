@@ -6,7 +6,7 @@
 #include "cli/MapEdit.h"
 #include "cli/Notes.h"
 #include "cli/Output.h"
-#include "cli/Paths.h"
+#include "system/PathText.h"
 
 #include <functional>
 #include <string>

@@ -1,11 +1,11 @@
 #include "cli/Images.h"
 
 #include "cli/MapNames.h"
-#include "cli/Paths.h"
 #include "cli/WrongUse.h"
 #include "maps/WhyNoMap.h"
 #include "model/Numbers.h"
 #include "spec/IniFile.h"
+#include "system/PathText.h"
 #include "system/ReadFile.h"
 
 namespace {

@@ -1,9 +1,9 @@
 #include "cli/ManyImages.h"
 
-#include "cli/Paths.h"
 #include "cli/WrongUse.h"
 #include "model/ROMImage.h"
 #include "system/Files.h"
+#include "system/PathText.h"
 #include "system/PlainText.h"
 
 #include <algorithm>

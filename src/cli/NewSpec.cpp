@@ -1,8 +1,8 @@
 #include "cli/NewSpec.h"
 
-#include "cli/Paths.h"
 #include "model/Workspace.h"
 #include "spec/SpecFile.h"
+#include "system/PathText.h"
 
 void WriteNewSpec(const std::filesystem::path &file, const std::filesystem::path &image,
                   const TSpecPlaces &places) {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cli/Console.h"
-#include "cli/Paths.h"
+#include "system/PathText.h"
 
 #include <CLI/CLI.hpp>
 #include <cstdint>

@@ -15,6 +15,10 @@ enum class TReaders { ByMask, Owner };
 /// no new file, or no renaming over the target, but the target can be written, it is written in
 /// place; so is a device.
 ///
+/// On Windows a file that somebody has open without letting others write and replace it is an
+/// error; others who read it go on with the old contents, or the save is refused where the file
+/// system cannot do that.
+///
 /// The temporary file has a name that cannot be guessed and lets nobody read what the target does
 /// not. A save that is killed may leave it; the next save of this user in the folder removes it.
 ///

@@ -5,6 +5,6 @@
 #include <optional>
 
 /// The program's own folder among those that desktops set aside for state: below XDG_STATE_HOME
-/// when that is absolute, else below .local/state of the user's home. None for a user without a
-/// home. Makes nothing.
+/// when that is absolute, else below .local/state of the user's home; on Windows below
+/// LOCALAPPDATA. None for a user without a home. Makes nothing.
 std::optional<std::filesystem::path> StateFolder();

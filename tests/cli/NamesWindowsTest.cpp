@@ -19,13 +19,18 @@ protected:
         CopyFileW((folder / "32K.SPC").c_str(), Reached(spec).c_str(), FALSE);
     }
 
+    static std::string Contents(const fs::path &file) {
+        const std::vector<std::uint8_t> bytes = GetFile(Reached(file));
+        return {bytes.begin(), bytes.end()};
+    }
+
     /// Goes through the commands that read images and spec files, list folders and write files.
     void ReadChangeAndCompare(const fs::path &in, const std::u8string &name) {
         const std::string image = (in / fs::path(name + u8".BIN")).string();
         const std::string spec = (in / fs::path(name + u8".SPC")).string();
         const std::string out = (in / fs::path(name + u8".NEW")).string();
         const std::string patch = (in / fs::path(name + u8".PATCH")).string();
-        PutSamples(image, spec);
+        PutSamples(in / fs::path(name + u8".BIN"), in / fs::path(name + u8".SPC"));
         const std::string info = Done({"info", image});
         EXPECT_THAT(info, StartsWith(image + "\n  size     32768 bytes\n"));
         EXPECT_THAT(info, HasSubstr(fs::path(name).string() + ".SPC: 6 maps"));
@@ -33,6 +38,8 @@ protected:
         EXPECT_THAT(Run({"diff", image, out, "--spec", spec}).out,
                     StartsWith("here: " + out + "\nthere: " + image + "\nfuel-pt: 1 cell\n"));
         EXPECT_EQ(Run({"diff", image, out, "--format", "patch", "-o", patch}).exit, 1);
+        EXPECT_THAT(Contents(in / fs::path(name + u8".PATCH")),
+                    HasSubstr("\nname " + fs::path(name).string() + ".BIN\n"));
         EXPECT_EQ(Done({"patch", image, patch, "--in-place"}), "");
         EXPECT_EQ(Run({"diff", image, out}).exit, 0);
         EXPECT_THAT(

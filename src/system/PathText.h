@@ -1,4 +1,4 @@
-// File names between the command line, UTF-8, and the file system.
+// File names between the file system and UTF-8, in which the command line and patches have them.
 #pragma once
 
 #include <filesystem>
