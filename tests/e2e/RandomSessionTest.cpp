@@ -234,7 +234,8 @@ private:
 };
 
 /// What every system saves in all sittings: the digest of their digests.
-constexpr const char *savedEverywhere = "";
+constexpr const char *savedEverywhere =
+    "28cd84098604f7154edd55002e9a30437ddccb5427d7ec79dd442e8111f75c68";
 
 constexpr std::size_t sittings = 200;
 
