@@ -203,12 +203,29 @@ bool FolderRefuses(DWORD code) {
     return code == ERROR_ACCESS_DENIED || code == ERROR_WRITE_PROTECT;
 }
 
+/// Replaces anew for a while: another program may have the target open for a moment, and another
+/// save may take the new file for what a killed one left.
+void ReplacePatiently(const fs::path &target, const std::optional<TTarget> &old, TBytes bytes) {
+    constexpr int tries = 20;
+    constexpr DWORD pause = 10; // milliseconds
+    for (int tried = 1;; ++tried)
+        try {
+            return Replace(target, old, bytes);
+        } catch (const TSystemFailure &failure) {
+            const bool passes =
+                failure.code == ERROR_SHARING_VIOLATION || failure.code == ERROR_FILE_NOT_FOUND;
+            if (!passes || tried == tries)
+                throw;
+            Sleep(pause);
+        }
+}
+
 void Write(const fs::path &file, TBytes bytes) {
     const std::optional<TTarget> old = ExistingTarget(file);
     if (old && !old->regular)
         return WriteDevice(*old, bytes);
     try {
-        Replace(file, old, bytes);
+        ReplacePatiently(file, old, bytes);
     } catch (const TSystemFailure &failure) {
         if (!old || !FolderRefuses(failure.code))
             throw;
