@@ -1,5 +1,6 @@
 // A user with a decimal comma: what is shown has it, what is typed needs it, files do not change.
 #include "forms/Aligrid.h"
+#include "forms/Paths.h"
 #include "forms/TEmbedFm.h"
 #include "look/LookFixture.h"
 #include "spec/main.h"
@@ -81,8 +82,9 @@ TEST_F(TLocaleTest, TypedNumbersNeedTheComma) {
 
 TEST_F(TLocaleTest, FileNamesAreTheUsers) {
     const QString name = QString::fromUtf8("Größe Ω 32K.BIN");
-    PutFile(folder / name.toStdString(), GetFile(folder / "FERRO32K.BIN"));
-    dialogs.opens.push_back(QString::fromStdString((folder / name.toStdString()).string()));
+    const std::filesystem::path file = folder.Path() / ToPath(name);
+    PutFile(file, GetFile(folder / "FERRO32K.BIN"));
+    dialogs.opens.push_back(FromPath(file));
     Control<QAbstractButton>(0, "btnLoad").click();
     EXPECT_TRUE(window->windowTitle().endsWith(name)) << window->windowTitle().toStdString();
 }

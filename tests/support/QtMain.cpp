@@ -24,6 +24,10 @@ int main(int argc, char **argv) {
     testing::InitGoogleMock(&argc, argv);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    // Letters are as wide on every system; by themselves, some draw them out to whole pixels.
+    QFont font = QApplication::font();
+    font.setHintingPreference(QFont::PreferVerticalHinting);
+    QApplication::setFont(font);
     const QTemporaryDir own; // none of the user's settings and kept changes
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, own.path());
     SetVariable(stateVariable, own.path().toStdString());
