@@ -3,7 +3,7 @@
 # FERROLYN_OTHER_SYSTEMS matches the names of source files that are for another system.
 set(other_systems Linux Windows)
 list(REMOVE_ITEM other_systems ${CMAKE_SYSTEM_NAME})
-set(FERROLYN_OTHER_SYSTEMS "[A-Za-z](${other_systems})(Test)?\\.cpp$")
+set(FERROLYN_OTHER_SYSTEMS "[^/](${other_systems})(Test)?\\.cpp$")
 if(WIN32)
     set(FERROLYN_CORE_LIBRARIES bcrypt)
     set(FERROLYN_DESKTOP_LIBRARIES "")
