@@ -27,7 +27,8 @@ protected:
 
     std::vector<std::string> Names() const {
         std::vector<std::string> names;
-        for (const fs::directory_entry &entry : fs::directory_iterator(disk))
+        std::error_code missing;
+        for (const fs::directory_entry &entry : fs::directory_iterator(disk, missing))
             names.push_back(entry.path().filename().string());
         return names;
     }
