@@ -9,6 +9,9 @@ function(ferrolyn_settings target)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
         target_compile_options(${target} PRIVATE -Wno-restrict) # g++ 12 invents it for "text" + std::string when optimising
     endif()
+    if(WIN32)
+        target_compile_options(${target} PRIVATE -Wno-null-dereference -Wno-array-bounds) # and these inside other people's headers
+    endif()
     if(FERROLYN_WERROR)
         target_compile_options(${target} PRIVATE -Werror)
     endif()
@@ -54,10 +57,6 @@ function(ferrolyn_test name folder)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # Fixtures have no other linkage when several tests are compiled as one source.
         target_compile_options(${name} PRIVATE -Wno-subobject-linkage)
-    endif()
-    if(WIN32)
-        # As it optimises, g++ 12 invents these inside the standard library.
-        target_compile_options(${name} PRIVATE -Wno-null-dereference -Wno-array-bounds)
     endif()
     target_link_libraries(${name} PRIVATE ${arg_LIBS})
     if("test_support" IN_LIST arg_LIBS)
