@@ -1,6 +1,7 @@
 # What the program links of its system: FERROLYN_CORE_LIBRARIES for files, digests and the rest of src/system,
 # FERROLYN_DESKTOP_LIBRARIES for the desktop's windows. And the two libraries of the command line, which are headers alone.
-# FERROLYN_OTHER_SYSTEMS matches the names of source files that are for another system.
+# FERROLYN_OTHER_SYSTEMS matches the names of source files that are for another system; a suite of tests may take
+# FERROLYN_SUITE_SECONDS.
 set(other_systems Linux Windows)
 list(REMOVE_ITEM other_systems ${CMAKE_SYSTEM_NAME})
 set(FERROLYN_OTHER_SYSTEMS "[^/](${other_systems})(Test)?\\.cpp$")
@@ -21,6 +22,7 @@ if(WIN32)
     endforeach()
     # Built programs run under Wine, to which this machine's root is the drive Z.
     set(FERROLYN_ROOT Z:)
+    set(FERROLYN_SUITE_SECONDS 900)
     execute_process(COMMAND "${CMAKE_CXX_COMPILER}" -print-file-name=libstdc++-6.dll OUTPUT_VARIABLE library OUTPUT_STRIP_TRAILING_WHITESPACE)
     get_filename_component(FERROLYN_RUNTIME "${library}" DIRECTORY)
     set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_BINARY_DIR}/wine.sh")
@@ -29,6 +31,7 @@ else()
     find_package(PkgConfig REQUIRED)
     pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
     pkg_check_modules(NETTLE REQUIRED IMPORTED_TARGET nettle)
+    set(FERROLYN_SUITE_SECONDS 300)
     set(FERROLYN_CORE_LIBRARIES PkgConfig::NETTLE)
     set(FERROLYN_DESKTOP_LIBRARIES PkgConfig::XCB)
     find_package(CLI11 REQUIRED)

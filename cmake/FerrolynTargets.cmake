@@ -68,7 +68,7 @@ function(ferrolyn_test name folder)
     endif()
     add_custom_command(TARGET ${name} POST_BUILD BYPRODUCTS "${suites}"
         COMMAND ${CMAKE_COMMAND} -D "COMMAND=${CMAKE_CROSSCOMPILING_EMULATOR};$<TARGET_FILE:${name}>" -D NAME=${name} -D PREFIX=${folder}
-            -D FILE=${suites}
+            -D SECONDS=${FERROLYN_SUITE_SECONDS} -D FILE=${suites}
             -P "${CMAKE_SOURCE_DIR}/cmake/TestSuites.cmake"
         VERBATIM)
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${suites}")
