@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 void Replay(const fs::path &file) {
-    std::printf("%s\n", file.c_str());
+    std::printf("%s\n", file.string().c_str());
     std::fflush(stdout); // a finding must not take the file's name with it
     std::ifstream stream(file, std::ios::binary);
     const std::vector<char> bytes{std::istreambuf_iterator<char>(stream), {}};

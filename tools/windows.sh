@@ -68,7 +68,7 @@ make_packages() {
 
 # On a screen of its own, and with mounts of its own, for which a user without rights gets a name space.
 try() {
-    local own=(--mount)
+    local own=(--mount --propagation unchanged)
     [ "$(id -u)" -eq 0 ] || own+=(--map-root-user)
     WINEPREFIX=$top/build/windows/wine /usr/lib/wine/wineserver -w # one that the build has left has not these mounts
     SCREEN=2560x2048 unshare "${own[@]}" "$top/tools/xvfb.sh" "$top/tools/windows/try.sh"
