@@ -1,7 +1,7 @@
 // What Windows knows of files that other systems lack: holding them against others, attributes,
 // names of devices. Windows 10 replaces a file that somebody reads with sharing, Wine 8 refuses
 // (its server says "can't replace an opened file"); either must be whole. No access list is tried:
-// Wine keeps none, and stops an administrator by none. So the folder of the kernel's own settings
+// Wine keeps none, and stops an administrator by none. So the folder of the running processes
 // stands for one that takes no new file, and writing in place, which is for files in such a folder,
 // is tried on Linux alone.
 #include "support/Environment.h"
@@ -120,9 +120,9 @@ TEST(SafeFileTest, AHiddenFileStaysHidden) {
 }
 
 TEST(SafeFileTest, AFolderThatTakesNoNewFileIsNamed) {
-    const fs::path file = "Z:/sys/a.bin";
+    const fs::path file = "Z:/proc/a.bin";
     const std::string error = WriteError(file);
-    EXPECT_THAT(error, testing::StartsWith("Cannot write 'Z:/sys/a.bin': "));
+    EXPECT_THAT(error, testing::StartsWith("Cannot write 'Z:/proc/a.bin': "));
     EXPECT_EQ(ErrorOf([&] { CheckCanWrite(file); }), error);
 }
 
