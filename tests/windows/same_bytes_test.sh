@@ -64,7 +64,7 @@ work() {
     cd unknown
     run find ../FERRO64K.BIN --reasons --spec-out found.spc
     run move --from ../FERRO32K.BIN --spec ../FERRO32K.SPC --to ../FERRO64K.BIN -o moved.spc --unsure
-    run find .. --jobs 2 --format jsonl
+    run find ../FERRO32K.BIN ../FERRO64K.BIN --jobs 2 --format jsonl
 }
 
 mkdir "$scratch/linux" "$scratch/windows"
