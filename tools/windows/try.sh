@@ -26,7 +26,13 @@ step "running the tests"
 step "doing the same on both systems"
 "$top/tests/windows/same_bytes_test.sh" "$top/build/release/src/ferrolyn-cli" "$wine" "$windows/src/ferrolyn-cli.exe"
 
+# What the programs have kept is not to be seen in what follows.
+forget() {
+    rm -rf "$WINEPREFIX"/drive_c/users/*/AppData/{Local/ferrolyn,Roaming/Ferrolyn}
+}
+
 step "taking the tour in the real window"
+forget
 rm -rf "$pictures/tour"
 "$wine" "$windows/tools/tour/ferrolyn_tour.exe" "Z:$top/samples" "Z:$pictures/tour" -platform windows
 # What the pictures show is what those of the documents show. Fonts decide over sizes and over the buttons that scroll the tabs, the
@@ -41,6 +47,7 @@ diff <(seen "$top/docs/pictures/log.txt") <(seen "$pictures/tour/log.txt")
 take_pictures() {
     step "taking pictures of every page at $1 dots per inch"
     "$wine" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f >/dev/null
+    forget
     rm -rf "$2"
     mkdir "$2"
     "$wine" "$windows/tools/screens/ferrolyn_screens.exe" "Z:$top/samples" "Z:$2" -platform windows
@@ -49,4 +56,5 @@ take_pictures 192 "$pictures/scale200"
 take_pictures 96 "$pictures/scale100"
 
 step "trying the packages"
+forget
 "$top/tests/windows/package_test.sh" "$windows/packages" "$wine" "$pictures/start.png"
