@@ -153,6 +153,7 @@ TEST_F(TCliCheckTest, TellsProgramsInJson) {
 TEST_F(TCliCheckTest, NamesTheKindOfEachFindingInJson) {
     const auto kind = [&](const std::string &image, const std::string &spec) {
         const TCliResult result = Run({"check", image, "--spec", spec, "--format", "json"});
+        EXPECT_EQ(result.exit, 1) << result.out << result.err;
         const QJsonDocument json = QJsonDocument::fromJson(QByteArray::fromStdString(result.out));
         return json["findings"][0]["kind"].toString().toStdString();
     };

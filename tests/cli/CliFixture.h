@@ -27,6 +27,7 @@ inline TCliResult RunProgram(const std::vector<std::string> &arguments,
     process.setWorkingDirectory(QString::fromStdString(folder.string()));
     process.start(FERROLYN_CLI, words, QIODevice::ReadOnly);
     process.waitForFinished(-1);
+    EXPECT_EQ(process.error(), QProcess::UnknownError) << process.errorString().toStdString();
     TCliResult result;
     if (process.exitStatus() == QProcess::NormalExit)
         result.exit = process.exitCode();
