@@ -2,15 +2,11 @@
 #include "system/Refusal.h"
 #include "system/ReplaceFile.h"
 #include "system/TemporaryName.h"
-#include "system/Texts.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using TBytes = std::span<const std::uint8_t>;
-
-/// A failure that lost the old contents, while the new ones are not all there.
-struct TSpoilt : TSystemFailure {};
 
 /// Takes a step that may go wrong without the save going wrong; whether it went well.
 template <class TStep>
@@ -184,7 +180,7 @@ void WriteInPlace(const fs::path &target, TBytes bytes) {
         Overwrite(file, bytes);
     } catch (const TSystemFailure &failure) {
         if (!IfPossible([&] { Overwrite(file, *old); }))
-            throw TSpoilt{failure}; // the first reason is the one to tell
+            throw Spoilt(failure.Reason()); // the first reason is the one to tell
         throw;
     }
 }
@@ -208,28 +204,15 @@ void Write(const fs::path &target, TBytes bytes, TReaders readers) {
         WriteInPlace(target, bytes);
     }
 }
-
-/// Runs `write` on the file that a name stands for.
-template <class TWrite>
-void Writing(const fs::path &file, TWrite write) {
-    try {
-        write(Resolve(file));
-    } catch (const TSpoilt &failure) {
-        throw TRefusal{Filled(Translated("SafeFile", "%1; the old contents could not be put back"),
-                              {failure.Reason()})};
-    } catch (const TSystemFailure &failure) {
-        throw TRefusal{failure.Reason()};
-    }
-}
-
 } // namespace
 
 void ReplaceContents(const fs::path &file, TBytes bytes, TReaders readers) {
-    Writing(file, [&](const fs::path &target) { Write(target, bytes, readers); });
+    Asking<TSystemFailure>([&] { Write(Resolve(file), bytes, readers); });
 }
 
 void CheckReplacing(const fs::path &file) {
-    Writing(file, [](const fs::path &target) {
+    Asking<TSystemFailure>([&] {
+        const fs::path target = Resolve(file);
         if (!ExistingTarget(target))
             TTemporaryFile(FolderOf(target), 0600);
     });

@@ -3,7 +3,6 @@
 #include "system/Refusal.h"
 #include "system/ReplaceFile.h"
 #include "system/TemporaryName.h"
-#include "system/Texts.h"
 
 #include <aclapi.h>
 #include <cstring>
@@ -14,9 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using TBytes = std::span<const std::uint8_t>;
-
-/// A failure that lost the old contents, while the new ones are not all there.
-struct TSpoilt : TSystemFailure {};
 
 constexpr std::size_t longestPart = 255; ///< characters between two separators of a name
 
@@ -192,7 +188,7 @@ void WriteInPlace(const TTarget &target, TBytes bytes) {
         try {
             Overwrite(file.Handle(), old);
         } catch (const TSystemFailure &) {
-            throw TSpoilt{failure}; // the first reason is the one to tell
+            throw Spoilt(failure.Reason()); // the first reason is the one to tell
         }
         throw;
     }
@@ -232,28 +228,15 @@ void Write(const fs::path &file, TBytes bytes) {
         WriteInPlace(*old, bytes);
     }
 }
-
-/// Runs `write`, whose failures become refusals.
-template <class TWrite>
-void Writing(TWrite write) {
-    try {
-        write();
-    } catch (const TSpoilt &failure) {
-        throw TRefusal{Filled(Translated("SafeFile", "%1; the old contents could not be put back"),
-                              {failure.Reason()})};
-    } catch (const TSystemFailure &failure) {
-        throw TRefusal{failure.Reason()};
-    }
-}
 } // namespace
 
 // Who may read a new file follows from its folder: that of the program's state is the user's alone.
 void ReplaceContents(const fs::path &file, TBytes bytes, TReaders) {
-    Writing([&] { Write(file, bytes); });
+    Asking<TSystemFailure>([&] { Write(file, bytes); });
 }
 
 void CheckReplacing(const fs::path &file) {
-    Writing([&] {
+    Asking<TSystemFailure>([&] {
         if (!ExistingTarget(file))
             TTemporaryFile(fs::path(SystemName(file)).parent_path());
     });

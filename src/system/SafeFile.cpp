@@ -15,6 +15,10 @@ EFileError CannotWrite(const fs::path &file, const TRefusal &refusal) {
 }
 } // namespace
 
+TRefusal Spoilt(const std::string &reason) {
+    return {Filled(Translated("SafeFile", "%1; the old contents could not be put back"), {reason})};
+}
+
 void WriteFileSafely(const fs::path &file, std::span<const std::uint8_t> bytes, TReaders readers) {
     try {
         ReplaceContents(file, bytes, readers);
