@@ -6,6 +6,7 @@
 # Qt is built from its Debian source package once, which takes most of an hour, and kept in a cache beside the user's others;
 # FERROLYN_WINDOWS_CACHE names another folder. What of Qt is left out, and why, is in windows/qt.features.
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+. "$top/tools/windows/server.sh"
 
 cache=${FERROLYN_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/ferrolyn-windows}
 features=$top/tools/windows/qt.features
@@ -70,7 +71,7 @@ make_packages() {
 try() {
     local own=(--mount --propagation unchanged)
     [ "$(id -u)" -eq 0 ] || own+=(--map-root-user)
-    WINEPREFIX=$top/build/windows/wine /usr/lib/wine/wineserver -w # one that the build has left has not these mounts
+    end_wine # the one that has served the build lacks these mounts
     SCREEN=2560x2048 unshare "${own[@]}" "$top/tools/xvfb.sh" "$top/tools/windows/try.sh"
 }
 
@@ -84,6 +85,7 @@ esac
 "$top/tools/packages.sh" "${sections[@]}"
 export FERROLYN_HOST_CMAKE=/usr/lib/$(gcc -print-multiarch)/cmake
 provide_qt
+serve_wine # the build asks the test programs for their suites
 build windows
 [ "$what" = build ] || make_packages
 if [ "$what" = test ]; then

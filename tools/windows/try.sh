@@ -2,17 +2,13 @@
 # Tries under Wine what tools/windows.sh has built: every test, the worked examples in the real window, the packages. It wants a screen
 # and mounts of its own, which tools/windows.sh gives it.
 . "$(dirname "${BASH_SOURCE[0]}")/../lib.sh"
+. "$top/tools/windows/server.sh"
 
 windows=$top/build/windows
 wine=$windows/wine.sh
 pictures=$windows/pictures
 
-# One server for all programs, which ends with this script; else each program would start one anew. The system's own processes, which
-# come with the first program, must not keep the output of a test open.
-export WINEPREFIX=$windows/wine
-/usr/lib/wine/wineserver64 --persistent
-trap '/usr/lib/wine/wineserver64 --kill; finish' EXIT
-"$wine" cmd /c exit >/dev/null 2>&1
+serve_wine
 
 # A full disk for the tests of saving: 64 KiB.
 full=$windows/full
