@@ -1,7 +1,5 @@
-// Linux alone: differences of files as another program tells them, and patches that went through a
-// file.
+// Linux alone: differences of files as another program tells them.
 #include "changes/ByteRuns.h"
-#include "changes/Patch.h"
 #include "changes/RandomPairs.h"
 #include "support/TemporaryFolder.h"
 
@@ -47,25 +45,6 @@ TEST(ComparedFiles, DifferWhereCmpSaysSo) {
         PutFile(folder / "before", before);
         PutFile(folder / "after", after);
         ASSERT_EQ(Changes(before, after), ListedByCmp(folder)) << file;
-    }
-}
-
-TEST(ComparedFiles, BecomeAlikeByThePatchThatIsReadBack) {
-    constexpr int files = 20;
-    const TTemporaryFolder folder;
-    TRandomPairs pairs;
-    for (int file = 0; file < files; ++file) {
-        const auto [before, after] = Joined(pairs, 50);
-        const std::string written =
-            PatchText(MakePatch("A.BIN", std::string(64, '0'), before, after));
-        PutFile(folder / "patch", {written.begin(), written.end()});
-        const TBytes read = GetFile(folder / "patch");
-        TBytes image = before;
-        ApplyPatch(ParsePatch(std::string(read.begin(), read.end())), image);
-        PutFile(folder / "before", image);
-        PutFile(folder / "after", after);
-        ASSERT_TRUE(ListedByCmp(folder).empty()) << file;
-        ASSERT_EQ(image.size(), after.size()) << file;
     }
 }
 } // namespace
