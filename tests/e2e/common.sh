@@ -5,7 +5,7 @@ set -Eeuo pipefail
 
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 build=$(cd "$1" && pwd)
-program=$build/src/ferrolyn
+program=("$build/src/ferrolyn") # with what runs it, where that is needed
 ceiling=60 # seconds; a loaded machine under a sanitizer needs some
 scratch=$(mktemp -d)
 children=() # ids of what we started and have not yet waited for
@@ -44,7 +44,7 @@ eventually() {
 
 # Starts the program in samples/; its id is in $started.
 start() {
-    (cd "$top/samples" && exec "$program") &
+    (cd "$top/samples" && exec "${program[@]}") &
     started=$!
     children+=("$started")
 }

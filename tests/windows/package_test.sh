@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # The archive and the installer for Windows: what is in them, and that the programs run from there with nothing but what they bring.
 # On a screen of its own (tools/xvfb.sh).
-#   package_test.sh FOLDER_OF_THE_PACKAGES WINE PICTURE    what runs a program under Wine; where to put a picture of the window
+#   package_test.sh BUILD_FOLDER PICTURE    where the packages are; where to put a picture of the window
 set -Eeuo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 top=$(cd "$here/../.." && pwd)
-packages=$(cd "$1" && pwd)
-wine=$2
-picture=$3
+build=$(cd "$1" && pwd)
+packages=$build/packages
+wine=$build/wine.sh
+picture=$2
 most_bytes=$((12 * 1000 * 1000))
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -36,7 +37,7 @@ for program in ferrolyn ferrolyn-cli; do
     strings --encoding=l "$unpacked/$program.exe" | grep -qx "the Ferrolyn authors" || fail "$program.exe has no version"
 done
 "$wine" "$unpacked/ferrolyn-cli.exe" info "Z:$top/samples/FERRO32K.BIN" | grep -q "32768 bytes" || fail "ferrolyn-cli does not read a sample"
-"$here/start_test.sh" "$picture" "$wine" "$unpacked/ferrolyn.exe"
+"$here/start_test.sh" "$build" "$picture" "$wine" "$unpacked/ferrolyn.exe"
 
 # Without questions into another folder, and away again. The installer takes the folder's name as it stands, without quotes.
 installed=$scratch/Ferrolyn

@@ -53,4 +53,4 @@ take_pictures 96 "$pictures/scale100"
 
 step "trying the packages"
 forget
-"$top/tests/windows/package_test.sh" "$windows/packages" "$wine" "$pictures/start.png"
+"$top/tests/windows/package_test.sh" "$windows" "$pictures/start.png"
