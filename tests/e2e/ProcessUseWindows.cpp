@@ -1,14 +1,9 @@
 #include "ProcessUse.h"
+#include "support/ThreadsWindows.h"
 
 #include <array>
 #include <cstdint>
-
-// The others want the first one's types.
-// clang-format off
-#include <windows.h>
 #include <psapi.h>
-#include <tlhelp32.h>
-// clang-format on
 
 namespace {
 std::size_t UsedOf(HANDLE heap) {
@@ -45,19 +40,9 @@ int OpenFiles() {
         files += GetFileType(reinterpret_cast<HANDLE>(handle)) == FILE_TYPE_DISK;
     return files;
 }
-
-int Threads() {
-    int count = 0;
-    const HANDLE threads = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
-    THREADENTRY32 entry{};
-    entry.dwSize = sizeof entry;
-    for (BOOL more = Thread32First(threads, &entry); more; more = Thread32Next(threads, &entry))
-        count += entry.th32OwnerProcessID == GetCurrentProcessId();
-    CloseHandle(threads);
-    return count;
-}
 } // namespace
 
 TUse Use() {
-    return {UsedOfAllHeaps() / 1024, Resident() / 1024, OpenFiles(), Threads()};
+    return {UsedOfAllHeaps() / 1024, Resident() / 1024, OpenFiles(),
+            static_cast<int>(ThreadsOfThisProcess().size())};
 }

@@ -1,5 +1,6 @@
 #include "spec/ThdTimer.h"
 
+#include "start/IdleThreads.h"
 #include "start/WaitFor.h"
 #include "support/FakeDialogs.h"
 
@@ -176,6 +177,13 @@ TEST(ThreadedTimer, KeepsTickingAtEveryPriority) {
         EXPECT_EQ(timer.timer.Priority(), priority);
         EXPECT_TRUE(timer.WaitForTicks(2));
     }
+}
+
+TEST(ThreadedTimer, ThePriorityReachesTheThread) {
+    TThreadedTimer timer;
+    const auto before = IdleThreads();
+    timer.SetPriority(QThread::IdlePriority);
+    EXPECT_EQ(IdleThreads(), before + 1);
 }
 
 // Ends at hard moments. None of them may hang, wait for the interval, or touch freed memory.
