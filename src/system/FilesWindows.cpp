@@ -103,7 +103,11 @@ void MakeFolders(const fs::path &folder) {
         return;
     if (const fs::path above = folder.parent_path(); above != folder)
         MakeFolders(above);
-    Sure(CreateDirectoryW(folder.c_str(), nullptr));
+    if (CreateDirectoryW(folder.c_str(), nullptr))
+        return;
+    const DWORD code = GetLastError();
+    if (!IsFolder(folder)) // another program may just have made it
+        Fail(code);
 }
 } // namespace
 

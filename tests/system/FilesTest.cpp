@@ -3,6 +3,9 @@
 #include "support/TemporaryFolder.h"
 #include "system/FileErrors.h"
 
+#include <barrier>
+#include <thread>
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -111,6 +114,23 @@ TEST_F(TFilesTest, GetFoldersOfTheirOwn) {
     MakeOwnFolder(file, error);
     EXPECT_TRUE(error);
     EXPECT_EQ(GetFile(file), oldBytes);
+}
+
+TEST_F(TFilesTest, GetFoldersOfTheirOwnThatTwoMakeAtOnce) {
+    for (int round = 0; round < 300; ++round) {
+        const fs::path deep = folder / std::to_string(round) / "deep" / "own";
+        std::barrier start(2);
+        const auto make = [&](std::error_code &refusal) {
+            start.arrive_and_wait();
+            MakeOwnFolder(deep, refusal);
+        };
+        std::error_code others;
+        std::thread other(make, std::ref(others));
+        make(error);
+        other.join();
+        ASSERT_FALSE(error) << ReasonOf(error);
+        ASSERT_FALSE(others) << ReasonOf(others);
+    }
 }
 
 TEST_F(TFilesTest, AreRemovedOnce) {
