@@ -4,6 +4,9 @@
 
 #include "pages/ROMInfoFixture.h"
 
+#include <cstdint>
+#include <filesystem>
+
 class TROMInfoSaveTest : public TROMInfoTest {
 protected:
     void SetUp() override {
