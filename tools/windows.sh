@@ -3,7 +3,7 @@
 #   tools/windows.sh [build]    ferrolyn.exe and ferrolyn-cli.exe in build/windows/
 #   tools/windows.sh package    that, and the archive and the installer in build/windows/packages/
 #   tools/windows.sh test       all of that, and tries it under Wine: every test, the worked examples, the packages
-# Qt is built from its Debian source package once, which takes most of an hour, and kept in a cache beside the user's others;
+# Qt is built from its Debian source package once, which takes a quarter to half an hour, and kept in a cache beside the user's others;
 # FERROLYN_WINDOWS_CACHE names another folder. What of Qt is left out, and why, is in windows/qt.features.
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 . "$top/tools/windows/server.sh"

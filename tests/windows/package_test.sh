@@ -34,9 +34,9 @@ unpacked=$scratch/$(basename "${archive[0]}" .zip)
 check_tree "$unpacked"
 for program in ferrolyn ferrolyn-cli; do
     grep -qa PerMonitorV2 "$unpacked/$program.exe" || fail "$program.exe does not say what it knows of screens"
-    strings --encoding=l "$unpacked/$program.exe" | grep -qx "the Ferrolyn authors" || fail "$program.exe has no version"
+    [[ $(strings --encoding=l "$unpacked/$program.exe") == *"the Ferrolyn authors"* ]] || fail "$program.exe has no version"
 done
-"$wine" "$unpacked/ferrolyn-cli.exe" info "Z:$top/samples/FERRO32K.BIN" | grep -q "32768 bytes" || fail "ferrolyn-cli does not read a sample"
+[[ $("$wine" "$unpacked/ferrolyn-cli.exe" info "Z:$top/samples/FERRO32K.BIN") == *"32768 bytes"* ]] || fail "ferrolyn-cli does not read a sample"
 "$here/start_test.sh" "$build" "$picture" "$wine" "$unpacked/ferrolyn.exe"
 
 # Without questions into another folder, and away again. The installer takes the folder's name as it stands, without quotes.
