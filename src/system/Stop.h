@@ -1,6 +1,6 @@
 // Asking a thread to stop, and waking it where it waits. In place of std::stop_callback, and of
 // what the standard library builds on it: where that has no futex, as on Windows, a thread that
-// removes a callback while it runs may miss its end and wait forever.
+// removes a callback while it runs may miss its end and wait forever. So may one at a std::barrier.
 #pragma once
 
 #include <atomic>

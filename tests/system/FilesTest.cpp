@@ -3,7 +3,7 @@
 #include "support/TemporaryFolder.h"
 #include "system/FileErrors.h"
 
-#include <barrier>
+#include <atomic>
 #include <thread>
 
 #include <gmock/gmock.h>
@@ -119,9 +119,10 @@ TEST_F(TFilesTest, GetFoldersOfTheirOwn) {
 TEST_F(TFilesTest, GetFoldersOfTheirOwnThatTwoMakeAtOnce) {
     for (int round = 0; round < 300; ++round) {
         const fs::path deep = folder / std::to_string(round) / "deep" / "own";
-        std::barrier start(2);
+        std::atomic<int> ready = 0;
         const auto make = [&](std::error_code &refusal) {
-            start.arrive_and_wait();
+            for (++ready; ready < 2;)
+                std::this_thread::yield();
             MakeOwnFolder(deep, refusal);
         };
         std::error_code others;
