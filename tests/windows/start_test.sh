@@ -6,7 +6,7 @@ source "$(dirname "$0")/../e2e/common.sh"
 picture=$2
 program=("${@:3}")
 
-# The window manager does not know it here, only the screen.
+# The window manager does not know the splash here, only the screen does.
 shows_splash() {
     [[ $(xwininfo -root -tree) == *" 492x151+"* ]]
 }
